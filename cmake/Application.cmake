@@ -1,0 +1,38 @@
+# The platform, the application library and the three programs.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Svg Multimedia Network Concurrent)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
+pkg_check_modules(EVDEV REQUIRED IMPORTED_TARGET libevdev)
+
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+
+tessivo_sources(platform_sources platform/${TESSIVO_PLATFORM} platform/simulated)
+file(GLOB platform_common CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.cpp ${CMAKE_SOURCE_DIR}/platform/*.h)
+add_library(platform STATIC ${platform_sources} ${platform_common})
+target_link_libraries(platform PUBLIC kit Qt6::Core Qt6::Gui Qt6::Multimedia Qt6::Network
+    PRIVATE PkgConfig::PULSE PkgConfig::EVDEV)
+target_compile_definitions(platform PRIVATE
+    TESSIVO_FEED_URL="${TESSIVO_FEED_URL}" TESSIVO_RELEASES_URL="${TESSIVO_RELEASES_URL}")
+
+tessivo_sources(app_sources app)
+list(FILTER app_sources EXCLUDE REGEX "app/Tessivo(App|Demo)\\.cpp$")
+list(FILTER app_sources EXCLUDE REGEX "app/demo/")
+add_library(app STATIC ${app_sources} app/resources/tessivo.qrc)
+target_link_libraries(app PUBLIC platform Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::Concurrent)
+target_compile_definitions(app PRIVATE TESSIVO_HELP_URL="${TESSIVO_HELP_URL}")
+target_precompile_headers(app PRIVATE cmake/ApplicationPrecompiled.h)
+
+add_executable(tessivo app/TessivoApp.cpp)
+target_link_libraries(tessivo PRIVATE app)
+
+if(EXISTS ${CMAKE_SOURCE_DIR}/app/TessivoDemo.cpp)
+    tessivo_sources(demo_sources app/demo)
+    add_executable(tessivo-demo app/TessivoDemo.cpp ${demo_sources})
+    target_link_libraries(tessivo-demo PRIVATE app)
+    target_compile_definitions(tessivo-demo PRIVATE TESSIVO_MACHINES_BUILD="${CMAKE_SOURCE_DIR}/platform/simulated/machines")
+endif()
+
+tessivo_sources(probe_sources probe)
+add_executable(tessivo-probe ${probe_sources})
+target_link_libraries(tessivo-probe PRIVATE app)

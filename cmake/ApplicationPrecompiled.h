@@ -1,0 +1,6 @@
+#pragma once
+#include "cmake/KitPrecompiled.h"
+
+#include <QtCore/QtCore>
+#include <QtGui/QtGui>
+#include <QtWidgets/QtWidgets>

@@ -1,0 +1,11 @@
+# libFuzzer targets: one for each file of tests/fuzz.
+tessivo_sources(fuzz_sources tests/fuzz)
+list(FILTER fuzz_sources INCLUDE REGEX "\\.cpp$")
+foreach(source ${fuzz_sources})
+    get_filename_component(name ${source} NAME_WE)
+    add_executable(${name} ${source})
+    target_link_libraries(${name} PRIVATE kit)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+    add_test(NAME fuzz.${name} COMMAND ${name} -max_total_time=10 -timeout=10 -rss_limit_mb=2048)
+    set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz)
+endforeach()

@@ -1,0 +1,28 @@
+# Warnings, sanitizers and the one set of flags that every target shares.
+set(CMAKE_CXX_FLAGS_DEV "-O1 -g1")
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
+add_library(tessivo_settings INTERFACE)
+target_include_directories(tessivo_settings INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(tessivo_settings INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Wno-missing-field-initializers)
+if(TESSIVO_SANITIZE)
+    target_compile_options(tessivo_settings INTERFACE
+        -fsanitize=${TESSIVO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    target_link_options(tessivo_settings INTERFACE -fsanitize=${TESSIVO_SANITIZE})
+else()
+    target_link_options(tessivo_settings INTERFACE -fuse-ld=gold)
+endif()
+target_compile_definitions(tessivo_settings INTERFACE
+    TESSIVO_VERSION="${PROJECT_VERSION}"
+    TESSIVO_SUPPORT_HOST="${TESSIVO_SUPPORT_HOST}")
+
+# All .cpp and .h files below the given folders; a new file joins the build by itself.
+function(tessivo_sources out)
+    set(found)
+    foreach(folder ${ARGN})
+        file(GLOB_RECURSE files CONFIGURE_DEPENDS
+            ${CMAKE_SOURCE_DIR}/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/${folder}/*.h)
+        list(APPEND found ${files})
+    endforeach()
+    set(${out} ${found} PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,54 @@
+# One test program for each folder of tests/; its files are found, never listed.
+find_package(GTest REQUIRED)
+find_package(Qt6 REQUIRED COMPONENTS Test)
+include(GoogleTest)
+
+set(test_environment
+    "LC_ALL=en_US.UTF-8;TZ=America/Los_Angeles;QT_QPA_PLATFORM=offscreen;QT_QPA_PLATFORMTHEME=;ASAN_OPTIONS=detect_leaks=0;TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1")
+
+function(tessivo_test folder)
+    cmake_parse_arguments(arg "KIT_ONLY" "LABEL;SHARDS;TIMEOUT" "" ${ARGN})
+    tessivo_sources(sources tests/${folder})
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    if(NOT sources)
+        return()
+    endif()
+    add_executable(${folder}_tests ${sources})
+    target_compile_definitions(${folder}_tests PRIVATE
+        TESSIVO_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+        TESSIVO_MACHINES="${CMAKE_SOURCE_DIR}/platform/simulated/machines"
+        TESSIVO_SOURCE="${CMAKE_SOURCE_DIR}"
+        TESSIVO_BUILD="${CMAKE_BINARY_DIR}")
+    if(NOT arg_LABEL)
+        set(arg_LABEL ${folder})
+    endif()
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 300)
+    endif()
+    if(arg_KIT_ONLY)
+        target_link_libraries(${folder}_tests PRIVATE kit GTest::gmock GTest::gtest_main)
+        target_precompile_headers(${folder}_tests PRIVATE cmake/KitPrecompiled.h <gtest/gtest.h>)
+    else()
+        target_link_libraries(${folder}_tests PRIVATE app Qt6::Test GTest::gmock GTest::gtest)
+        target_precompile_headers(${folder}_tests PRIVATE cmake/ApplicationPrecompiled.h <gtest/gtest.h>)
+    endif()
+    # The whole program in a few shards: starting a window system for each case would cost more than the cases.
+    if(NOT arg_SHARDS)
+        set(arg_SHARDS 1)
+    endif()
+    math(EXPR last "${arg_SHARDS} - 1")
+    foreach(shard RANGE ${last})
+        add_test(NAME ${folder}.${shard} COMMAND ${folder}_tests)
+        set_tests_properties(${folder}.${shard} PROPERTIES
+            LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT}
+            ENVIRONMENT "${test_environment};GTEST_TOTAL_SHARDS=${arg_SHARDS};GTEST_SHARD_INDEX=${shard}")
+    endforeach()
+endfunction()
+
+tessivo_test(kit KIT_ONLY SHARDS 4)
+tessivo_test(faults KIT_ONLY TIMEOUT 600)
+tessivo_test(app LABEL pages SHARDS 4)
+tessivo_test(platform LABEL hardware)
+tessivo_test(window TIMEOUT 600)
+tessivo_test(sound TIMEOUT 600)
+tessivo_test(whole TIMEOUT 600)

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "kit/support/Describe.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tessivo {
+
+/// What the system's tool said of device management.
+struct EnrollmentStatus {
+    bool enrolledViaDEP = false;
+    bool mdmEnrolled = false;
+    std::string mdmDetail; ///< the value of the "MDM enrollment" line as printed
+
+    bool isManaged() const { return enrolledViaDEP || mdmEnrolled; }
+
+    /// Reads the tool's output; nothing unless both answers stand in it.
+    static std::optional<EnrollmentStatus> parse(std::string_view output);
+
+    bool operator==(const EnrollmentStatus&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(EnrollmentStatus, (), (enrolledViaDEP, mdmEnrolled, mdmDetail))
+
+/// What the person read off in System Information; no program can read it.
+enum class ActivationLockAnswer { unanswered, disabled, enabled };
+BOOST_DESCRIBE_ENUM(ActivationLockAnswer, unanswered, disabled, enabled)
+
+} // namespace tessivo

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "kit/support/Describe.h"
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tessivo {
+
+/// One network interface of the registry. Speed in bits per second.
+struct WiredInterface {
+    std::string bsdName;
+    bool builtIn = false;
+    std::string controllerClass;
+    std::string interfaceClass;
+    bool linkActive = false;
+    std::optional<std::uint64_t> linkSpeed;
+
+    bool isEthernet() const;
+    std::optional<std::string> speedText() const;
+
+    bool operator==(const WiredInterface&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(WiredInterface, (),
+                      (bsdName, builtIn, controllerClass, interfaceClass, linkActive, linkSpeed))
+
+namespace EthernetCheck {
+std::vector<WiredInterface> builtInPorts(const std::vector<WiredInterface>& interfaces);
+/// "100 Mb/s", "2.5 Gb/s"; nothing for no speed and for 0.
+std::optional<std::string> speedText(std::optional<std::uint64_t> speed);
+} // namespace EthernetCheck
+
+/// What the wired-port test has seen. `sawDown` isn't persisted.
+struct EthernetTest {
+    bool looked = false;
+    std::vector<std::string> ports;
+    std::optional<std::string> linkSeenOn;
+    std::optional<std::uint64_t> linkSpeed;
+    bool cameUpWhileTesting = false;
+    std::set<std::string> sawDown;
+
+    /// Takes one scan. A link once seen stays seen.
+    void record(const std::vector<WiredInterface>& interfaces);
+
+    bool operator==(const EthernetTest&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(EthernetTest, (), (looked, ports, linkSeenOn, linkSpeed, cameUpWhileTesting))
+
+} // namespace tessivo

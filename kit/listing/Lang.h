@@ -1,0 +1,49 @@
+#pragma once
+
+#include "kit/support/Date.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The language of the listing description: "en" or "es". Any thread.
+namespace tessivo::Lang {
+
+/// The language for a list of preferred ones: Spanish if the first begins with "es", else English.
+std::string fromPreferred(const std::vector<std::string>& preferred);
+
+/// The application's language, worked out once from the system's.
+const std::string& system();
+
+/// The running task's own language, if it has one. It belongs to the thread.
+std::optional<std::string> override();
+
+/// The override, else the system's language.
+std::string current();
+bool isSpanish();
+
+/// Runs the operation with the override set, whatever it returns or throws.
+class Scope {
+public:
+    explicit Scope(std::string code);
+    ~Scope();
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+private:
+    std::optional<std::string> m_before;
+};
+template <class Operation>
+auto with(std::string code, Operation&& operation) {
+    Scope scope(std::move(code));
+    return operation();
+}
+
+/// The operation as a task that carries the starter's override to whatever thread runs it.
+std::function<void()> carrying(std::function<void()> operation);
+
+/// The long date without a time in the language in force: "March 5, 2026", "5 de marzo de 2026".
+std::string dateText(Date date);
+
+} // namespace tessivo::Lang

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "kit/listing/ListingTemplate.h"
+#include "kit/support/Describe.h"
+
+namespace tessivo {
+
+/// One reason to throw a rewording away. `empty` and `tooLong` have no payload.
+struct GuardIssue {
+    enum class Case { missingFact, addedNumber, missingNumber, addedClaim, empty, tooLong };
+    BOOST_DESCRIBE_NESTED_ENUM(Case, missingFact, addedNumber, missingNumber, addedClaim, empty, tooLong)
+
+    Case kind{};
+    std::string payload;
+
+    /// What the seller reads, in the language in force.
+    std::string message() const;
+
+    bool operator==(const GuardIssue&) const = default;
+};
+
+/// Compares a rewording with the write-up it was made from. Pure, any thread.
+namespace WordingGuard {
+
+/// Every finding in the guard's order; empty if the text passes.
+std::vector<GuardIssue> check(const std::string& text, const ListingWriteUp& writeUp);
+
+/// The comparison form: lower case, straight quotes and dashes, no emphasis marks, single blanks.
+std::string normalized(const std::string& text);
+
+} // namespace WordingGuard
+} // namespace tessivo
