@@ -1,0 +1,56 @@
+#pragma once
+
+#include "kit/hardware/CaptureReadings.h"
+
+#include <QImage>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace tessivo {
+
+enum class MediaType { audio, video };
+enum class AuthorizationStatus { notDetermined, restricted, denied, authorized };
+
+/// One buffer of an audio capture, interleaved; valid for the call alone.
+struct AudioBuffer {
+    std::span<const float> samples;
+    int channelCount = 0;
+};
+
+/// Receives samples and frames on the session's own serial queue, off the main thread. Must not wait.
+class CaptureDelegate {
+public:
+    virtual ~CaptureDelegate() = default;
+    virtual void audio(const AudioBuffer&) {}
+    virtual void video(const QImage&) {}
+};
+
+/// One capture session on one device. Both calls may take long and are made on the capture queue, never
+/// on the main thread; after `stopRunning` has returned the delegate isn't called any more.
+class CaptureSession {
+public:
+    virtual ~CaptureSession() = default;
+    virtual void startRunning() = 0;
+    virtual void stopRunning() = 0;
+};
+
+/// Microphones and cameras. `devices` and `authorizationStatus` are short, on the main thread.
+class CaptureDevices {
+public:
+    virtual ~CaptureDevices() = default;
+
+    /// In the platform's order.
+    virtual std::vector<CaptureDevice> devices(MediaType type) const = 0;
+    virtual AuthorizationStatus authorizationStatus(MediaType type) const = 0;
+    /// Asks the person; the answer comes on the main thread.
+    virtual void requestAccess(MediaType type, std::function<void(bool)> answer) = 0;
+    /// A session on the device with the delegate set; null if the input or the output can't be made or
+    /// added. Doesn't open the device yet. Main thread.
+    virtual std::shared_ptr<CaptureSession> makeSession(MediaType type, const std::string& deviceID,
+                                                        std::shared_ptr<CaptureDelegate> delegate) = 0;
+};
+
+} // namespace tessivo

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "kit/listing/WordingPolish.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tessivo {
+
+/// The desktop around the window. Main thread.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    /// Opens a link in the default browser or the settings.
+    virtual void openURL(const std::string& url) = 0;
+    /// Clears the general pasteboard and puts plain text on it.
+    virtual void setPasteboardText(const std::string& text) = 0;
+};
+
+/// The update framework, as far as the wrapper needs it. Main thread.
+class UpdateFramework {
+public:
+    virtual ~UpdateFramework() = default;
+
+    virtual std::optional<std::string> feedURL() const = 0;
+    /// Hands over to the framework, which shows its own windows.
+    virtual void checkForUpdates() = 0;
+};
+
+/// The computer's own language model, where it has one.
+class WordingService {
+public:
+    virtual ~WordingService() = default;
+
+    virtual WordingAvailability availability() const = 0;
+    /// A fresh model for one rewording; its call runs off the main thread. Shared, since a rewording can
+    /// outlive the sheet that asked for it.
+    virtual std::shared_ptr<WordingModel> makeModel() = 0;
+};
+
+} // namespace tessivo
