@@ -1,0 +1,250 @@
+#include "app/model/AppModel.h"
+
+#include "app/model/Background.h"
+#include "app/readers/Readers.h"
+#include "kit/report/ReportAssembler.h"
+#include "kit/rules/Rules.h"
+#include "kit/support/Json.h"
+
+#include <system_error>
+
+namespace tessivo {
+
+namespace {
+
+constexpr auto saveDelay = std::chrono::seconds(1);
+const char* const sessionKey = "session";
+const char* const notesKey = "notes";
+
+/// The error's own words, without the file names and codes that std::system_error puts around them.
+std::string localizedDescription(const std::exception& error) {
+    if (auto* system = dynamic_cast<const std::system_error*>(&error)) return system->code().message();
+    return error.what();
+}
+
+} // namespace
+
+AppModel::AppModel(Platform& platform, QObject* parent) : QObject(parent), m_platform(platform) {
+    restoreOrBegin();
+    const auto folders = platform.folders().applicationSupport();
+    if (folders.empty()) throw std::runtime_error("there is no application support folder");
+    m_historyStore.folder = folders.front() / "History";
+    refreshHistory();
+}
+
+AppModel::~AppModel() = default;
+
+void AppModel::restoreOrBegin() {
+    MachineInfo machine = readMachineInfo(m_platform.machineFacts(), m_platform.registry());
+    if (const auto stored = m_platform.defaults().data(sessionKey)) {
+        try {
+            SessionState restored = SessionState::decode(*stored);
+            // A session never follows a disk or a backup to another Mac.
+            if (restored.machine.serial == machine.serial) {
+                restored.machine = std::move(machine);
+                m_state = std::move(restored);
+                m_notes = m_platform.defaults().text(notesKey).value_or("");
+                return;
+            }
+        } catch (const DecodingError&) {
+            // Stored data that isn't a session begins a new one; its bytes stay until the next save.
+        }
+    }
+    m_state = SessionState(std::move(machine), m_platform.scheduler().now());
+}
+
+void AppModel::setState(SessionState state) {
+    scheduleSave();
+    if (state == m_state) return;
+    m_state = std::move(state);
+    emit stateChanged();
+}
+
+void AppModel::change(const std::function<void(SessionState&)>& action) {
+    SessionState copy = m_state;
+    action(copy);
+    setState(std::move(copy));
+}
+
+void AppModel::setNotes(std::string notes) {
+    scheduleSave();
+    if (notes == m_notes) return;
+    m_notes = std::move(notes);
+    emit notesChanged();
+}
+
+void AppModel::setPage(std::optional<Page> page) {
+    if (page == m_page) return;
+    m_page = page;
+    emit pageChanged();
+}
+
+void AppModel::setShowWriteUp(bool show) {
+    if (show == m_showWriteUp) return;
+    m_showWriteUp = show;
+    emit showWriteUpChanged();
+}
+
+void AppModel::setMessage(std::optional<std::string> message) {
+    if (message == m_message) return;
+    m_message = std::move(message);
+    emit messageChanged();
+}
+
+void AppModel::setReading(bool reading) {
+    if (reading == m_reading) return;
+    m_reading = reading;
+    emit readingChanged();
+}
+
+std::vector<Page> AppModel::testPages(std::optional<MacKind> kind) {
+    std::vector<Page> pages;
+    for (Page page : allCases<Page>()) {
+        if (page == Page::overview || tests(page).empty()) continue;
+        if (page == Page::ethernet && kind == MacKind::laptop) continue;
+        pages.push_back(page);
+    }
+    return pages;
+}
+
+std::optional<TestStatus> AppModel::status(Page page) const {
+    std::vector<TestStatus> statuses;
+    for (TestID test : tests(page))
+        statuses.push_back(result(test).status);
+    if (statuses.empty()) return std::nullopt;
+    for (TestStatus first :
+         {TestStatus::problem, TestStatus::checkByHand, TestStatus::unfinished, TestStatus::notRun})
+        if (std::ranges::count(statuses, first) > 0) return first;
+    const bool left = std::ranges::all_of(statuses, [](auto s) { return s == TestStatus::notIncluded; });
+    return left ? TestStatus::notIncluded : TestStatus::works;
+}
+
+TestResult AppModel::result(TestID test) const {
+    return Rules::result(test, m_state);
+}
+
+std::int64_t AppModel::doneCount() const {
+    return std::ranges::count_if(Rules::results(m_state),
+                                 [](const TestResult& r) { return isDone(r.status); });
+}
+
+std::string AppModel::appVersion() {
+    return TESSIVO_VERSION;
+}
+
+void AppModel::readEnrollment() {
+    if (m_reading) return;
+    setReading(true);
+    SystemTools& tools = m_platform.systemTools();
+    m_enrollmentThread = Background::stoppable(
+        this, [&tools](std::stop_token stop) { return readEnrollmentStatus(tools, stop); },
+        [this](std::optional<EnrollmentStatus> status) {
+            change([&](SessionState& state) {
+                state.enrollment = std::move(status);
+                state.enrollmentChecked = true;
+            });
+            setReading(false);
+        });
+}
+
+void AppModel::readMachine() {
+    change([this](SessionState& state) {
+        state.machine = readMachineInfo(m_platform.machineFacts(), m_platform.registry());
+    });
+}
+
+void AppModel::readBattery() {
+    change([this](SessionState& state) {
+        state.battery = tessivo::readBattery(m_platform.registry(), m_platform.powerSources());
+    });
+}
+
+void AppModel::reset() {
+    setState(SessionState(readMachineInfo(m_platform.machineFacts(), m_platform.registry()),
+                          m_platform.scheduler().now()));
+    setNotes({});
+    setPage(Page::overview);
+    readBattery();
+    readEnrollment();
+}
+
+ConditionReport AppModel::makeReport() const {
+    return ReportAssembler::make(m_state, m_platform.scheduler().now(), appVersion(), m_notes);
+}
+
+void AppModel::setHandover(HandoverStep step, bool ticked) {
+    change([&](SessionState& state) {
+        HandoverChecklist checklist = state.handover.value_or(HandoverChecklist{});
+        if (ticked)
+            checklist.ticked.insert(step);
+        else
+            checklist.ticked.erase(step);
+        if (checklist.ticked.empty())
+            state.handover.reset();
+        else
+            state.handover = std::move(checklist);
+    });
+}
+
+bool AppModel::saveToHistory(const ConditionReport& report) {
+    try {
+        m_historyStore.save(report);
+    } catch (const std::exception& error) {
+        setMessage("Couldn't save to History: " + localizedDescription(error));
+        return false;
+    }
+    refreshHistory();
+    setMessage("Saved to History.");
+    return true;
+}
+
+void AppModel::addReportFiles(const std::vector<std::filesystem::path>& files) {
+    std::size_t added = 0;
+    for (const auto& file : files) {
+        try {
+            m_historyStore.importFile(file);
+            ++added;
+        } catch (const std::exception&) {
+            // Counted below as a file that isn't a report.
+        }
+    }
+    refreshHistory();
+    if (added == files.size())
+        setMessage("Added " + std::to_string(added) + " report" + (added == 1 ? "." : "s."));
+    else
+        setMessage("Added " + std::to_string(added) + " of " + std::to_string(files.size()) +
+                   ". The others aren't Tessivo report files.");
+}
+
+void AppModel::deleteFromHistory(const Uuid& id) {
+    try {
+        m_historyStore.remove(id);
+    } catch (const std::exception&) {
+        // A report listed through a file of another name stays; the fresh listing shows it.
+    }
+    refreshHistory();
+}
+
+void AppModel::refreshHistory() {
+    auto history = m_historyStore.list();
+    if (history == m_history) return;
+    m_history = std::move(history);
+    emit historyChanged();
+}
+
+void AppModel::scheduleSave() {
+    m_saveTask = m_platform.scheduler().after(saveDelay, [this] { persist(); });
+}
+
+void AppModel::persist() {
+    std::string session;
+    try {
+        session = m_state.encode();
+    } catch (const std::exception&) {
+        return;
+    }
+    m_platform.defaults().setData(sessionKey, session);
+    m_platform.defaults().setText(notesKey, m_notes);
+}
+
+} // namespace tessivo

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "app/model/Page.h"
+#include "kit/report/HistoryStore.h"
+#include "kit/session/SessionState.h"
+#include "platform/Platform.h"
+
+#include <QObject>
+#include <thread>
+
+namespace tessivo {
+
+/// The one observable object of the application: the session, the notes, the selected page and the small
+/// state that pages share. Its signals are sent only on a change; every write to the session or the notes,
+/// changed or not, puts off the save to one second after it. Main thread only.
+class AppModel final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Restores the stored session if it belongs to this Mac, else begins a new one. Throws
+    /// std::runtime_error where there is no application support folder. The platform outlives the model.
+    explicit AppModel(Platform& platform, QObject* parent = nullptr);
+    ~AppModel() override;
+
+    Platform& platform() const { return m_platform; }
+
+    const SessionState& state() const { return m_state; }
+    const std::string& notes() const { return m_notes; }
+    std::optional<Page> page() const { return m_page; }
+    bool showWriteUp() const { return m_showWriteUp; }
+    bool reading() const { return m_reading; } ///< an enrollment reading is under way
+    const std::vector<ConditionReport>& history() const { return m_history; }
+    const std::optional<std::string>& message() const { return m_message; }
+    const HistoryStore& historyStore() const { return m_historyStore; }
+
+    void setState(SessionState state);
+    /// A write to any field of the session: the action changes a copy, which becomes the session.
+    void change(const std::function<void(SessionState&)>& action);
+    void setNotes(std::string notes);
+    void setPage(std::optional<Page> page);
+    void setShowWriteUp(bool show);
+    void setMessage(std::optional<std::string> message);
+
+    /// The pages of the "Tests" section for a kind of Mac.
+    static std::vector<Page> testPages(std::optional<MacKind> kind);
+    /// The badge of a page; absent for a page without tests.
+    std::optional<TestStatus> status(Page page) const;
+    TestResult result(TestID test) const;
+    std::int64_t doneCount() const;
+    /// The application's version, as reports carry it.
+    static std::string appVersion();
+
+    /// Reads device management away from the main thread; nothing while a reading runs already.
+    void readEnrollment();
+    void readMachine();
+    void readBattery();
+    /// "Start Over": a new session, empty notes, the first page. History stays.
+    void reset();
+
+    ConditionReport makeReport() const;
+    void setHandover(HandoverStep step, bool ticked);
+    /// True on success; either way `message` tells.
+    bool saveToHistory(const ConditionReport& report);
+    void addReportFiles(const std::vector<std::filesystem::path>& files);
+    /// Drops any error in silence, then lists anew.
+    void deleteFromHistory(const Uuid& id);
+    void refreshHistory();
+
+    /// Stores the session and the notes at once.
+    void persist();
+
+signals:
+    void stateChanged();
+    void notesChanged();
+    void pageChanged();
+    void showWriteUpChanged();
+    void readingChanged();
+    void historyChanged();
+    void messageChanged();
+
+private:
+    void restoreOrBegin();
+    void scheduleSave();
+    void setReading(bool reading);
+
+    Platform& m_platform;
+    SessionState m_state;
+    std::string m_notes;
+    std::optional<Page> m_page = Page::overview;
+    bool m_showWriteUp = false;
+    bool m_reading = false;
+    std::vector<ConditionReport> m_history;
+    std::optional<std::string> m_message;
+    HistoryStore m_historyStore;
+    std::unique_ptr<Scheduled> m_saveTask;
+    std::jthread m_enrollmentThread;
+};
+
+} // namespace tessivo
