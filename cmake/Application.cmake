@@ -12,6 +12,7 @@ file(GLOB platform_common CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.cpp $
 add_library(platform STATIC ${platform_sources} ${platform_common})
 target_link_libraries(platform PUBLIC kit Qt6::Core Qt6::Gui Qt6::Multimedia Qt6::Network
     PRIVATE PkgConfig::PULSE PkgConfig::EVDEV)
+set_target_properties(platform PROPERTIES LINKER_LANGUAGE CXX)
 target_compile_definitions(platform PRIVATE
     TESSIVO_FEED_URL="${TESSIVO_FEED_URL}" TESSIVO_RELEASES_URL="${TESSIVO_RELEASES_URL}")
 
@@ -20,11 +21,14 @@ list(FILTER app_sources EXCLUDE REGEX "app/Tessivo(App|Demo)\\.cpp$")
 list(FILTER app_sources EXCLUDE REGEX "app/demo/")
 add_library(app STATIC ${app_sources} app/resources/tessivo.qrc)
 target_link_libraries(app PUBLIC platform Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::Concurrent)
+set_target_properties(app PROPERTIES LINKER_LANGUAGE CXX)
 target_compile_definitions(app PRIVATE TESSIVO_HELP_URL="${TESSIVO_HELP_URL}")
 target_precompile_headers(app PRIVATE cmake/ApplicationPrecompiled.h)
 
-add_executable(tessivo app/TessivoApp.cpp)
-target_link_libraries(tessivo PRIVATE app)
+if(EXISTS ${CMAKE_SOURCE_DIR}/app/TessivoApp.cpp)
+    add_executable(tessivo app/TessivoApp.cpp)
+    target_link_libraries(tessivo PRIVATE app)
+endif()
 
 if(EXISTS ${CMAKE_SOURCE_DIR}/app/TessivoDemo.cpp)
     tessivo_sources(demo_sources app/demo)
@@ -34,5 +38,7 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/app/TessivoDemo.cpp)
 endif()
 
 tessivo_sources(probe_sources probe)
-add_executable(tessivo-probe ${probe_sources})
-target_link_libraries(tessivo-probe PRIVATE app)
+if(probe_sources)
+    add_executable(tessivo-probe ${probe_sources})
+    target_link_libraries(tessivo-probe PRIVATE app)
+endif()
