@@ -9,6 +9,16 @@
 
 namespace tessivo {
 
+/// The properties of one audio device as the system gave them; what couldn't be read is absent.
+struct AudioOutputProperties {
+    std::optional<std::uint32_t> streamsSize;  ///< "stm#" of the output scope, in bytes
+    std::optional<std::uint32_t> transport;    ///< "tran", a four-letter code
+    std::optional<std::uint32_t> dataSource;   ///< "ssrc", a four-letter code
+    std::optional<std::uint32_t> jack;         ///< "jack"
+    std::optional<std::string> name;           ///< "lnam"
+    std::optional<std::string> dataSourceName; ///< "lscn" of the data source
+};
+
 /// One audio output device, as its properties tell.
 struct AudioOutputInfo {
     std::uint32_t id = 0;
@@ -17,6 +27,9 @@ struct AudioOutputInfo {
     std::optional<std::string> dataSource; ///< four-letter code, such as "hdpn"
     std::optional<std::string> dataSourceName;
     std::optional<bool> jackConnected;
+
+    /// Nothing for a device without output streams, such as a microphone.
+    static std::optional<AudioOutputInfo> make(std::uint32_t id, const AudioOutputProperties& properties);
 
     bool operator==(const AudioOutputInfo&) const = default;
 };

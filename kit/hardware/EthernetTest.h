@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kit/support/Describe.h"
+#include "kit/support/Property.h"
 
 #include <cstdint>
 #include <optional>
@@ -18,6 +19,11 @@ struct WiredInterface {
     std::string interfaceClass;
     bool linkActive = false;
     std::optional<std::uint64_t> linkSpeed;
+
+    /// An interface from its own properties and those of the controller above it; either map may be empty.
+    /// Nothing without a "BSD Name".
+    static std::optional<WiredInterface> make(const PropertyMap& properties, std::string interfaceClass,
+                                              const PropertyMap& controller, std::string controllerClass);
 
     bool isEthernet() const;
     std::optional<std::string> speedText() const;

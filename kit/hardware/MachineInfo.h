@@ -17,6 +17,9 @@ struct MachineInfo {
     std::string osVersion;
     std::optional<std::int64_t> storageBytes;
 
+    /// The model identifier of a machine whose own couldn't be read.
+    static constexpr const char* unknownModel = "Unknown";
+
     std::string displayName() const;
     const ModelSpec* spec() const; ///< the catalog's row, or null
     std::optional<Processor> processor() const;
@@ -28,5 +31,14 @@ struct MachineInfo {
     bool operator==(const MachineInfo&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(MachineInfo, (), (modelID, serial, chip, memoryBytes, osVersion, storageBytes))
+
+/// The text of a system value's bytes: up to the first zero byte, invalid UTF-8 replaced; nothing if that
+/// is empty.
+std::optional<std::string> sysctlText(const std::optional<std::string>& bytes);
+
+/// "macOS 15.3.1 (24D70)": the patch only from 1 upward, the build only where it was read. `title` stands
+/// in place of "macOS" and the numbers on a system that isn't macOS.
+std::string osVersionText(const std::optional<std::string>& title, std::int64_t major, std::int64_t minor,
+                          std::int64_t patch, const std::optional<std::string>& build);
 
 } // namespace tessivo

@@ -1,0 +1,61 @@
+#include "kit/hardware/USBDevice.h"
+
+namespace tessivo {
+namespace {
+
+constexpr std::int64_t appleVendorID = 1452;
+constexpr std::int64_t hubClass = 9;
+
+} // namespace
+
+USBDevice USBDevice::make(const PropertyMap& properties) {
+    USBDevice device;
+    const auto productName = text(properties, "USB Product Name");
+    device.name = productName ? *productName : text(properties, "kUSBProductString").value_or("USB device");
+    device.vendor = text(properties, "USB Vendor Name");
+    device.vendorID = integer(properties, "idVendor").value_or(0);
+    device.productID = integer(properties, "idProduct").value_or(0);
+    device.locationID = std::uint32_t(integer(properties, "locationID").value_or(0));
+    device.speed = integer(properties, "Device Speed");
+    device.deviceClass = integer(properties, "bDeviceClass");
+    return device;
+}
+
+std::string USBDevice::id() const {
+    return std::to_string(locationID) + "-" + std::to_string(vendorID) + "-" + std::to_string(productID);
+}
+
+bool USBDevice::isHub() const {
+    return deviceClass == hubClass;
+}
+
+bool USBDevice::isInternalHub() const {
+    return vendorID == appleVendorID && isHub();
+}
+
+std::optional<std::string> USBDevice::speedText() const {
+    if (!speed) return std::nullopt;
+    switch (*speed) {
+    case 0:
+        return "1.5 Mb/s (USB 1)";
+    case 1:
+        return "12 Mb/s (USB 1)";
+    case 2:
+        return "480 Mb/s (USB 2)";
+    case 3:
+        return "5 Gb/s (USB 3)";
+    case 4:
+        return "10 Gb/s (USB 3)";
+    case 5:
+        return "20 Gb/s (USB 3)";
+    default:
+        return std::nullopt;
+    }
+}
+
+std::string USBDevice::summary() const {
+    const auto speed = speedText();
+    return speed ? name + " · " + *speed : name;
+}
+
+} // namespace tessivo
