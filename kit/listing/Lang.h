@@ -13,6 +13,10 @@ namespace tessivo::Lang {
 /// The language for a list of preferred ones: Spanish if the first begins with "es", else English.
 std::string fromPreferred(const std::vector<std::string>& preferred);
 
+/// The preferred languages that an environment tells, the first before all others: the list in LANGUAGE,
+/// then the locale of LC_ALL, LC_MESSAGES or LANG. `variable` gives a variable's value, or null.
+std::vector<std::string> preferred(const std::function<const char*(const char*)>& variable);
+
 /// The application's language, worked out once from the system's.
 const std::string& system();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
@@ -13,6 +14,13 @@ std::string tr(const std::string& key, const std::vector<std::string>& arguments
 
 /// A language table from its JSON: an object of texts. Anything else gives an empty table.
 std::map<std::string, std::string> parseTable(std::string_view json);
+
+/// The table of the first of these files that exists. Empty without one, or when it can't be read.
+std::map<std::string, std::string> loadTable(const std::vector<std::filesystem::path>& files);
+
+/// Where the Spanish table may stand, in order: in the bundle folder beside the program, in that of an
+/// installed program's shared data, in the source tree.
+std::vector<std::filesystem::path> tableFiles();
 
 } // namespace tessivo::Strings
 

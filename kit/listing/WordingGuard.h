@@ -3,6 +3,8 @@
 #include "kit/listing/ListingTemplate.h"
 #include "kit/support/Describe.h"
 
+#include <compare>
+
 namespace tessivo {
 
 /// One reason to throw a rewording away. `empty` and `tooLong` have no payload.
@@ -16,7 +18,7 @@ struct GuardIssue {
     /// What the seller reads, in the language in force.
     std::string message() const;
 
-    bool operator==(const GuardIssue&) const = default;
+    auto operator<=>(const GuardIssue&) const = default;
 };
 
 /// Compares a rewording with the write-up it was made from. Pure, any thread.

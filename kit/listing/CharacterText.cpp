@@ -1,0 +1,92 @@
+#include "kit/listing/CharacterText.h"
+
+#include "kit/support/Text.h"
+
+#include <algorithm>
+#include <memory>
+#include <unicode/brkiter.h>
+#include <unicode/bytestream.h>
+#include <unicode/locid.h>
+#include <unicode/normalizer2.h>
+#include <unicode/utext.h>
+
+namespace tessivo {
+
+namespace {
+
+bool isASCII(char letter) {
+    return (letter & 0x80) == 0;
+}
+
+/// One byte sequence for all canonically equivalent texts.
+std::string canonical(std::string_view text) {
+    if (std::all_of(text.begin(), text.end(), isASCII)) return std::string(text);
+    const std::string valid = Text::repaired(text);
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
+    std::string composed;
+    if (U_SUCCESS(status)) {
+        icu::StringByteSink<std::string> sink(&composed, std::int32_t(valid.size()));
+        composer->normalizeUTF8(0, icu::StringPiece(valid.data(), std::int32_t(valid.size())), sink, nullptr,
+                                status);
+    }
+    if (U_FAILURE(status)) composed = valid;
+    // Lower-casing gives a sigma the form that its place in a word asks for, so a word that a rewording
+    // lengthens would differ from the same word alone.
+    return Text::replaced(composed, "ς", "σ");
+}
+
+icu::BreakIterator* characterIterator() {
+    static thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::unique_ptr<icu::BreakIterator>(
+            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    }();
+    return iterator.get();
+}
+
+} // namespace
+
+CharacterText::CharacterText(std::string_view text) : m_text(canonical(text)) {}
+
+bool CharacterText::contains(std::string_view phrase) const {
+    return find(canonical(phrase), 0).has_value();
+}
+
+bool CharacterText::containsWord(std::string_view phrase) const {
+    const std::string wanted = canonical(phrase);
+    const std::string_view text = m_text;
+    for (auto hit = find(wanted, 0); hit;
+         hit = find(wanted, *hit + std::max<std::size_t>(wanted.size(), 1))) {
+        if (!Text::endsWithLetterOrNumber(text.substr(0, *hit)) &&
+            !Text::beginsWithLetterOrNumber(text.substr(*hit + wanted.size())))
+            return true;
+    }
+    return false;
+}
+
+std::optional<std::size_t> CharacterText::find(std::string_view canonicalPhrase, std::size_t from) const {
+    for (std::size_t at; (at = m_text.find(canonicalPhrase, from)) != std::string::npos; from = at + 1)
+        if (isBoundary(at) && isBoundary(at + canonicalPhrase.size())) return at;
+    return std::nullopt;
+}
+
+bool CharacterText::isBoundary(std::size_t at) const {
+    if (at == 0 || at == m_text.size()) return true;
+    const char before = m_text[at - 1], after = m_text[at];
+    // A blank bounds even a phrase that begins with a combining mark: the mark would else belong to the
+    // blank, and the phrase couldn't be found in the very text it was taken from.
+    if (before == ' ' || after == ' ') return true;
+    if (isASCII(before) && isASCII(after)) return !(before == '\r' && after == '\n');
+    icu::BreakIterator* const iterator = characterIterator();
+    if (!iterator) return true;
+    UErrorCode status = U_ZERO_ERROR;
+    UText view = UTEXT_INITIALIZER;
+    utext_openUTF8(&view, m_text.data(), std::int64_t(m_text.size()), &status);
+    iterator->setText(&view, status);
+    const bool boundary = U_FAILURE(status) || iterator->isBoundary(std::int32_t(at));
+    utext_close(&view);
+    return boundary;
+}
+
+} // namespace tessivo

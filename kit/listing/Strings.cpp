@@ -1,0 +1,85 @@
+#include "kit/listing/Strings.h"
+
+#include "kit/listing/Lang.h"
+#include "kit/support/Files.h"
+
+#include <exception>
+#include <simdjson.h>
+
+namespace tessivo::Strings {
+
+namespace {
+
+constexpr std::uintmax_t largestTable = 1u << 20;
+constexpr const char* bundleName = "TessivoKit_TessivoKit.bundle";
+constexpr const char* tableName = "strings-es.json";
+
+const std::map<std::string, std::string>& table() {
+    static const std::map<std::string, std::string> spanish = loadTable(tableFiles());
+    return spanish;
+}
+
+/// Each "%@" of the format takes the next argument; one without an argument stays as it is.
+std::string filled(const std::string& format, const std::vector<std::string>& arguments) {
+    constexpr std::string_view placeholder = "%@";
+    std::string text;
+    std::size_t from = 0;
+    for (const std::string& argument : arguments) {
+        const std::size_t at = format.find(placeholder, from);
+        if (at == std::string::npos) break;
+        text.append(format, from, at - from).append(argument);
+        from = at + placeholder.size();
+    }
+    return text.append(format, from);
+}
+
+} // namespace
+
+std::vector<std::filesystem::path> tableFiles() {
+    std::vector<std::filesystem::path> files;
+    std::error_code ignored;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    if (!program.empty()) {
+        const auto folder = program.parent_path();
+        files.push_back(folder / bundleName / tableName);
+        files.push_back(folder.parent_path() / "share/tessivo" / bundleName / tableName);
+    }
+    files.push_back(std::filesystem::path(TESSIVO_RESOURCES_BUILD) / tableName);
+    return files;
+}
+
+std::map<std::string, std::string> loadTable(const std::vector<std::filesystem::path>& files) {
+    for (const auto& file : files) {
+        std::error_code ignored;
+        if (!std::filesystem::exists(file, ignored)) continue;
+        try {
+            return parseTable(Files::read(file, largestTable));
+        } catch (const std::exception&) {
+            return {}; // a broken translation never stops a listing from being written
+        }
+    }
+    return {};
+}
+
+std::map<std::string, std::string> parseTable(std::string_view json) {
+    simdjson::dom::parser parser;
+    simdjson::dom::object object;
+    if (parser.parse(json.data(), json.size()).get(object)) return {};
+    std::map<std::string, std::string> table;
+    for (const auto [key, value] : object) {
+        std::string_view text;
+        if (value.get(text)) return {};
+        table.insert_or_assign(std::string(key), std::string(text));
+    }
+    return table;
+}
+
+std::string tr(const std::string& key, const std::vector<std::string>& arguments) {
+    const std::string* text = &key;
+    if (Lang::isSpanish()) {
+        if (const auto found = table().find(key); found != table().end()) text = &found->second;
+    }
+    return arguments.empty() ? *text : filled(*text, arguments);
+}
+
+} // namespace tessivo::Strings
