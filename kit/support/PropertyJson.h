@@ -1,0 +1,19 @@
+#pragma once
+
+#include "kit/support/Json.h"
+#include "kit/support/Property.h"
+
+#include <string_view>
+
+namespace tessivo {
+
+/// A property map from the JSON object that holds it. null is an empty value; a whole number beyond 64
+/// signed bits becomes a double; of a key that stands twice the last one counts. Throws DecodingError for
+/// anything that isn't one JSON object.
+PropertyMap parsePropertyMap(std::string_view json);
+
+/// The map as pretty JSON with sorted keys, which reads back as an equal map. A double that isn't finite,
+/// for which JSON has no word, becomes null.
+std::string prettyText(const PropertyMap& map);
+
+} // namespace tessivo
