@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kit/report/ConditionReport.h"
+#include "kit/support/Files.h"
 
 #include <filesystem>
 #include <string_view>
@@ -20,8 +21,10 @@ struct HistoryStore {
         std::vector<ConditionReport> reports;
     };
 
-    /// Throws std::system_error in words when the folder or the file can't be written.
+    /// Throws std::system_error in words when the folder or the file can't be written or the file would be
+    /// larger than `largestFile`, and std::invalid_argument when `encode` does.
     void save(const ConditionReport& report) const;
+    void save(const ConditionReport& report, Files::Calls& calls) const;
     /// All reports that can be read, newest first. Never throws; a file that isn't a report is passed over.
     std::vector<ConditionReport> list() const;
     /// Throws std::system_error when there is no such file.
@@ -29,9 +32,11 @@ struct HistoryStore {
     /// Reads a report file from anywhere and saves it here. Throws what reading, decoding or saving throws.
     ConditionReport importFile(const std::filesystem::path& file) const;
 
-    /// The bytes of a report file, and back. `decode` throws DecodingError.
+    /// The bytes of a report file, and back. `decode` throws DecodingError; `encode` throws
+    /// std::invalid_argument for a date outside the years 0 to 9999, which no report file can hold.
     static std::string encode(const ConditionReport& report);
     static ConditionReport decode(std::string_view bytes);
+    /// Newest first; the machine tested last comes first.
     static std::vector<Group> grouped(std::vector<ConditionReport> reports);
 };
 
