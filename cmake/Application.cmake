@@ -10,6 +10,8 @@ set(CMAKE_AUTORCC ON)
 tessivo_sources(platform_sources platform/${TESSIVO_PLATFORM} platform/simulated)
 file(GLOB platform_common CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.cpp ${CMAKE_SOURCE_DIR}/platform/*.h)
 add_library(platform STATIC ${platform_sources} ${platform_common})
+# The kit has a field named `slots`.
+target_compile_definitions(platform PUBLIC QT_NO_KEYWORDS)
 target_link_libraries(platform PUBLIC kit Qt6::Core Qt6::Gui Qt6::Multimedia Qt6::Network
     PRIVATE PkgConfig::PULSE PkgConfig::EVDEV)
 set_target_properties(platform PROPERTIES LINKER_LANGUAGE CXX)

@@ -57,7 +57,7 @@ void AppModel::setState(SessionState state) {
     scheduleSave();
     if (state == m_state) return;
     m_state = std::move(state);
-    emit stateChanged();
+    Q_EMIT stateChanged();
 }
 
 void AppModel::change(const std::function<void(SessionState&)>& action) {
@@ -70,31 +70,31 @@ void AppModel::setNotes(std::string notes) {
     scheduleSave();
     if (notes == m_notes) return;
     m_notes = std::move(notes);
-    emit notesChanged();
+    Q_EMIT notesChanged();
 }
 
 void AppModel::setPage(std::optional<Page> page) {
     if (page == m_page) return;
     m_page = page;
-    emit pageChanged();
+    Q_EMIT pageChanged();
 }
 
 void AppModel::setShowWriteUp(bool show) {
     if (show == m_showWriteUp) return;
     m_showWriteUp = show;
-    emit showWriteUpChanged();
+    Q_EMIT showWriteUpChanged();
 }
 
 void AppModel::setMessage(std::optional<std::string> message) {
     if (message == m_message) return;
     m_message = std::move(message);
-    emit messageChanged();
+    Q_EMIT messageChanged();
 }
 
 void AppModel::setReading(bool reading) {
     if (reading == m_reading) return;
     m_reading = reading;
-    emit readingChanged();
+    Q_EMIT readingChanged();
 }
 
 std::vector<Page> AppModel::testPages(std::optional<MacKind> kind) {
@@ -229,7 +229,7 @@ void AppModel::refreshHistory() {
     auto history = m_historyStore.list();
     if (history == m_history) return;
     m_history = std::move(history);
-    emit historyChanged();
+    Q_EMIT historyChanged();
 }
 
 void AppModel::scheduleSave() {

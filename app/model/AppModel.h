@@ -69,7 +69,7 @@ public:
     /// Stores the session and the notes at once.
     void persist();
 
-signals:
+Q_SIGNALS:
     void stateChanged();
     void notesChanged();
     void pageChanged();

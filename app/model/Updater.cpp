@@ -79,14 +79,14 @@ void Updater::finish(Feed feed) {
         m_framework.checkForUpdates();
         break;
     case Feed::unpublished:
-        emit alert(
+        Q_EMIT alert(
             {tr("You’re up to date"),
              tr("%1 %2 is the newest version. %1 checks for updates on its own and will let you know when "
                 "there’s a new one.")
                  .arg(m_applicationName, m_version)});
         break;
     case Feed::failed:
-        emit alert(
+        Q_EMIT alert(
             {tr("Couldn’t check for updates"),
              tr("Check your internet connection and try again. %1 also checks on its own about once a day.")
                  .arg(m_applicationName)});

@@ -37,7 +37,7 @@ public:
     /// The meaning of an HTTP status; absent stands for a response that isn't HTTP.
     static Feed classify(std::optional<int> status);
 
-signals:
+Q_SIGNALS:
     /// The application is to come to the front and show an informational alert with one button, "OK".
     void alert(const tessivo::Updater::Alert& alert);
 
