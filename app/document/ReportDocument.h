@@ -1,0 +1,25 @@
+#pragma once
+
+#include "kit/report/ConditionReport.h"
+
+#include <QTextDocument>
+#include <memory>
+
+/// The report as styled text: one flow of paragraphs with colours, tab stops and the buyer's box.
+/// Everything in it is plain text; nothing is ever loaded from an address that stands in a report.
+namespace tessivo::ReportDocument {
+
+/// What a text may hold before the document shows its beginning alone, in UTF-16 units. The file and the
+/// copied text always hold the whole.
+inline constexpr int longestText = 50'000;
+
+/// The document laid out in points, `width` wide and as tall as it needs. A pure function of the report
+/// and the time zone (empty: the system's). Main thread, or any one thread with the application's fonts.
+std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
+                                    const std::string& timeZone = {});
+
+/// The same document on pages of this size, with these margins on all four sides, in points.
+std::unique_ptr<QTextDocument> paged(const ConditionReport& report, QSizeF paper, double margin,
+                                     const std::string& timeZone = {});
+
+} // namespace tessivo::ReportDocument

@@ -1,0 +1,74 @@
+#include "app/document/ReportFonts.h"
+
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QRawFont>
+#include <algorithm>
+
+namespace tessivo::ReportFonts {
+
+namespace {
+
+QString textFamily() {
+    static const QString family = [] {
+        for (const char* name : {"Inter", "DejaVu Sans"})
+            if (QFontDatabase::hasFamily(QString::fromLatin1(name))) return QString::fromLatin1(name);
+        return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+    }();
+    return family;
+}
+
+QFont make(const QString& family, double size, QFont::Weight weight) {
+    QFont font;
+    // A fallback that covers what the text face doesn't, before the system's own choice.
+    font.setFamilies({family, QStringLiteral("DejaVu Sans")});
+    font.setPointSizeF(size);
+    font.setWeight(weight);
+    // Hinted advances would make the lines break differently at each resolution.
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setKerning(true);
+    return font;
+}
+
+} // namespace
+
+QFont text(double size, QFont::Weight weight) {
+    return make(textFamily(), size, weight);
+}
+
+QFont italic(double size) {
+    QFont font = text(size);
+    const QStringList styles = QFontDatabase::styles(textFamily());
+    const bool hasItalic = std::ranges::any_of(
+        styles, [](const QString& style) { return QFontDatabase::italic(textFamily(), style); });
+    font.setItalic(hasItalic);
+    return font;
+}
+
+QFont monospaced(double size, QFont::Weight weight) {
+    const QString family = QFontDatabase::hasFamily(QStringLiteral("JetBrains Mono"))
+                               ? QStringLiteral("JetBrains Mono")
+                               : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    return make(family, size, weight);
+}
+
+QFont symbol(double size, QFont::Weight weight, char32_t glyph) {
+    for (const QString& family : {textFamily(), QStringLiteral("DejaVu Sans"), QStringLiteral("Symbola")}) {
+        QFont font = make(family, size, weight);
+        font.setFamilies({family});
+        if (QRawFont::fromFont(font).supportsCharacter(glyph)) return font;
+    }
+    return text(size, weight);
+}
+
+QFont fitted(QFont font, const QString& text) {
+    // Up to Latin Extended-B and the general punctuation nothing needs shaping but a combining mark.
+    const bool plain = std::ranges::all_of(text, [](QChar c) {
+        return c.unicode() < 0x0250 || (c.unicode() >= 0x2010 && c.unicode() <= 0x2027) ||
+               c.unicode() == 0x203A;
+    });
+    if (plain) font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferNoShaping | QFont::PreferAntialias));
+    return font;
+}
+
+} // namespace tessivo::ReportFonts

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+/// The faces of the printed report. Sizes in points. Needs a QGuiApplication; main thread.
+namespace tessivo::ReportFonts {
+
+QFont text(double size, QFont::Weight weight = QFont::Normal);
+/// The italic of the regular face, or the regular face where there is no italic.
+QFont italic(double size);
+QFont monospaced(double size, QFont::Weight weight);
+/// A face that has the glyph, near the text's own look.
+QFont symbol(double size, QFont::Weight weight, char32_t glyph);
+
+/// The font as it is to be set for this text. Plain Latin text goes unshaped, so that every character of
+/// it can be searched and copied in a PDF; scripts that need shaping get it.
+QFont fitted(QFont font, const QString& text);
+
+} // namespace tessivo::ReportFonts

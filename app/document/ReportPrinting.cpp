@@ -1,0 +1,58 @@
+#include "app/document/ReportPrinting.h"
+
+#include "app/document/ReportDocument.h"
+#include "kit/support/Files.h"
+
+#include <QBuffer>
+#include <QLocale>
+#include <QPdfWriter>
+#include <stdexcept>
+
+namespace tessivo::ReportPrinting {
+
+bool print(const ConditionReport& report, QPagedPaintDevice& device, const std::string& timeZone) {
+    // The document holds the margins itself, so that each page of it is one whole sheet.
+    QPageLayout layout = device.pageLayout();
+    layout.setMode(QPageLayout::FullPageMode);
+    layout.setMargins({});
+    if (!device.setPageLayout(layout)) return false;
+    const QSizeF paper = layout.fullRect(QPageLayout::Point).size();
+    if (paper.width() <= 2 * margin || paper.height() <= 2 * margin) return false;
+    ReportDocument::paged(report, paper, margin, timeZone)->print(&device);
+    return true;
+}
+
+std::string pdf(const ConditionReport& report, const QPageSize& paper, const std::string& timeZone) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        writer.setPageSize(paper);
+        writer.setTitle(QString::fromStdString(report.baseFileName()));
+        writer.setCreator(QStringLiteral("Tessivo"));
+        writer.setResolution(1200);
+        if (!print(report, writer, timeZone))
+            throw std::runtime_error("the report can't be drawn on this paper");
+    }
+    if (!bytes.startsWith("%PDF") || !bytes.trimmed().endsWith("%%EOF"))
+        throw std::runtime_error("the PDF came out unfinished");
+    return bytes.toStdString();
+}
+
+bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file,
+             const std::string& timeZone) {
+    try {
+        Files::writeAtomically(file, pdf(report, paper, timeZone));
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+QPageSize defaultPaper() {
+    return QPageSize(QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
+                                                                                        : QPageSize::A4);
+}
+
+} // namespace tessivo::ReportPrinting

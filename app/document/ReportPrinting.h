@@ -1,0 +1,29 @@
+#pragma once
+
+#include "kit/report/ConditionReport.h"
+
+#include <QPageLayout>
+#include <QPagedPaintDevice>
+#include <filesystem>
+
+/// Printing and saving as PDF: one operation with two outlets. Main thread.
+namespace tessivo::ReportPrinting {
+
+inline constexpr double margin = 50; ///< points, on all four sides
+
+/// Draws the whole report on the device, as many pages as it takes, on the paper the device is set to.
+/// False if the device can't be drawn on.
+bool print(const ConditionReport& report, QPagedPaintDevice& device, const std::string& timeZone = {});
+
+/// The finished PDF in memory: real text, embedded fonts, the document's title set, no links. Throws
+/// std::runtime_error if no whole PDF came out.
+std::string pdf(const ConditionReport& report, const QPageSize& paper, const std::string& timeZone = {});
+
+/// The PDF under this name, whole or not at all. False if it couldn't be made or written.
+bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file,
+             const std::string& timeZone = {});
+
+/// The paper of the user's place: US Letter or A4.
+QPageSize defaultPaper();
+
+} // namespace tessivo::ReportPrinting

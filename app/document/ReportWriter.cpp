@@ -1,0 +1,151 @@
+#include "app/document/ReportWriter.h"
+
+#include "app/document/ReportFonts.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QPdfWriter>
+#include <QTextTable>
+
+namespace tessivo {
+
+namespace {
+
+const QColor boxBackground = QColor::fromRgbF(0.92f, 0.97f, 0.94f);
+const QColor boxBorder = QColor::fromRgbF(0.55f, 0.78f, 0.64f);
+constexpr double boxPadding = 10;
+
+/// A device on which one unit is one point: what the document is measured for.
+class PointDevice final : public QPaintDevice {
+public:
+    QPaintEngine* paintEngine() const override { return nullptr; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override {
+        switch (metric) {
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return 72;
+        case PdmWidth:
+        case PdmHeight:
+            return 1 << 20;
+        case PdmDepth:
+            return 32;
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDevicePixelRatioScaled:
+            return int(devicePixelRatioFScale());
+        default:
+            return 0;
+        }
+    }
+};
+
+PointDevice& pointDevice() {
+    static PointDevice device;
+    return device;
+}
+
+} // namespace
+
+ReportWriter::ReportWriter(int longestRun)
+    : m_document(std::make_unique<QTextDocument>()), m_cursor(m_document.get()), m_longestRun(longestRun) {
+    m_document->setUndoRedoEnabled(false);
+    m_document->setDefaultFont(ReportFonts::text(10.5));
+    m_document->setUseDesignMetrics(true);
+    m_document->documentLayout()->setPaintDevice(&pointDevice());
+}
+
+void ReportWriter::paragraph(const Paragraph& style) {
+    QTextBlockFormat format;
+    // The layout keeps only the larger of two neighbouring margins; the sum is wanted.
+    format.setTopMargin(m_pendingSpace + style.before);
+    m_pendingSpace = style.after;
+    format.setLeftMargin(style.indent + style.hanging);
+    format.setTextIndent(-style.hanging);
+    format.setNonBreakableLines(style.hanging > 0);
+    if (style.keepWithNext) format.setPageBreakPolicy(QTextFormat::PageBreak_Auto);
+    QList<QTextOption::Tab> tabs;
+    for (double tab : style.tabs)
+        tabs.append(QTextOption::Tab(tab, QTextOption::LeftTab));
+    format.setTabPositions(tabs);
+    if (m_blockIsFresh)
+        m_cursor.setBlockFormat(format);
+    else
+        m_cursor.insertBlock(format);
+    m_blockIsFresh = false;
+}
+
+void ReportWriter::insert(const QString& text, const QFont& font, const QColor& color) {
+    QTextCharFormat format;
+    format.setFont(font);
+    format.setForeground(color);
+    m_cursor.insertText(text, format);
+}
+
+void ReportWriter::run(const std::string& text, const Run& style) {
+    QString shown = QString::fromStdString(text);
+    if (shown.size() > m_longestRun) {
+        shown.truncate(m_longestRun);
+        shown.append(QChar(0x2026));
+    }
+    // A line feed stays a line of the same paragraph; what else isn't text has no picture.
+    for (QChar& c : shown) {
+        if (c == u'\n' || c == QChar::ParagraphSeparator)
+            c = QChar::LineSeparator;
+        else if (c == QChar::ObjectReplacementCharacter ||
+                 (c.category() == QChar::Other_Control && c != u'\t'))
+            c = u' ';
+    }
+    QFont font;
+    switch (style.face) {
+    case Face::regular:
+        font = ReportFonts::text(style.size, style.weight);
+        break;
+    case Face::italic:
+        font = ReportFonts::italic(style.size);
+        break;
+    case Face::monospaced:
+        font = ReportFonts::monospaced(style.size, style.weight);
+        break;
+    }
+    insert(shown, ReportFonts::fitted(font, shown), style.color);
+}
+
+void ReportWriter::symbol(char32_t glyph, const Run& style) {
+    const QString text = QString::fromUcs4(&glyph, 1);
+    insert(text, ReportFonts::fitted(ReportFonts::symbol(style.size, style.weight, glyph), text),
+           style.color);
+}
+
+void ReportWriter::beginBox() {
+    QTextTableFormat format;
+    format.setBorder(1);
+    format.setBorderBrush(boxBorder);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderCollapse(true);
+    format.setBackground(boxBackground);
+    format.setCellPadding(boxPadding);
+    format.setCellSpacing(0);
+    format.setMargin(0);
+    format.setTopMargin(m_pendingSpace);
+    format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
+    QTextTable* table = m_cursor.insertTable(1, 1, format);
+    m_cursor = table->cellAt(0, 0).firstCursorPosition();
+    m_blockIsFresh = true;
+    m_pendingSpace = 0;
+}
+
+void ReportWriter::endBox() {
+    m_cursor.movePosition(QTextCursor::End);
+    m_blockIsFresh = true;
+    m_pendingSpace = 0;
+}
+
+std::unique_ptr<QTextDocument> ReportWriter::take() {
+    m_cursor = QTextCursor();
+    return std::move(m_document);
+}
+
+} // namespace tessivo

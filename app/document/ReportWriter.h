@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tessivo {
+
+/// Writes styled paragraphs into a text document whose unit is the point. Main thread.
+class ReportWriter final {
+public:
+    enum class Face { regular, italic, monospaced };
+
+    /// Distances in points. `indent` moves every line, `hanging` all lines but the first.
+    struct Paragraph {
+        double before = 0;
+        double after = 0;
+        std::vector<double> tabs;
+        double indent = 0;
+        double hanging = 0;
+        bool keepWithNext = false;
+    };
+    struct Run {
+        double size = 10.5;
+        QFont::Weight weight = QFont::Normal;
+        QColor color = Qt::black;
+        Face face = Face::regular;
+    };
+
+    /// A run longer than `longestRun` UTF-16 units is cut there with an ellipsis.
+    explicit ReportWriter(int longestRun);
+
+    void paragraph(const Paragraph& style);
+    void run(const std::string& text, const Run& style);
+    /// One glyph in a face that has it.
+    void symbol(char32_t glyph, const Run& style);
+    /// Paragraphs up to `endBox` stand in the buyer's box, full width.
+    void beginBox();
+    void endBox();
+    std::unique_ptr<QTextDocument> take();
+
+private:
+    void insert(const QString& text, const QFont& font, const QColor& color);
+
+    std::unique_ptr<QTextDocument> m_document;
+    QTextCursor m_cursor;
+    int m_longestRun;
+    double m_pendingSpace = 0; ///< the last paragraph's space after, which adds to the next one's before
+    bool m_blockIsFresh = true;
+};
+
+} // namespace tessivo
