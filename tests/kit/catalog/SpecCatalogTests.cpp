@@ -1,0 +1,129 @@
+#include "kit/catalog/StorageCheck.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+
+namespace tessivo {
+namespace {
+
+TEST(SpecCatalog, isWhole) {
+    const std::vector<ModelSpec>& models = SpecCatalog::models();
+    ASSERT_EQ(models.size(), 49u);
+    std::map<MacKind, int> kinds;
+    std::map<Processor, int> processors;
+    std::set<std::string> ids, names, sources;
+    std::size_t idCount = 0;
+    std::string fusion, replaceable;
+    for (std::size_t index = 0; index < models.size(); ++index) {
+        const ModelSpec& row = models[index];
+        SCOPED_TRACE(row.name);
+        ++kinds[row.kind];
+        ++processors[row.processor];
+        idCount += row.ids.size();
+        ids.insert(row.ids.begin(), row.ids.end());
+        names.insert(row.name);
+        sources.insert(row.sources.begin(), row.sources.end());
+        if (!row.fusion.empty()) fusion += row.ids.front() + " ";
+        if (row.replaceableStorage) replaceable += row.ids.front() + " ";
+
+        EXPECT_EQ(row.processor == Processor::appleSilicon, index < 34);
+        EXPECT_EQ(row.processor == Processor::appleSilicon, row.sources.empty());
+        EXPECT_FALSE(row.ids.empty());
+        EXPECT_FALSE(row.storage.empty());
+        EXPECT_TRUE(std::ranges::is_sorted(row.storage));
+        EXPECT_TRUE(std::ranges::includes(row.storage, row.fusion));
+        EXPECT_TRUE(std::ranges::includes(StorageCheck::standardSizes(), row.storage));
+        for (const std::string& id : row.ids)
+            EXPECT_EQ(SpecCatalog::spec(id), &row);
+    }
+    EXPECT_EQ(kinds, (std::map<MacKind, int>{
+                         {MacKind::laptop, 28}, {MacKind::allInOne, 7}, {MacKind::desktop, 14}}));
+    EXPECT_EQ(processors,
+              (std::map<Processor, int>{
+                  {Processor::appleSilicon, 34}, {Processor::intelT2, 13}, {Processor::intel, 2}}));
+    EXPECT_EQ(idCount, 65u);
+    EXPECT_EQ(ids.size(), 65u);
+    EXPECT_EQ(SpecCatalog::byID().size(), 65u);
+    EXPECT_EQ(names.size(), 49u);
+    EXPECT_EQ(sources.size(), 18u);
+    EXPECT_EQ(fusion, "iMac19,2 iMac19,1 ");
+    EXPECT_EQ(replaceable, "iMac19,2 iMac19,1 MacPro7,1 ");
+}
+
+TEST(SpecCatalog, keepsTheIrregularRows) {
+    struct Row {
+        const char* modelID;
+        std::vector<std::int64_t> storage;
+        std::vector<std::int64_t> fusion;
+    };
+    const std::vector<Row> rows = {{"MacBookAir8,1", {128, 256, 512, 1536}, {}},
+                                   {"iMac19,2", {256, 1024}, {1024}},
+                                   {"iMac19,1", {256, 512, 1024, 2048, 3072}, {1024, 2048, 3072}},
+                                   {"Mac15,3", {512, 1024, 2048}, {}},
+                                   {"Mac16,1", {512, 1024, 2048}, {}},
+                                   {"Mac15,14", {1024, 2048, 4096, 8192, 16384}, {}}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.modelID);
+        const ModelSpec* spec = SpecCatalog::spec(row.modelID);
+        ASSERT_NE(spec, nullptr);
+        EXPECT_EQ(spec->storage, row.storage);
+        EXPECT_EQ(spec->fusion, row.fusion);
+    }
+    EXPECT_EQ(SpecCatalog::spec("Mac14,9"), SpecCatalog::spec("Mac14,5"));
+    EXPECT_EQ(SpecCatalog::spec("MacBookPro15,1")->sources,
+              (std::vector<std::string>{TESSIVO_SUPPORT_HOST "/en-us/111949",
+                                        TESSIVO_SUPPORT_HOST "/en-us/111941"}));
+}
+
+TEST(SpecCatalog, theKindComesFromTheRowOrThePrefix) {
+    struct Row {
+        const char* modelID;
+        std::optional<MacKind> kind;
+        const char* name;
+    };
+    for (const Row& row :
+         {Row{"Mac14,3", MacKind::desktop, "Mac mini (M2, 2023)"},
+          Row{"iMacPro1,1", MacKind::allInOne, "iMac Pro (2017)"},
+          Row{"iMacPro9,9", MacKind::allInOne, "iMacPro9,9"},
+          Row{"MacBookPro99,1", MacKind::laptop, "MacBookPro99,1"},
+          Row{"Macmini99,1", MacKind::desktop, "Macmini99,1"},
+          Row{"MacPro99,1", MacKind::desktop, "MacPro99,1"}, Row{"Mac17,1", std::nullopt, "Mac17,1"},
+          Row{"macbookpro18,1", std::nullopt, "macbookpro18,1"}, Row{"Mac14,22", std::nullopt, "Mac14,22"},
+          Row{"", std::nullopt, ""}}) {
+        SCOPED_TRACE(row.modelID);
+        EXPECT_EQ(SpecCatalog::kind(row.modelID), row.kind);
+        EXPECT_EQ(SpecCatalog::displayName(row.modelID), row.name);
+    }
+}
+
+TEST(StorageCheck, findsTheSizeOfAByteCount) {
+    struct Row {
+        double gigabytes;
+        const char* modelID;
+        std::optional<std::int64_t> size;
+    };
+    constexpr std::nullopt_t none = std::nullopt;
+    // The Fusion stage counts only on a row with that size, and only above the size's own range.
+    const std::vector<Row> rows = {
+        {57.6, "", 64},           {57.5, "", none},           {245, "", 256},
+        {263.68, "", 256},        {263.7, "", none},          {300, "", none},
+        {512, "", 512},           {899.9, "", none},          {900, "", 1024},
+        {1030, "", 1024},         {1030.1, "", none},         {1500, "", 1536},
+        {1800, "", 2048},         {16480, "", 16384},         {17000, "", none},
+        {0, "iMac19,2", none},    {-500, "iMac19,2", none},   {1100, "iMac19,2", 1024},
+        {1160, "iMac19,2", 1024}, {1160.1, "iMac19,2", none}, {1100, "Mac14,2", none},
+        {1100, "", none},         {2100, "iMac19,2", none},   {2100, "iMac19,1", 2048},
+        {3200, "iMac19,1", 3072}, {3300, "iMac19,1", none}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::to_string(row.gigabytes) + " " + row.modelID);
+        const auto bytes = static_cast<std::int64_t>(std::llround(row.gigabytes * 1e9));
+        EXPECT_EQ(StorageCheck::nearest(bytes, SpecCatalog::spec(row.modelID)), row.size);
+    }
+}
+
+} // namespace
+} // namespace tessivo

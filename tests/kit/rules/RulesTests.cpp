@@ -1,0 +1,140 @@
+#include "kit/rules/Rules.h"
+#include "tests/kit/rules/Printed.h"
+
+#include <gtest/gtest.h>
+
+namespace tessivo {
+namespace {
+
+SessionState newSession(const char* modelID) {
+    MachineInfo machine;
+    machine.modelID = modelID;
+    return SessionState(machine, Date{});
+}
+
+TEST(Rules, onlyALaptopHasNoEthernetTest) {
+    struct Row {
+        const char* modelID;
+        std::size_t tests;
+    };
+    for (const Row& row : {Row{"Mac14,2", 13}, Row{"MacBookPro99,1", 13}, Row{"Macmini8,1", 14},
+                           Row{"iMac19,1", 14}, Row{"Mac17,1", 14}, Row{"Unknown", 14}}) {
+        SCOPED_TRACE(row.modelID);
+        const SessionState state = newSession(row.modelID);
+        const auto all = allCases<TestID>();
+        std::vector<TestID> expected(all.begin(), all.end());
+        if (row.tests == 13) std::erase(expected, TestID::ethernet);
+        EXPECT_EQ(state.tests(), expected);
+
+        std::vector<TestID> judged;
+        for (const TestResult& result : Rules::results(state))
+            judged.push_back(result.test);
+        EXPECT_EQ(judged, expected);
+    }
+}
+
+TEST(Rules, answersForEveryTestOfANewSession) {
+    const SessionState state = newSession("Mac14,2");
+    for (const TestID test : allCases<TestID>()) {
+        SCOPED_TRACE(title(test));
+        const TestResult result = Rules::result(test, state);
+        EXPECT_EQ(result.test, test);
+        EXPECT_FALSE(result.summary.empty());
+        EXPECT_EQ(result.note, std::nullopt);
+        const bool hasVerdictAtOnce =
+            test == TestID::identity || test == TestID::activationLock || test == TestID::storage;
+        EXPECT_EQ(result.status, hasVerdictAtOnce ? TestStatus::checkByHand : TestStatus::notRun);
+    }
+}
+
+TEST(Rules, readEachTestFromItsOwnFields) {
+    SessionState state = newSession("Mac17,1");
+    state.machine.serial = "C02XX";
+    state.machine.storageBytes = 494'384'795'648;
+    state.listedStorageGB = 512;
+    state.enrollmentChecked = true;
+    state.enrollment = EnrollmentStatus{false, true, "Yes"};
+    state.activationLock = ActivationLockAnswer::enabled;
+    state.keyboard.press(0);
+    state.trackpad.clicked = true;
+    state.display.answer = ManualAnswer::problem;
+    state.speakers.right = ManualAnswer::problem;
+    state.headphones = HeadphoneTest{true, {}, ManualAnswer::works, ManualAnswer::works};
+    state.microphonesListed = state.camerasListed = true;
+    state.ports.slots[1].answer = ManualAnswer::problem;
+    state.ethernet = EthernetTest{true, {"en0"}, "en0", {}, false, {}};
+    state.battery = BatteryReading{};
+    const std::vector<std::string> expected = {
+        "works: Mac17,1, serial C02XX",
+        "problem: Enrolled in device management. An organization can control this Mac; ask the seller to "
+        "have it "
+        "released.",
+        "problem: System Information showed Enabled",
+        "unfinished: 1 of 77 keys; 3 checks by hand left",
+        "unfinished: Still to do: whole surface, secondary click, two-finger scroll",
+        "problem: Dead or stuck pixels seen",
+        "problem: No clean sound: right speaker",
+        "works: Headphones detected in the jack; left and right tones heard clearly",
+        "checkByHand: No microphone found. Check whether this model has one.",
+        "checkByHand: No camera found. Check whether this model has one.",
+        "problem: Nothing showed up on Port 2",
+        "works: A wired link came up",
+        "works: 512 GB drive, as listed",
+        "checkByHand: No battery found. Check whether this model has one.",
+    };
+    std::vector<std::string> read;
+    for (TestResult result : Rules::results(state)) {
+        result.details.clear();
+        read.push_back(printed(result));
+    }
+    EXPECT_EQ(read, expected);
+
+    state.microphoneDenied = state.cameraDenied = true;
+    EXPECT_EQ(Rules::result(TestID::microphones, state).summary, "Microphone access is off");
+    EXPECT_EQ(Rules::result(TestID::cameras, state).summary, "Camera access is off");
+}
+
+TEST(Rules, anOverrideNeverMakesATestBetter) {
+    struct Row {
+        std::optional<UserOverride> override;
+        std::string onWorks;
+        std::string onProblem;
+    };
+    const std::string works = "works: Fine | A detail";
+    const std::string problem = "problem: Broken | A detail";
+    const std::string left = "notIncluded: Not part of this sale";
+    const std::vector<Row> rows = {
+        {std::nullopt, works, problem},
+        {UserOverride{false, std::nullopt}, works, problem},
+        {UserOverride{false, ""}, works, problem},
+        {UserOverride{false, " \t\r\n\u2028\u00A0"}, works, problem},
+        {UserOverride{true, std::nullopt}, left, left},
+        {UserOverride{true, "Scratched"}, left, left},
+        {UserOverride{false, "\n  Sticky  key \u00A0\n"},
+         "problem: Problem noted by the person testing | The test itself: Fine | A detail | note: Sticky  "
+         "key",
+         "problem: Broken | A detail | note: Sticky  key"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(printed(Rules::apply(row.override,
+                                       {TestID::cameras, TestStatus::works, "Fine", {"A detail"}, {}})),
+                  row.onWorks);
+        EXPECT_EQ(printed(Rules::apply(row.override,
+                                       {TestID::cameras, TestStatus::problem, "Broken", {"A detail"}, {}})),
+                  row.onProblem);
+    }
+}
+
+TEST(Rules, anOverrideCountsForItsOwnTestAlone) {
+    SessionState state = newSession("Mac14,2");
+    state.activationLock = ActivationLockAnswer::enabled;
+    state.overrides[TestID::activationLock] = {true, {}};
+    state.overrides[TestID::identity] = {false, "Engraved lid"};
+    EXPECT_EQ(printed(Rules::result(TestID::activationLock, state)), "notIncluded: Not part of this sale");
+    EXPECT_EQ(Rules::result(TestID::identity, state).note, "Engraved lid");
+    EXPECT_EQ(Rules::result(TestID::identity, state).test, TestID::identity);
+    EXPECT_EQ(Rules::result(TestID::display, state).status, TestStatus::notRun);
+}
+
+} // namespace
+} // namespace tessivo
