@@ -1,0 +1,110 @@
+#include "kit/hardware/BatteryReading.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace tessivo {
+namespace {
+
+using Source = BatteryReading::Source;
+
+const PropertyMap internalBattery{{"Type", "InternalBattery"}, {"BatteryHealth", "Good"}};
+const PropertyMap ups{{"Type", "UPS"}, {"BatteryHealth", "Good"}};
+
+BatteryReading installed(PropertyMap figures) {
+    figures.emplace("BatteryInstalled", true);
+    return BatteryReading::make(&figures, nullptr);
+}
+
+TEST(BatteryReading, choosesItsSource) {
+    const PropertyMap number{{"BatteryInstalled", 1}, {"CycleCount", 9}};
+    const PropertyMap zero{{"BatteryInstalled", 0}, {"CycleCount", 9}};
+    const PropertyMap off{{"BatteryInstalled", false}, {"CycleCount", 9}};
+    const PropertyMap silent{{"CycleCount", 9}};
+    const PropertyMap absent{{"Type", "InternalBattery"}, {"Is Present", false}};
+    struct Row {
+        const PropertyMap* registry;
+        const PropertyMap* powerSource;
+        bool present;
+        Source source;
+    };
+    const Row rows[] = {
+        {&number, nullptr, true, Source::registry},
+        {&number, &internalBattery, true, Source::registry},
+        {&zero, &internalBattery, true, Source::powerSources},
+        {&off, &internalBattery, true, Source::powerSources},
+        {&silent, &internalBattery, true, Source::powerSources},
+        {nullptr, &internalBattery, true, Source::powerSources},
+        {nullptr, &absent, false, Source::registry},
+        {nullptr, &ups, false, Source::registry},
+        {&off, nullptr, false, Source::registry},
+        {nullptr, nullptr, false, Source::none},
+    };
+    for (const Row& row : rows) {
+        const int at = int(&row - rows);
+        const auto reading = BatteryReading::make(row.registry, row.powerSource);
+        EXPECT_EQ(reading.present, row.present) << at;
+        EXPECT_EQ(reading.source, row.source) << at;
+        EXPECT_EQ(reading.cycleCount.has_value(), row.present && row.source == Source::registry) << at;
+        EXPECT_EQ(reading.condition.has_value(), row.present && row.powerSource) << at;
+    }
+}
+
+TEST(BatteryReading, picksItsFigures) {
+    const auto full = installed({{"CycleCount", 0},
+                                 {"DesignCapacity", 5000},
+                                 {"NominalChargeCapacity", 0},
+                                 {"AppleRawMaxCapacity", 4300},
+                                 {"MaxCapacity", 100},
+                                 {"DesignCycleCount9C", 1000},
+                                 {"DesignCycleCount70", 300}});
+    EXPECT_EQ(full.cycleCount, 0) << "no cycles is a value";
+    EXPECT_EQ(full.designCapacity, 5000);
+    EXPECT_EQ(full.fullChargeCapacity, 4300);
+    EXPECT_EQ(full.designCycleCount, 1000);
+
+    EXPECT_EQ(installed({{"DesignCycleCount9C", 0}, {"DesignCycleCount70", 300}}).designCycleCount,
+              std::nullopt);
+    EXPECT_EQ(installed({{"DesignCycleCount9C", "1000"}, {"DesignCycleCount70", 300}}).designCycleCount, 300);
+
+    const auto wrong = installed({{"CycleCount", "143"}, {"DesignCapacity", -1}, {"MaxCapacity", true}});
+    EXPECT_EQ(wrong, (BatteryReading{.present = true, .source = Source::registry}));
+}
+
+TEST(BatteryReading, wordsTheCondition) {
+    const std::pair<PropertyMap, std::optional<std::string>> rows[] = {
+        {{{"BatteryHealthCondition", "Service Recommended"}, {"BatteryHealth", "Good"}},
+         "Service Recommended"},
+        {{{"BatteryHealthCondition", ""}, {"BatteryHealth", "Good"}}, "Normal"},
+        {{{"BatteryHealth", "Fair"}}, "Fair"},
+        {{{"BatteryHealth", 1}}, std::nullopt},
+        {{}, std::nullopt},
+    };
+    for (const auto& [source, expected] : rows)
+        EXPECT_EQ(BatteryReading::conditionText(&source), expected);
+    EXPECT_EQ(BatteryReading::conditionText(nullptr), std::nullopt);
+}
+
+TEST(BatteryReading, worksOutItsHealth) {
+    constexpr auto most = std::numeric_limits<std::int64_t>::max();
+    struct Row {
+        std::optional<std::int64_t> design, full, percent;
+    };
+    const Row rows[] = {{5000, 4123, 82},  {5000, 5100, 100}, {200, 159, 80}, {1, most, 100},
+                        {most, most, 100}, {0, 4000, {}},     {5000, -1, {}}, {{}, 4000, {}}};
+    for (const Row& row : rows) {
+        BatteryReading reading;
+        reading.designCapacity = row.design;
+        reading.fullChargeCapacity = row.full;
+        EXPECT_EQ(reading.healthPercent(), row.percent) << &row - rows;
+    }
+    for (const char* condition :
+         {"Service Recommended", "CHECK BATTERY", "Replace Now", "Permanent Failure", "poor"})
+        EXPECT_TRUE(BatteryReading{.condition = condition}.conditionWarns()) << condition;
+    for (const char* condition : {"Normal", "Fair", ""})
+        EXPECT_FALSE(BatteryReading{.condition = condition}.conditionWarns()) << condition;
+    EXPECT_FALSE(BatteryReading{}.conditionWarns());
+}
+
+} // namespace
+} // namespace tessivo

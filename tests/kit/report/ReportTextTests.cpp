@@ -1,0 +1,108 @@
+#include "kit/Samples.h"
+#include "kit/report/ReportAssembler.h"
+#include "kit/report/ReportText.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace tessivo {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* zone = "America/Los_Angeles";
+constexpr Date moment{794'448'429}; ///< March 6, 2026, 00:07:09 UTC
+
+std::string golden(const std::string& name) {
+    std::ifstream file(TESSIVO_TEST_DATA "/reports/" + name);
+    EXPECT_TRUE(file) << name;
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+ConditionReport empty() {
+    ConditionReport report;
+    report.created = moment;
+    report.machine.modelID = "Mac99,1";
+    report.machine.osVersion = "macOS 15.0";
+    report.appVersion = "1.0";
+    return report;
+}
+
+TEST(ReportText, printsAWholeReport) {
+    const auto report = ReportAssembler::make(Samples::session(), moment, "1.0", Samples::notes());
+    // The file ends with a line feed, as files do; the text doesn't.
+    EXPECT_EQ(ReportText::text(report, zone) + "\n", golden("sample-laptop.txt"));
+}
+
+TEST(ReportText, printsAReportOfAMacNobodyKnows) {
+    MachineInfo unread;
+    unread.modelID = "Unknown";
+    unread.osVersion = "macOS 15.0";
+    const auto report = ReportAssembler::make(SessionState(unread, moment), moment, "1.0", "");
+    EXPECT_EQ(ReportText::text(report, zone) + "\n", golden("unread-machine.txt"));
+}
+
+TEST(ReportText, printsOnlyWhatThereIs) {
+    EXPECT_EQ(ReportText::text(empty(), "UTC"), "CONDITION REPORT: Mac99,1\n"
+                                                "Made with Tessivo 1.0 on March 6, 2026 at 12:07 AM UTC\n"
+                                                "\n"
+                                                "Model ID: Mac99,1\n"
+                                                "Serial number: not read\n"
+                                                "Memory: 0 GB\n"
+                                                "macOS: macOS 15.0\n"
+                                                "\n"
+                                                "RESULTS ()\n"
+                                                "\n"
+                                                "CHECK IT YOURSELF AT PICKUP (under 1 minutes)\n"
+                                                "\n" +
+                                                    std::string(ReportText::disclaimer));
+}
+
+TEST(ReportText, keepsNotesAndAnEmptyHandoverApart) {
+    ConditionReport report = empty();
+    report.results = {
+        {TestID::speakers, TestStatus::problem, "No clean sound: left speaker", {"Detail"}, ""}};
+    report.notes = "One\n\nTwo";
+    report.handover.emplace();
+    const std::string text = ReportText::text(report, zone);
+    EXPECT_THAT(text,
+                HasSubstr("RESULTS (1 problem)\n"
+                          "[!!] Speakers: Problem. No clean sound: left speaker\n"
+                          "   Note: \n"
+                          "\n"
+                          "NOTES\n"
+                          "One\n\nTwo\n"
+                          "\n"
+                          "BEFORE HANDOVER (TICKED BY THE SELLER)\n"
+                          "Ticked by the seller on this Mac. Tessivo can't see iCloud, Find My, Music or "
+                          "Bluetooth, so it doesn't check these.\n"
+                          "Last, after this report: the seller erases the Mac (Erase All Content and "
+                          "Settings, or macOS Recovery).\n"
+                          "Buyer: before the erase, "));
+    EXPECT_THAT(text, Not(HasSubstr("Detail")));
+}
+
+TEST(ReportText, marksEveryStatus) {
+    const char* marks[] = {"[  ]", "[  ]", "[OK]", "[!!]", "[??]", "[--]"};
+    for (const TestStatus status : allCases<TestStatus>())
+        EXPECT_STREQ(ReportText::mark(status), marks[int(status)]) << label(status);
+}
+
+TEST(ReportText, writesTheDateInTheZonesOwnTime) {
+    const std::tuple<double, const char*, const char*> rows[] = {
+        {794'448'429, zone, "March 5, 2026 at 4:07 PM PST"},
+        {794'448'429 + 10 * 86400, zone, "March 15, 2026 at 5:07 PM PDT"},
+        {794'448'429, "UTC", "March 6, 2026 at 12:07 AM UTC"},
+        {794'448'429 + 12 * 3600, "UTC", "March 6, 2026 at 12:07 PM UTC"},
+    };
+    for (const auto& [seconds, name, expected] : rows)
+        EXPECT_EQ(ReportText::dateText({seconds}, name), expected);
+}
+
+} // namespace
+} // namespace tessivo
