@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QAccessible>
+#include <QString>
+
+namespace tessivo {
+
+/// What a widget of our own tells a screen reader besides its name. A QWidget that also derives from this is
+/// known to the accessibility bridge by these answers; its name is `accessibleName()`, or `spokenName()`
+/// while that is empty.
+class AccessibleTraits {
+public:
+    virtual ~AccessibleTraits() = default;
+    virtual QAccessible::Role spokenRole() const = 0;
+    virtual QString spokenName() const { return {}; }
+    virtual QString spokenValue() const { return {}; }
+    /// Adds to the state that follows from the widget itself (focus, disabled, hidden).
+    virtual void addSpokenState(QAccessible::State&) const {}
+    /// True where the widget is read as one element and its children are passed over.
+    virtual bool isOneElement() const { return false; }
+};
+
+/// Tells the bridge that the name, value or state of a widget has changed.
+void announceNameChange(QWidget* widget);
+void announceValueChange(QWidget* widget);
+void announceStateChange(QWidget* widget, QAccessible::State changed);
+
+/// Makes the traits known to the bridge; called once, by Theme.
+void installAccessibleTraits();
+
+} // namespace tessivo

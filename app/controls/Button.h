@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/controls/ClickControl.h"
+
+class QShortcut;
+
+namespace tessivo {
+
+/// A push button: bordered, prominent (accent fill, one a page), or destructive (red words). Text too long
+/// for the width given wraps, so nothing is clipped.
+class Button : public ClickControl {
+    Q_OBJECT
+public:
+    enum class Kind { bordered, prominent, destructive };
+
+    explicit Button(const QString& text, const QString& symbol = {}, Kind kind = Kind::bordered,
+                    QWidget* parent = nullptr);
+
+    Kind kind() const { return m_kind; }
+    QString symbolName() const { return m_symbol; }
+    /// Text and symbol at once ("Start" to "Stop"); the width never falls below that of `setWidthTexts`.
+    void setLabel(const QString& text, const QString& symbol);
+    /// Texts that this button will show in turn: it is as wide as the widest, so nothing jumps.
+    void setWidthTexts(const QStringList& texts);
+    /// Return presses it wherever the focus is on its page, unless what has the focus wants Return itself.
+    void setDefaultAction(bool isDefault);
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    /// The answer buttons' tint; an invalid colour is none.
+    void setTint(std::optional<ColorRole> words, std::optional<ColorRole> fill);
+    bool isTinted() const { return m_tintWords.has_value(); }
+    void setHeavyWidth(bool heavy) { m_heavyWidth = heavy; }
+
+private:
+    int naturalWidth(const QString& text) const;
+    int padding() const;
+    int baseHeight() const;
+    TextRole textRole() const;
+
+    Kind m_kind;
+    QString m_symbol;
+    QStringList m_widthTexts;
+    bool m_heavyWidth = false;
+    std::optional<ColorRole> m_tintWords, m_tintFill;
+    QShortcut* m_return = nullptr;
+    QShortcut* m_enter = nullptr;
+};
+
+} // namespace tessivo

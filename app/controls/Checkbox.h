@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/controls/ClickControl.h"
+
+namespace tessivo {
+
+/// A square that is ticked or not, with an optional text that wraps. Signal: `toggled(bool)` for any change,
+/// `clicked(bool)` for one made by the person.
+class Checkbox final : public ClickControl {
+    Q_OBJECT
+public:
+    explicit Checkbox(const QString& text = {}, QWidget* parent = nullptr);
+
+    bool hasHeightForWidth() const override { return !text().isEmpty(); }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+    QAccessible::Role spokenRole() const override { return QAccessible::CheckBox; }
+    void addSpokenState(QAccessible::State& state) const override;
+    QRectF focusShapeRect() const override;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+};
+
+} // namespace tessivo

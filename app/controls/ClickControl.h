@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/controls/Accessible.h"
+#include "app/controls/FocusRing.h"
+#include "app/controls/Theme.h"
+
+#include <QAbstractButton>
+
+namespace tessivo {
+
+/// What everything clickable shares: Space and Return press it when it has the focus, the mouse doesn't give
+/// it the focus, hover and press repaint it, disabled it is drawn at 45 %.
+class ClickControl : public QAbstractButton, public AccessibleTraits, public FocusShape {
+    Q_OBJECT
+public:
+    explicit ClickControl(QWidget* parent = nullptr);
+
+    QAccessible::Role spokenRole() const override { return QAccessible::Button; }
+    QString spokenName() const override { return text(); }
+    QWidget* focusShapeWidget() override { return this; }
+    QRectF focusShapeRect() const override { return rect(); }
+    double focusShapeCorner() const override { return m_corner; }
+
+    /// Shows the hover look without a pointer; for pictures of the controls.
+    void setHoverShown(bool shown) {
+        m_hoverShown = shown;
+        update();
+    }
+
+protected:
+    bool isHovered() const { return isEnabled() && (m_hoverShown || underMouse()); }
+    void setCorner(double corner) { m_corner = corner; }
+    double disabledOpacity() const { return isEnabled() ? 1.0 : 0.45; }
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    double m_corner = 0;
+    bool m_hoverShown = false;
+};
+
+} // namespace tessivo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/controls/Accessible.h"
+#include "app/controls/Metrics.h"
+#include "app/controls/WrapRow.h"
+
+#include <QStringList>
+
+namespace tessivo {
+
+class TextLabel;
+
+/// Labels and values with dividers between the rows. A row is read as one element, "label, value"; values can
+/// be selected. With `twoColumns` it reads across in two columns from 720 of width.
+class FactGrid final : public QWidget {
+    Q_OBJECT
+public:
+    struct Look {
+        int labelWidth = Width::factLabel;
+        int rowHeight = Height::factRow;
+        bool twoColumns = false;
+    };
+    explicit FactGrid(const Look& look, QWidget* parent = nullptr);
+    explicit FactGrid(QWidget* parent = nullptr) : FactGrid(Look{}, parent) {}
+
+    /// Adds a row and returns its index.
+    int addFact(const QString& label, const QString& value = {}, bool monospaced = false);
+    void setValue(int index, const QString& value);
+    void setFactVisible(int index, bool visible);
+    QString value(int index) const;
+    int count() const { return int(m_rows.size()); }
+
+private:
+    class Row;
+    class GridLayout;
+    Look m_look;
+    GridLayout* m_grid;
+    QList<Row*> m_rows;
+};
+
+} // namespace tessivo

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/controls/Metrics.h"
+#include "app/controls/WrapRow.h"
+
+#include <QScrollArea>
+
+namespace tessivo {
+
+/// A column that scrolls up and down, never sideways, centred, at most `maximumWidth` wide with its padding.
+/// Its thumb lies in the padding, so nothing shifts when it comes. What gets the focus scrolls into view.
+class ScrollColumn : public QScrollArea {
+    Q_OBJECT
+public:
+    explicit ScrollColumn(QWidget* parent = nullptr, int maximumWidth = Width::column,
+                          int padding = Space::page);
+
+    void add(QWidget* widget, int gapAbove = 0, Qt::Alignment alignment = {});
+    ColumnLayout& column() { return *m_column; }
+    void setPadding(int horizontal, int top, int bottom);
+
+    QSize minimumSizeHint() const override { return {120, 80}; }
+
+protected:
+    void resizeEvent(QResizeEvent*) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent*) override;
+
+private:
+    class Content;
+    void placeThumb();
+    void focusHasMoved(QWidget* from, QWidget* to);
+
+    Content* m_content;
+    ColumnLayout* m_column;
+    QScrollBar* m_thumb;
+    int m_maximumWidth;
+};
+
+} // namespace tessivo

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "app/controls/ClickControl.h"
+
+#include <QWidget>
+
+namespace tessivo {
+
+class TextLabel;
+
+/// A whole number in a sentence ("Ports on this Mac: 4") with a minus and a plus. Arrow keys step too. Read
+/// as a spin box whose value is the number.
+class Stepper final : public QWidget, public AccessibleTraits, public FocusShape {
+    Q_OBJECT
+public:
+    /// `format` holds "%lld" where the number stands; the label takes `labelWidth`, if given.
+    Stepper(const QString& format, int minimum, int maximum, int labelWidth = 0, QWidget* parent = nullptr);
+
+    int value() const { return m_value; }
+    void setValue(int value);
+
+    QAccessible::Role spokenRole() const override { return QAccessible::SpinBox; }
+    QString spokenName() const override;
+    QString spokenValue() const override { return QString::number(m_value); }
+    QWidget* focusShapeWidget() override { return this; }
+    QRectF focusShapeRect() const override;
+    double focusShapeCorner() const override;
+
+Q_SIGNALS:
+    /// The person stepped to this value.
+    void stepped(int value);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+
+private:
+    class Half;
+    void step(int by);
+    void show(int value);
+
+    QString m_format;
+    int m_minimum, m_maximum;
+    int m_value = 0;
+    TextLabel* m_label;
+    Half* m_minus;
+    Half* m_plus;
+};
+
+} // namespace tessivo

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QPalette>
+
+#include <memory>
+
+class QApplication;
+
+namespace tessivo {
+
+class FocusRing;
+
+/// What a colour is for; each has a light and a dark value.
+enum class ColorRole {
+    sidebar,
+    window,
+    card,
+    well,
+    control,
+    controlHover,
+    controlPressed,
+    controlBorder,
+    field,
+    fieldBorder,
+    track,
+    segment,
+    text1,
+    text2,
+    text3,
+    accent,
+    accentFill,
+    accentFillHover,
+    accentFillPressed,
+    onAccent,
+    focus,
+    green,
+    red,
+    orange,
+    blue,
+    gray,
+    greenGlyph,
+    redGlyph,
+    orangeGlyph,
+    blueGlyph,
+    grayGlyph,
+    keyCap,
+    keyDone,
+    onKeyDone,
+    meter,
+    scrim,
+};
+
+/// What a text is for; gives its font and the height of its line.
+enum class TextRole {
+    pageTitle,
+    sheetTitle,
+    sectionHeading,
+    resultSummary,
+    headline,
+    tally,
+    body,
+    control,
+    controlStrong,
+    callout,
+    badge,
+    progressCaption,
+    sidebarSection,
+    sidebarRow,
+    sidebarRowSelected,
+    monospaced,
+};
+
+/// The one source of colours, type and sizes. It follows the desktop while running: dark when the application
+/// palette's window is darker than its text, larger when the system font is larger than 12 points. Making it
+/// also gives the application its style, focus ring and accessible roles; main owns it, right after
+/// QApplication. Main thread.
+class Theme final : public QObject {
+    Q_OBJECT
+public:
+    explicit Theme(QApplication& application);
+    ~Theme() override;
+
+    /// The theme of the running application.
+    static const Theme& current();
+
+    bool isDark() const { return m_dark; }
+    QColor color(ColorRole role) const;
+    /// The role's colour at `percent` (0 to 100) opacity: `text1@8`.
+    QColor color(ColorRole role, double percent) const;
+
+    QFont font(TextRole role) const;
+    int lineHeight(TextRole role) const;
+
+    /// How much larger than designed the text is: 1 to 2.5.
+    double textScale() const { return m_textScale; }
+    /// A height or symbol size of Metrics.h at this text scale.
+    int scaled(double size) const;
+    /// The monospaced family in use.
+    QString monospacedFamily() const { return m_monospaced; }
+
+    static QPalette palette(bool dark);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// Colours or type have changed. Widgets that only paint need not listen: they are repainted anyway.
+    void changed();
+
+private:
+    void readPalette();
+    void readFont(const QFont& system);
+
+    QApplication& m_application;
+    bool m_dark = false;
+    double m_textScale = 1;
+    QString m_family;
+    QString m_monospaced;
+    QFont m_system;
+    std::unique_ptr<FocusRing> m_ring;
+};
+
+/// Short for `Theme::current()`.
+inline const Theme& theme() {
+    return Theme::current();
+}
+
+} // namespace tessivo
