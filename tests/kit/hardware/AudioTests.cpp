@@ -15,10 +15,6 @@ namespace {
 constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-AudioOutputInfo output(std::uint32_t id, std::string name) {
-    return {.id = id, .name = std::move(name), .builtIn = true};
-}
-
 TEST(AudioOutputInfo, readsItsProperties) {
     AudioOutputProperties properties{.streamsSize = 4,
                                      .transport = fourCharCode("bltn"),
@@ -42,25 +38,15 @@ TEST(AudioOutputInfo, readsItsProperties) {
 }
 
 TEST(HeadphoneDetect, findsTheJack) {
-    AudioOutputInfo usb = output(1, "Headphones");
-    usb.builtIn = false;
-    usb.dataSource = "hdpn";
-    AudioOutputInfo speakers = output(2, "MacBook Pro Speakers");
-    speakers.dataSource = "ispk";
-    speakers.dataSourceName = "Internal Speakers";
-    AudioOutputInfo source = output(3, "Built-in Output");
-    source.dataSource = "hdpn";
-    source.jackConnected = false;
-    AudioOutputInfo capitals = output(4, "Built-in Output");
-    capitals.dataSource = "HDPN";
-    AudioOutputInfo named = output(5, "Built-in Output");
-    named.dataSourceName = "HEADPHONES";
-    AudioOutputInfo separate = output(6, "External Headphones");
-    AudioOutputInfo plugged = output(7, "External Headphones");
-    plugged.jackConnected = true;
-    AudioOutputInfo unplugged = output(8, "External Headphones");
-    unplugged.jackConnected = false;
-    const AudioOutputInfo lineOut = output(9, "Line Out");
+    const AudioOutputInfo usb{1, "Headphones", false, "hdpn"};
+    const AudioOutputInfo speakers{2, "MacBook Pro Speakers", true, "ispk", "Internal Speakers"};
+    const AudioOutputInfo source{3, "Built-in Output", true, "hdpn", {}, false};
+    const AudioOutputInfo capitals{4, "Built-in Output", true, "HDPN"};
+    const AudioOutputInfo named{5, "Built-in Output", true, {}, "HEADPHONES"};
+    const AudioOutputInfo separate{6, "External Headphones", true};
+    const AudioOutputInfo plugged{7, "External Headphones", true, {}, {}, true};
+    const AudioOutputInfo unplugged{8, "External Headphones", true, {}, {}, false};
+    const AudioOutputInfo lineOut{9, "Line Out", true};
 
     const std::pair<std::vector<AudioOutputInfo>, std::uint32_t> rows[] = {
         {{}, 0},
@@ -72,9 +58,8 @@ TEST(HeadphoneDetect, findsTheJack) {
         {{plugged}, 7},
         {{unplugged}, 0},
         {{unplugged, lineOut}, 9},
-        {{plugged, source}, 3}, // a data source anywhere beats a name on an earlier output
         {{lineOut, plugged}, 9},
-    };
+        {{plugged, source}, 3}}; // a data source anywhere beats a name on an earlier output
     for (const auto& [outputs, id] : rows) {
         const auto found = HeadphoneDetect::find(outputs);
         EXPECT_EQ(found ? found->id : 0, id);
@@ -113,8 +98,7 @@ TEST(ToneGenerator, copesWithShortTonesAndSilence) {
 TEST(LevelMeter, measuresPower) {
     const std::pair<std::vector<float>, double> rows[] = {
         {{}, -160},       {{0, 0, 0}, -160},          {{1, -1, 1, -1}, 0}, {{0.1f, 0.1f}, -20},
-        {{1e-20f}, -160}, {{0.5f, notANumber}, -160}, {{INFINITY}, -160},
-    };
+        {{1e-20f}, -160}, {{0.5f, notANumber}, -160}, {{INFINITY}, -160}};
     for (const auto& [samples, expected] : rows)
         EXPECT_NEAR(LevelMeter::decibels(samples), expected, 1e-5);
 

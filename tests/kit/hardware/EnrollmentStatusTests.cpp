@@ -22,8 +22,7 @@ TEST(EnrollmentStatus, readsTheToolsOutput) {
         {"Enrolled via DEP: No\n", std::nullopt},
         {"MDM enrollment: No\n:Enrolled via DEP: No", std::nullopt},
         {"\n\r\n", std::nullopt},
-        {"", std::nullopt},
-    };
+        {"", std::nullopt}};
     for (const auto& [output, expected] : rows)
         EXPECT_EQ(EnrollmentStatus::parse(output), expected) << output;
 }

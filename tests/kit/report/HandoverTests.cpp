@@ -21,24 +21,17 @@ TEST(Handover, erasesEachMacItsOwnWay) {
     struct Row {
         MachineInfo machine;
         EraseMethod method;
-        bool listsNVRAM;
-        const char* closing;
+        bool listsNVRAM, saysNVRAM;
     };
-    const char* const assistant = "(Erase All Content and Settings).";
-    const char* const assistantIntel = "(Erase All Content and Settings) and resets NVRAM.";
-    const char* const recoveryIntel = "(macOS Recovery and Disk Utility) and resets NVRAM.";
-    const char* const unknown = "(Erase All Content and Settings, or macOS Recovery).";
-    const char* const unknownIntel = "(Erase All Content and Settings, or macOS Recovery) and resets NVRAM.";
-    const Row rows[] = {
-        {machine("Mac14,2"), eraseAssistant, false, assistant},
-        {machine("Mac14,2", "Intel Core i5"), eraseAssistant, false, assistant},
-        {machine("MacBookPro16,1", "Apple M2"), eraseAssistant, true, assistantIntel},
-        {machine("iMac19,1"), recovery, true, recoveryIntel},
-        {machine("Mac99,1", "Apple M9"), eraseAssistant, false, assistant},
-        {machine("Mac99,1", "Intel Core i5"), either, true, unknownIntel},
-        {machine("Mac99,1", "Fast"), either, true, unknown},
-        {machine("Mac99,1"), either, true, unknown},
-    };
+    const Row rows[] = {{machine("Mac14,2", "Intel Core i5"), eraseAssistant, false, false},
+                        {machine("MacBookPro16,1", "Apple M2"), eraseAssistant, true, true},
+                        {machine("iMac19,1"), recovery, true, true},
+                        {machine("Mac99,1", "Apple M9"), eraseAssistant, false, false},
+                        {machine("Mac99,1", "Intel Core i5"), either, true, true},
+                        {machine("Mac99,1", "Fast"), either, true, false},
+                        {machine("Mac99,1"), either, true, false}};
+    const char* words[] = {"Erase All Content and Settings", "macOS Recovery and Disk Utility",
+                           "Erase All Content and Settings, or macOS Recovery"};
     for (const Row& row : rows) {
         const std::string about = row.machine.modelID + " " + row.machine.chip.value_or("-");
         EXPECT_EQ(Handover::eraseMethod(row.machine), row.method) << about;
@@ -46,7 +39,8 @@ TEST(Handover, erasesEachMacItsOwnWay) {
         EXPECT_EQ(steps.size(), row.listsNVRAM ? 7u : 6u) << about;
         EXPECT_EQ(steps.back(), row.listsNVRAM ? Step::nvram : Step::erase) << about;
         EXPECT_EQ(Handover::closingLine(row.machine),
-                  std::string("Last, after this report: the seller erases the Mac ") + row.closing);
+                  std::string("Last, after this report: the seller erases the Mac (") +
+                      words[int(row.method)] + (row.saysNVRAM ? ") and resets NVRAM." : ")."));
     }
 }
 

@@ -10,6 +10,7 @@
 namespace tessivo {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -48,19 +49,10 @@ TEST(ReportText, printsAReportOfAMacNobodyKnows) {
 }
 
 TEST(ReportText, printsOnlyWhatThereIs) {
-    EXPECT_EQ(ReportText::text(empty(), "UTC"), "CONDITION REPORT: Mac99,1\n"
-                                                "Made with Tessivo 1.0 on March 6, 2026 at 12:07 AM UTC\n"
-                                                "\n"
-                                                "Model ID: Mac99,1\n"
-                                                "Serial number: not read\n"
-                                                "Memory: 0 GB\n"
-                                                "macOS: macOS 15.0\n"
-                                                "\n"
-                                                "RESULTS ()\n"
-                                                "\n"
-                                                "CHECK IT YOURSELF AT PICKUP (under 1 minutes)\n"
-                                                "\n" +
-                                                    std::string(ReportText::disclaimer));
+    EXPECT_THAT(
+        ReportText::text(empty(), zone),
+        EndsWith("macOS: macOS 15.0\n\nRESULTS ()\n\nCHECK IT YOURSELF AT PICKUP (under 1 minutes)\n\n" +
+                 std::string(ReportText::disclaimer)));
 }
 
 TEST(ReportText, keepsNotesAndAnEmptyHandoverApart) {
@@ -98,8 +90,7 @@ TEST(ReportText, writesTheDateInTheZonesOwnTime) {
         {794'448'429, zone, "March 5, 2026 at 4:07 PM PST"},
         {794'448'429 + 10 * 86400, zone, "March 15, 2026 at 5:07 PM PDT"},
         {794'448'429, "UTC", "March 6, 2026 at 12:07 AM UTC"},
-        {794'448'429 + 12 * 3600, "UTC", "March 6, 2026 at 12:07 PM UTC"},
-    };
+        {794'448'429 + 12 * 3600, "UTC", "March 6, 2026 at 12:07 PM UTC"}};
     for (const auto& [seconds, name, expected] : rows)
         EXPECT_EQ(ReportText::dateText({seconds}, name), expected);
 }
