@@ -1,12 +1,12 @@
 #include "kit/catalog/KeyboardLayout.h"
 
+#include <algorithm>
 #include <string_view>
-#include <unordered_set>
 
 namespace tessivo {
 namespace {
 
-using Row = std::vector<KeySlot>;
+using Row = KeyboardLayout::Row;
 
 KeySpec plain(const char* id, const char* label, KeyCode code, double width = 1) {
     return {id, label, code, width, KeyKind::normal};
@@ -73,35 +73,39 @@ Row bottomRow() {
             plain("right", "▶\uFE0E", 124)};
 }
 
-KeyboardLayout makeANSI() {
-    return {KeyboardLayout::ID::ansi,
-            {functionRow(), row({plain("grave", "`", 50)}, digitRun(), {plain("delete", "delete", 51, 2)}),
-             row({plain("tab", "tab", 48, 1.5)}, upperRun(), {plain("backslash", "\\", 42, 1.5)}),
-             row({modifier("caps", "caps lock", 57, 1.75)}, homeRun(), {plain("return", "return", 36, 2.25)}),
-             row({modifier("shift", "shift", 56, 2.25)}, lowerRun(), {modifier("rshift", "shift", 60, 2.75)}),
-             bottomRow()}};
+std::vector<Row> ansiRows() {
+    return {functionRow(),
+            row({plain("grave", "`", 50)}, digitRun(), {plain("delete", "delete", 51, 2)}),
+            row({plain("tab", "tab", 48, 1.5)}, upperRun(), {plain("backslash", "\\", 42, 1.5)}),
+            row({modifier("caps", "caps lock", 57, 1.75)}, homeRun(), {plain("return", "return", 36, 2.25)}),
+            row({modifier("shift", "shift", 56, 2.25)}, lowerRun(), {modifier("rshift", "shift", 60, 2.75)}),
+            bottomRow()};
 }
 
-KeyboardLayout makeISO() {
+std::vector<Row> isoRows() {
     // The tall return key is drawn as two keys on two rows; the lower half has no label.
-    return {KeyboardLayout::ID::iso,
-            {functionRow(), row({plain("section", "§", 10)}, digitRun(), {plain("delete", "delete", 51, 2)}),
-             row({plain("tab", "tab", 48, 1.5)}, upperRun(), {plain("return", "return", 36, 1.5)}),
-             row({modifier("caps", "caps lock", 57, 1.75)}, homeRun(),
-                 {plain("backslash", "\\", 42), plain("return", "", 36, 1.25)}),
-             row({modifier("shift", "shift", 56, 1.25), plain("grave", "`", 50)}, lowerRun(),
-                 {modifier("rshift", "shift", 60, 2.75)}),
-             bottomRow()}};
+    return {functionRow(),
+            row({plain("section", "§", 10)}, digitRun(), {plain("delete", "delete", 51, 2)}),
+            row({plain("tab", "tab", 48, 1.5)}, upperRun(), {plain("return", "return", 36, 1.5)}),
+            row({modifier("caps", "caps lock", 57, 1.75)}, homeRun(),
+                {plain("backslash", "\\", 42), plain("return", "", 36, 1.25)}),
+            row({modifier("shift", "shift", 56, 1.25), plain("grave", "`", 50)}, lowerRun(),
+                {modifier("rshift", "shift", 60, 2.75)}),
+            bottomRow()};
 }
 
-/// Calls `visit` with every key once, the first of each id, in reading order.
-template <class Visit>
-void eachKey(const KeyboardLayout& layout, Visit visit) {
-    std::unordered_set<std::string_view> seen;
+} // namespace
+
+KeyboardLayout::KeyboardLayout(ID id, std::vector<Row> rows) : id(id), rows(std::move(rows)) {
+    std::set<std::string_view> seen;
     const auto once = [&](const KeySpec& key) {
-        if (seen.insert(key.id).second) visit(key);
+        if (!seen.insert(key.id).second) return;
+        m_keys.push_back(key);
+        if (!key.code || key.kind == KeyKind::manual) return;
+        m_testableKeys.push_back(key);
+        m_codes.insert(*key.code);
     };
-    for (const Row& row : layout.rows)
+    for (const Row& row : this->rows)
         for (const KeySlot& slot : row) {
             if (const auto* stack = std::get_if<KeyStack>(&slot)) {
                 once(stack->upper);
@@ -112,19 +116,13 @@ void eachKey(const KeyboardLayout& layout, Visit visit) {
         }
 }
 
-bool isTestable(const KeySpec& key) {
-    return key.code && key.kind != KeyKind::manual;
-}
-
-} // namespace
-
 const KeyboardLayout& KeyboardLayout::ansi() {
-    static const KeyboardLayout layout = makeANSI();
+    static const KeyboardLayout layout(ID::ansi, ansiRows());
     return layout;
 }
 
 const KeyboardLayout& KeyboardLayout::iso() {
-    static const KeyboardLayout layout = makeISO();
+    static const KeyboardLayout layout(ID::iso, isoRows());
     return layout;
 }
 
@@ -136,42 +134,16 @@ const char* KeyboardLayout::title(ID id) {
     return id == ID::iso ? "International (ISO)" : "US (ANSI)";
 }
 
-std::vector<KeySpec> KeyboardLayout::keys() const {
-    std::vector<KeySpec> found;
-    eachKey(*this, [&](const KeySpec& key) { found.push_back(key); });
-    return found;
-}
-
-std::vector<KeySpec> KeyboardLayout::testableKeys() const {
-    std::vector<KeySpec> found;
-    eachKey(*this, [&](const KeySpec& key) {
-        if (isTestable(key)) found.push_back(key);
-    });
-    return found;
-}
-
-std::set<KeyCode> KeyboardLayout::codes() const {
-    std::set<KeyCode> found;
-    eachKey(*this, [&](const KeySpec& key) {
-        if (isTestable(key)) found.insert(*key.code);
-    });
-    return found;
-}
-
 std::optional<KeySpec> KeyboardLayout::key(KeyCode code) const {
-    std::optional<KeySpec> found;
-    eachKey(*this, [&](const KeySpec& key) {
-        if (!found && key.code == code) found = key;
-    });
-    return found;
+    const auto found = std::ranges::find(m_keys, std::optional(code), &KeySpec::code);
+    return found == m_keys.end() ? std::nullopt : std::optional(*found);
 }
 
 const std::vector<ManualKeyCheck>& ManualKeyCheck::all() {
     static const std::vector<ManualKeyCheck> checks = {
         {"touchID", "Touch ID or power key",
          "In System Settings › Touch ID & Password, choose Add Fingerprint and touch the key; the print "
-         "should "
-         "start filling in. Then cancel."},
+         "should start filling in. Then cancel."},
         {"specialKeys", "Top-row special keys",
          "Without fn, press brightness, volume and the media keys; macOS should show or play each change."},
         {"backlight", "Keyboard backlight",

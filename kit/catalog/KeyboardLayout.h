@@ -40,12 +40,15 @@ struct KeyStack {
 using KeySlot = std::variant<KeySpec, KeyStack>;
 
 /// A keyboard diagram: rows of slots in reading order. Constants of the process, any thread.
-struct KeyboardLayout {
+class KeyboardLayout final {
+public:
     enum class ID { ansi, iso };
     BOOST_DESCRIBE_NESTED_ENUM(ID, ansi, iso)
 
-    ID id{};
-    std::vector<std::vector<KeySlot>> rows;
+    using Row = std::vector<KeySlot>;
+
+    const ID id;
+    const std::vector<Row> rows;
 
     static const KeyboardLayout& ansi();
     static const KeyboardLayout& iso();
@@ -54,11 +57,18 @@ struct KeyboardLayout {
     static const char* title(ID id);
 
     /// Every key once, in reading order; of the tall ISO return key the upper half.
-    std::vector<KeySpec> keys() const;
+    const std::vector<KeySpec>& keys() const { return m_keys; }
     /// The keys that count: those with a code that aren't manual.
-    std::vector<KeySpec> testableKeys() const;
-    std::set<KeyCode> codes() const;
+    const std::vector<KeySpec>& testableKeys() const { return m_testableKeys; }
+    const std::set<KeyCode>& codes() const { return m_codes; }
     std::optional<KeySpec> key(KeyCode code) const;
+
+private:
+    KeyboardLayout(ID id, std::vector<Row> rows);
+
+    std::vector<KeySpec> m_keys;
+    std::vector<KeySpec> m_testableKeys;
+    std::set<KeyCode> m_codes;
 };
 
 /// One thing that can't be seen through key events and is answered by hand.

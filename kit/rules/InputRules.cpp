@@ -32,7 +32,7 @@ TestResult keyboard(const KeyboardTest& test) {
 
     const auto [done, total] = test.progress();
     const std::string count = std::to_string(done) + " of " + std::to_string(total) + " keys";
-    const std::set<KeyCode> codes = KeyboardLayout::named(test.layout).codes();
+    const std::set<KeyCode>& codes = KeyboardLayout::named(test.layout).codes();
     const auto ticked = std::ranges::count_if(
         codes, [&](KeyCode code) { return test.handChecked.contains(code) && !test.pressed.contains(code); });
 

@@ -23,7 +23,7 @@ bool KeyboardTest::started() const {
 }
 
 KeyboardTest::Progress KeyboardTest::progress() const {
-    const std::set<KeyCode> codes = KeyboardLayout::named(layout).codes();
+    const std::set<KeyCode>& codes = KeyboardLayout::named(layout).codes();
     return {std::ranges::count_if(codes, [this](KeyCode code) { return isDone(code); }),
             static_cast<std::int64_t>(codes.size())};
 }
@@ -35,7 +35,7 @@ std::vector<KeySpec> KeyboardTest::remaining() const {
 }
 
 std::set<KeyCode> KeyboardTest::offDiagram() const {
-    const std::set<KeyCode> codes = KeyboardLayout::named(layout).codes();
+    const std::set<KeyCode>& codes = KeyboardLayout::named(layout).codes();
     std::set<KeyCode> off;
     std::ranges::set_difference(pressed, codes, std::inserter(off, off.end()));
     return off;

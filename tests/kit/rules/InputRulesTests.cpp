@@ -51,8 +51,8 @@ TEST(KeyboardRule, countsKeysAndRestsOnTheHandChecks) {
          "Touch ID or power key: works (checked by hand) | Top-row special keys: works (checked by hand)"},
         {complete,
          "works: Every key works (78 keys, plus 3 checks by hand) | 78 of 78 keys on the International (ISO) "
-         "layout "
-         "| Touch ID or power key: not on this keyboard | Top-row special keys: works (checked by hand) | "
+         "layout | Touch ID or power key: not on this keyboard | Top-row special keys: works (checked by "
+         "hand) | "
          "Keyboard backlight: not on this keyboard"},
         {faulty,
          "problem: Problem: Touch ID or power key, Keyboard backlight | 77 of 77 keys on the US (ANSI) "
@@ -98,8 +98,8 @@ TEST(TrackpadRule, passesOnSurfaceClicksAndScroll) {
     EXPECT_EQ(
         printed(Rules::trackpad(complete)),
         "works: Whole surface, click, secondary click and scrolling work | Surface touched: 90% | Click: "
-        "seen "
-        "| Secondary click: seen | Two-finger scroll: seen | Force Click: not seen (older trackpads don't "
+        "seen | Secondary click: seen | Two-finger scroll: seen | Force Click: not seen (older trackpads "
+        "don't "
         "have it) | Pinch to zoom: not seen");
     EXPECT_EQ(
         printed(Rules::trackpad(nearly)),

@@ -47,16 +47,14 @@ TEST(EthernetRule, noCableIsNoFault) {
         {EthernetTest{false, {"en0"}, "en0", {}, false, {}}, MacKind::desktop, "notRun: Not run"},
         {EthernetTest{true, {"en0"}, "en0", 2'500'000'000, true, {}}, MacKind::desktop,
          "works: A wired link came up at 2.5 Gb/s | Port: en0 | Link speed: 2.5 Gb/s | The link came up when "
-         "the "
-         "cable went in"},
+         "the cable went in"},
         {EthernetTest{true, {}, "en0", 0, false, {}}, std::nullopt,
          "works: A wired link came up | Port: en0 | The link was already up when the test started"},
         {EthernetTest{true, {"en0", "en1"}, {}, {}, false, {"en0"}}, MacKind::desktop,
          "unfinished: Plug in a cable from a router or switch | Ports found: en0, en1 | No wired link yet"},
         {EthernetTest{true, {}, {}, {}, false, {}}, MacKind::allInOne,
          "checkByHand: No built-in Ethernet port found | Some iMacs have the port on the power adapter, and "
-         "some "
-         "have none: mark it not included if this one has none."},
+         "some have none: mark it not included if this one has none."},
         {EthernetTest{true, {}, {}, {}, false, {}}, MacKind::desktop, mark},
         {EthernetTest{true, {}, {}, {}, false, {}}, std::nullopt, mark},
     };
