@@ -1,0 +1,134 @@
+#include "platform/simulated/SimulatedAudio.h"
+
+#include "kit/hardware/AudioOutputInfo.h"
+
+#include <algorithm>
+
+namespace tessivo {
+
+namespace {
+
+constexpr auto globalScope = fourCharCode("glob");
+constexpr auto outputScope = fourCharCode("outp");
+constexpr std::uint32_t numberSize = 4;
+constexpr std::uint32_t textSize = 8; // a reference to a text object
+
+/// Whether a device keeps the property under this scope.
+bool isAddress(std::uint32_t selector, std::uint32_t scope) {
+    const bool global = selector == fourCharCode("tran") || selector == fourCharCode("lnam");
+    return scope == (global ? globalScope : outputScope);
+}
+
+class SimulatedToneEngine final : public ToneEngine {
+public:
+    explicit SimulatedToneEngine(SimulatedMac& mac) : m_mac(mac) {}
+
+    OutputFormat outputFormat() const override {
+        const auto* device = currentDevice();
+        return device ? device->format : OutputFormat{};
+    }
+    bool isRunning() const override { return m_running; }
+    bool start() override {
+        m_running = !m_mac.engineFails && currentDevice();
+        return m_running;
+    }
+    void stop() override { m_running = false; }
+    bool setDevice(std::uint32_t id) override {
+        if (!m_mac.audioDevice(id)) return false;
+        m_device = id;
+        return true;
+    }
+    void schedule(std::vector<float> left, std::vector<float> right, double sampleRate) override {
+        const auto sounds = [](float sample) { return sample != 0; };
+        const auto* device = currentDevice();
+        m_mac.tones.push_back({device ? std::optional(device->id) : std::nullopt,
+                               std::ranges::any_of(left, sounds), std::ranges::any_of(right, sounds),
+                               left.size(), sampleRate, m_running && device});
+    }
+
+private:
+    const MachineFile::AudioDevice* currentDevice() const {
+        if (m_device) return m_mac.audioDevice(*m_device);
+        const auto& audio = m_mac.facts.audio;
+        return audio && audio->defaultOutput ? m_mac.audioDevice(*audio->defaultOutput) : nullptr;
+    }
+
+    SimulatedMac& m_mac;
+    std::optional<std::uint32_t> m_device;
+    bool m_running = false;
+};
+
+} // namespace
+
+const MachineFile::AudioDevice* SimulatedMac::audioDevice(std::uint32_t id) const {
+    if (!facts.audio || !facts.audio->devices) return nullptr;
+    const auto device = std::ranges::find(*facts.audio->devices, id, &MachineFile::AudioDevice::id);
+    return device == facts.audio->devices->end() ? nullptr : &*device;
+}
+
+const MachineFile::AudioDevice* SimulatedAudioObjects::device(std::uint32_t object) const {
+    return m_mac.reads(SimulatedReading::audio) ? m_mac.audioDevice(object) : nullptr;
+}
+
+std::optional<std::uint32_t> SimulatedAudioObjects::number(std::uint32_t object, std::uint32_t selector,
+                                                           std::uint32_t scope) const {
+    const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
+    if (!found) return std::nullopt;
+    const auto value = found->numbers.find(fourCharCode(selector));
+    return value == found->numbers.end() ? std::nullopt : std::optional(value->second);
+}
+
+bool SimulatedAudioObjects::hasProperty(std::uint32_t object, std::uint32_t selector,
+                                        std::uint32_t scope) const {
+    return propertyDataSize(object, selector, scope).has_value();
+}
+
+std::optional<std::uint32_t> SimulatedAudioObjects::propertyDataSize(std::uint32_t object,
+                                                                     std::uint32_t selector,
+                                                                     std::uint32_t scope) const {
+    if (object != systemObject && selector == fourCharCode("stm#")) return number(object, selector, scope);
+    if (const auto values = numbers(object, selector, scope)) return values->size() * numberSize;
+    if (text(object, selector, scope)) return textSize;
+    return std::nullopt;
+}
+
+std::optional<std::vector<std::uint32_t>>
+SimulatedAudioObjects::numbers(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const {
+    if (object == systemObject) {
+        const auto& audio = m_mac.facts.audio;
+        if (scope != globalScope || !audio || !m_mac.reads(SimulatedReading::audio)) return std::nullopt;
+        if (selector == fourCharCode("dOut") && audio->defaultOutput)
+            return std::vector{*audio->defaultOutput};
+        if (selector != fourCharCode("dev#") || !audio->devices) return std::nullopt;
+        std::vector<std::uint32_t> ids;
+        for (const auto& entry : *audio->devices)
+            ids.push_back(entry.id);
+        return ids;
+    }
+    if (selector == fourCharCode("stm#"))
+        return std::nullopt; // its data are stream ids, its size alone is told
+    if (const auto value = number(object, selector, scope)) return std::vector{*value};
+    return std::nullopt;
+}
+
+std::optional<std::string> SimulatedAudioObjects::text(std::uint32_t object, std::uint32_t selector,
+                                                       std::uint32_t scope) const {
+    const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
+    return found && selector == fourCharCode("lnam") ? found->name : std::nullopt;
+}
+
+std::optional<std::string> SimulatedAudioObjects::translatedText(std::uint32_t object, std::uint32_t selector,
+                                                                 std::uint32_t scope,
+                                                                 std::uint32_t code) const {
+    const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
+    if (!found || selector != fourCharCode("lscn")) return std::nullopt;
+    const auto name = found->sources.find(code);
+    if (name == found->sources.end()) return std::nullopt;
+    return name->second;
+}
+
+std::unique_ptr<ToneEngine> SimulatedToneOutput::makeEngine() {
+    return std::make_unique<SimulatedToneEngine>(m_mac);
+}
+
+} // namespace tessivo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/simulated/SimulatedMac.h"
+
+namespace tessivo {
+
+/// The audio devices of a simulated Mac under the selectors of their properties. Main thread.
+class SimulatedAudioObjects final : public AudioObjects {
+public:
+    explicit SimulatedAudioObjects(const SimulatedMac& mac) : m_mac(mac) {}
+
+    bool hasProperty(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const override;
+    std::optional<std::uint32_t> propertyDataSize(std::uint32_t object, std::uint32_t selector,
+                                                  std::uint32_t scope) const override;
+    std::optional<std::vector<std::uint32_t>> numbers(std::uint32_t object, std::uint32_t selector,
+                                                      std::uint32_t scope) const override;
+    std::optional<std::string> text(std::uint32_t object, std::uint32_t selector,
+                                    std::uint32_t scope) const override;
+    std::optional<std::string> translatedText(std::uint32_t object, std::uint32_t selector,
+                                              std::uint32_t scope, std::uint32_t code) const override;
+
+private:
+    const MachineFile::AudioDevice* device(std::uint32_t object) const;
+    std::optional<std::uint32_t> number(std::uint32_t object, std::uint32_t selector,
+                                        std::uint32_t scope) const;
+
+    const SimulatedMac& m_mac;
+};
+
+/// Engines that record what is played. Main thread.
+class SimulatedToneOutput final : public ToneOutput {
+public:
+    explicit SimulatedToneOutput(SimulatedMac& mac) : m_mac(mac) {}
+
+    std::unique_ptr<ToneEngine> makeEngine() override;
+
+private:
+    SimulatedMac& m_mac;
+};
+
+} // namespace tessivo

@@ -1,0 +1,246 @@
+#include "platform/simulated/SimulatedControls.h"
+
+#include "kit/hardware/AudioOutputInfo.h"
+#include "platform/simulated/SimulatedTools.h"
+
+#include <algorithm>
+
+namespace tessivo {
+
+namespace {
+
+using AudioDevice = MachineFile::AudioDevice;
+
+constexpr std::int64_t linkUp = 3;   // valid and active
+constexpr std::int64_t linkDown = 1; // valid
+constexpr const char* jackDeviceName = "External Headphones";
+
+/// Whether the location lies behind the hub's: a device's place has its hub's places in front.
+bool isBehind(std::int64_t location, std::int64_t hub) {
+    if (hub == 0 || location == hub) return false;
+    std::int64_t below = 0; // the places that the hub leaves free
+    while (!(hub & (below << 4 | 0xF)))
+        below = below << 4 | 0xF;
+    return (location & ~below) == hub;
+}
+
+void set(PropertyMap& map, const std::string& key, Property value) {
+    if (std::holds_alternative<std::monostate>(value.value))
+        map.erase(key);
+    else
+        map[key] = std::move(value);
+}
+
+bool isBuiltInOutput(const AudioDevice& device) {
+    const auto transport = device.numbers.find("tran");
+    const auto streams = device.numbers.find("stm#");
+    return transport != device.numbers.end() && transport->second == fourCharCode("bltn") &&
+           streams != device.numbers.end() && streams->second > 0;
+}
+
+} // namespace
+
+void SimulatedControls::breakReading(SimulatedReading reading) {
+    mac().broken.insert(reading);
+}
+
+void SimulatedControls::mendReading(SimulatedReading reading) {
+    mac().broken.erase(reading);
+}
+
+void SimulatedControls::plugUSB(PropertyMap properties) {
+    facts().registry["IOUSBHostDevice"].push_back({"IOUSBHostDevice", std::move(properties), nullptr});
+}
+
+void SimulatedControls::plugUSB(const std::string& name, std::int64_t vendorID, std::int64_t productID,
+                                std::uint32_t locationID, std::int64_t deviceClass, std::int64_t speed) {
+    plugUSB({{"USB Product Name", name},
+             {"idVendor", vendorID},
+             {"idProduct", productID},
+             {"locationID", std::int64_t(locationID)},
+             {"bDeviceClass", deviceClass},
+             {"Device Speed", speed}});
+}
+
+bool SimulatedControls::unplugUSB(std::uint32_t locationID) {
+    return std::erase_if(facts().registry["IOUSBHostDevice"], [&](const RegistryEntry& entry) {
+               const auto location =
+                   entry.properties ? integer(*entry.properties, "locationID") : std::nullopt;
+               return location && (*location == locationID || isBehind(*location, locationID));
+           }) > 0;
+}
+
+bool SimulatedControls::raiseLink(const std::string& bsdName, std::int64_t bitsPerSecond) {
+    return setLink(bsdName, linkUp, bitsPerSecond);
+}
+
+bool SimulatedControls::dropLink(const std::string& bsdName) {
+    return setLink(bsdName, linkDown, 0);
+}
+
+bool SimulatedControls::setLink(const std::string& bsdName, std::int64_t status, std::int64_t bitsPerSecond) {
+    auto& interfaces = facts().registry["IONetworkInterface"];
+    const auto entry = std::ranges::find_if(interfaces, [&](const RegistryEntry& candidate) {
+        return candidate.properties && text(*candidate.properties, "BSD Name") == bsdName;
+    });
+    if (entry == interfaces.end()) return false;
+    auto controller = entry->parent ? *entry->parent : RegistryEntry{};
+    if (!controller.properties) controller.properties.emplace();
+    (*controller.properties)["IOLinkStatus"] = status;
+    (*controller.properties)["IOLinkSpeed"] = bitsPerSecond;
+    entry->parent = std::make_shared<const RegistryEntry>(std::move(controller));
+    return true;
+}
+
+void SimulatedControls::setBattery(const std::string& key, Property value) {
+    auto& batteries = facts().registry["AppleSmartBattery"];
+    if (batteries.empty()) batteries.push_back({"AppleSmartBattery", PropertyMap{}, nullptr});
+    auto& properties = batteries.front().properties;
+    if (!properties) properties.emplace();
+    set(*properties, key, std::move(value));
+}
+
+void SimulatedControls::setPowerSource(const std::string& key, Property value) {
+    auto& sources = facts().powerSources;
+    if (!sources) sources.emplace();
+    if (sources->empty()) sources->emplace_back(PropertyMap{});
+    if (auto* source = std::get_if<PropertyMap>(&sources->front().value)) set(*source, key, std::move(value));
+}
+
+void SimulatedControls::removeBattery() {
+    facts().registry["AppleSmartBattery"].clear();
+    facts().powerSources = PropertyList{};
+}
+
+void SimulatedControls::setEnrolled(bool enrolled) {
+    setEnrollmentAnswer(enrolled ? "Enrolled via DEP: Yes\nMDM enrollment: Yes (User Approved)\n"
+                                 : "Enrolled via DEP: No\nMDM enrollment: No\n");
+}
+
+void SimulatedControls::setEnrollmentAnswer(std::string output, int exitStatus) {
+    m_platform.tools().answer(enrollmentTool, {exitStatus, std::move(output)});
+}
+
+void SimulatedControls::removeEnrollmentTool() {
+    m_platform.tools().remove(enrollmentTool);
+}
+
+void SimulatedControls::hangEnrollmentTool() {
+    m_platform.tools().hang(enrollmentTool);
+}
+
+void SimulatedControls::floodEnrollmentTool() {
+    setEnrollmentAnswer(std::string(2 * SystemTools::largestOutput, 'y'));
+}
+
+std::size_t SimulatedControls::enrollmentRuns() const {
+    return m_platform.tools().runs().size();
+}
+
+void SimulatedControls::insertHeadphones(JackForm form) {
+    pullHeadphones();
+    if (!facts().audio) facts().audio.emplace();
+    auto& audio = *facts().audio;
+    if (!audio.devices) audio.devices.emplace();
+    // What is pulled later is what stands now.
+    m_pullHeadphones = [this, before = audio] { facts().audio = before; };
+
+    auto& devices = *audio.devices;
+    if (form == JackForm::dataSource) {
+        const auto output = std::ranges::find_if(devices, isBuiltInOutput);
+        if (output == devices.end()) return;
+        output->numbers["ssrc"] = fourCharCode("hdpn");
+        output->sources.emplace(fourCharCode("hdpn"), "Headphones");
+        return;
+    }
+    auto jack = std::ranges::find(devices, jackDeviceName, &AudioDevice::name);
+    if (jack == devices.end()) {
+        std::uint32_t id = AudioObjects::systemObject;
+        for (const auto& device : devices)
+            id = std::max(id, device.id);
+        devices.push_back(
+            {id + 1, {{"tran", fourCharCode("bltn")}, {"stm#", 4}}, jackDeviceName, {}, {48000, 2}});
+        jack = devices.end() - 1;
+    }
+    jack->numbers["jack"] = 1;
+    audio.defaultOutput = jack->id;
+}
+
+void SimulatedControls::pullHeadphones() {
+    if (const auto pull = std::exchange(m_pullHeadphones, nullptr)) pull();
+}
+
+void SimulatedControls::addDevice(MediaType type, CaptureDevice device) {
+    facts().captureDevices[type].push_back({std::move(device), true});
+}
+
+void SimulatedControls::removeDevice(MediaType type, const std::string& deviceID) {
+    std::erase_if(facts().captureDevices[type],
+                  [&](const auto& entry) { return entry.device.uniqueID == deviceID; });
+    m_platform.capture().setBehaviour(deviceID, {});
+}
+
+void SimulatedControls::setOpens(MediaType type, const std::string& deviceID, bool opens) {
+    for (auto& entry : facts().captureDevices[type])
+        if (entry.device.uniqueID == deviceID) entry.opens = opens;
+}
+
+void SimulatedControls::setOpening(const std::string& deviceID,
+                                   std::optional<std::chrono::milliseconds> delay) {
+    auto behaviour = m_platform.capture().behaviour(deviceID);
+    behaviour.opening = delay;
+    m_platform.capture().setBehaviour(deviceID, behaviour);
+}
+
+bool SimulatedControls::speak(const std::string& microphoneID, double level) {
+    return feed(microphoneID, testSamples(level, 960), 2);
+}
+
+bool SimulatedControls::feed(const std::string& microphoneID, std::vector<float> samples, int channelCount) {
+    return m_platform.capture().deliver(
+        microphoneID, [samples = std::move(samples), channelCount](CaptureDelegate& delegate) {
+            delegate.audio({samples, channelCount});
+        });
+}
+
+bool SimulatedControls::sendFrames(const std::string& cameraID, std::size_t count) {
+    return m_platform.capture().deliver(cameraID, [count](CaptureDelegate& delegate) {
+        for (std::size_t frame = 0; frame < count; ++frame)
+            delegate.video(testPicture(frame));
+    });
+}
+
+void SimulatedControls::keepSpeaking(const std::string& microphoneID, std::optional<double> level) {
+    auto behaviour = m_platform.capture().behaviour(microphoneID);
+    behaviour.level = level;
+    m_platform.capture().setBehaviour(microphoneID, behaviour);
+}
+
+void SimulatedControls::keepSending(const std::string& cameraID, bool sends) {
+    auto behaviour = m_platform.capture().behaviour(cameraID);
+    behaviour.sendsFrames = sends;
+    m_platform.capture().setBehaviour(cameraID, behaviour);
+}
+
+void SimulatedControls::touch(const std::vector<FingerPosition>& fingers) {
+    // A handler may stop the touches while it runs.
+    if (const auto handler = mac().fingers.touches) handler(fingers);
+}
+
+void SimulatedControls::gesture(const std::string& word) {
+    if (const auto handler = mac().fingers.gesture) handler(word);
+}
+
+void SimulatedControls::setHistoryReadOnly(bool readOnly) {
+    using std::filesystem::perms;
+    const auto folders = m_platform.folders().applicationSupport();
+    if (folders.empty()) return;
+    const auto history = folders.front() / "History";
+    std::error_code error; // a folder that can't be made is as unwritable as one could wish
+    std::filesystem::create_directories(history, error);
+    std::filesystem::permissions(
+        history, perms::owner_write,
+        readOnly ? std::filesystem::perm_options::remove : std::filesystem::perm_options::add, error);
+}
+
+} // namespace tessivo

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "platform/simulated/SimulatedCapture.h"
+#include "platform/simulated/SimulatedPlatform.h"
+#include "platform/simulated/SimulatedWording.h"
+
+namespace tessivo {
+
+/// What a person could do to a simulated Mac: plug, break, speak, deny. For tests and the demo's panel;
+/// the application never sees it. Every change is found by the application's own polls, signalled by
+/// nothing. Main thread; the platform outlives it.
+class SimulatedControls final {
+public:
+    /// How a Mac shows headphones: the built-in output changes its data source, or a further built-in
+    /// output, "External Headphones", stands in the list with its jack connected.
+    enum class JackForm { dataSource, separateDevice };
+
+    static constexpr const char* enrollmentTool = "/usr/bin/profiles";
+
+    explicit SimulatedControls(SimulatedPlatform& platform) : m_platform(platform) {}
+
+    // Readings
+    void breakReading(SimulatedReading reading);
+    void mendReading(SimulatedReading reading);
+    /// The raw facts themselves; what is changed here is read from now on.
+    MachineFile& facts() { return mac().facts; }
+
+    // USB
+    /// A device by its raw registry properties.
+    void plugUSB(PropertyMap properties);
+    void plugUSB(const std::string& name, std::int64_t vendorID, std::int64_t productID,
+                 std::uint32_t locationID, std::int64_t deviceClass = 0, std::int64_t speed = 3);
+    /// Takes away the device and, if it is a hub, whatever hangs behind it. False if there is none.
+    bool unplugUSB(std::uint32_t locationID);
+
+    // Ethernet; false if no interface has the name
+    bool raiseLink(const std::string& bsdName, std::int64_t bitsPerSecond);
+    bool dropLink(const std::string& bsdName);
+
+    // Battery: a raw key of the registry's entry or of the first power source; an empty value removes it
+    void setBattery(const std::string& key, Property value);
+    void setPowerSource(const std::string& key, Property value);
+    void removeBattery();
+
+    // Enrollment tool
+    void setEnrolled(bool enrolled);
+    void setEnrollmentAnswer(std::string output, int exitStatus = 0);
+    void removeEnrollmentTool();
+    void hangEnrollmentTool();
+    /// The tool prints far more than is kept of it, then ends well.
+    void floodEnrollmentTool();
+    std::size_t enrollmentRuns() const;
+
+    // Sound
+    void insertHeadphones(JackForm form);
+    void pullHeadphones();
+    void failEngine(bool fails) { mac().engineFails = fails; }
+    const std::vector<ScheduledTone>& tones() const { return mac().tones; }
+
+    // Microphones and cameras
+    void setAccess(MediaType type, AuthorizationStatus status) {
+        m_platform.capture().setAccess(type, status);
+    }
+    /// While held, a question for access waits for `setAccess`; else it is answered with yes.
+    void holdPrompts(bool held) { m_platform.capture().holdPrompts(held); }
+    void addDevice(MediaType type, CaptureDevice device);
+    /// A session on the device gets nothing more.
+    void removeDevice(MediaType type, const std::string& deviceID);
+    /// Whether the device can be opened at all.
+    void setOpens(MediaType type, const std::string& deviceID, bool opens);
+    /// How long the device takes to open; nothing: it never does.
+    void setOpening(const std::string& deviceID, std::optional<std::chrono::milliseconds> delay);
+    /// A session is open or opening on the device.
+    bool isOpen(const std::string& deviceID) const { return m_platform.capture().isOpen(deviceID); }
+    /// One buffer of 20 ms at the level in dB. This and the next two return when the session's thread has
+    /// delivered, with false if no session is open on the device.
+    bool speak(const std::string& microphoneID, double level);
+    bool feed(const std::string& microphoneID, std::vector<float> samples, int channelCount);
+    bool sendFrames(const std::string& cameraID, std::size_t count);
+    /// Buffers at the level without end, as long as a session is open; nothing: no more.
+    void keepSpeaking(const std::string& microphoneID, std::optional<double> level);
+    void keepSending(const std::string& cameraID, bool sends);
+
+    // Trackpad; both do nothing while nobody listens
+    bool trackpadIsWatched() const { return bool(mac().fingers.touches); }
+    void touch(const std::vector<FingerPosition>& fingers);
+    /// "click", "secondary", "force", "scroll" or "zoom".
+    void gesture(const std::string& word);
+
+    // Storage
+    void failDefaults(bool fails) { mac().defaultsFail = fails; }
+    std::size_t defaultsWrites() const { return mac().defaultsWrites; }
+    /// Takes the right to write from the History folder, or gives it back. Without effect for root.
+    void setHistoryReadOnly(bool readOnly);
+
+    // Desktop, updates, wording
+    const std::vector<std::string>& openedURLs() const { return mac().openedURLs; }
+    const std::optional<std::string>& pasteboardText() const { return mac().pasteboard; }
+    void setFeedURL(std::optional<std::string> url) { mac().feedURL = std::move(url); }
+    std::size_t updateChecks() const { return mac().updateChecks; }
+    SimulatedWording& wording() { return m_platform.wording(); }
+
+private:
+    SimulatedMac& mac() const { return m_platform.mac(); }
+    bool setLink(const std::string& bsdName, std::int64_t status, std::int64_t bitsPerSecond);
+
+    SimulatedPlatform& m_platform;
+    std::function<void()> m_pullHeadphones;
+};
+
+} // namespace tessivo

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "kit/support/Describe.h"
+#include "platform/Input.h"
+#include "platform/simulated/MachineFile.h"
+
+#include <set>
+
+namespace tessivo {
+
+/// Readings that can be made to fail.
+enum class SimulatedReading {
+    model,
+    chip,
+    build,
+    serial,
+    storage,
+    battery,
+    powerSources,
+    usb,
+    network,
+    audio
+};
+BOOST_DESCRIBE_ENUM(SimulatedReading, model, chip, build, serial, storage, battery, powerSources, usb,
+                    network, audio)
+
+/// One tone that was handed to an engine.
+struct ScheduledTone {
+    std::optional<std::uint32_t> device; ///< where it went; nothing if there was no output
+    bool left = false;                   ///< the channel held anything but silence
+    bool right = false;
+    std::size_t frames = 0;
+    double sampleRate = 0;
+    bool sounded = false; ///< the engine ran
+
+    bool operator==(const ScheduledTone&) const = default;
+};
+
+/// What a simulated Mac is just now: the facts of its file, as its controls have changed them since, and
+/// what was asked of it. The simulated interfaces read it, `SimulatedControls` writes it; main thread.
+struct SimulatedMac {
+    MachineFile facts;
+    std::set<SimulatedReading> broken;
+
+    bool engineFails = false;
+    std::vector<ScheduledTone> tones;
+
+    FingerTouches::Handlers fingers;
+
+    bool defaultsFail = false;
+    std::size_t defaultsWrites = 0;
+
+    std::vector<std::string> openedURLs;
+    std::optional<std::string> pasteboard;
+    std::optional<std::string> feedURL;
+    std::size_t updateChecks = 0;
+
+    bool reads(SimulatedReading reading) const { return !broken.contains(reading); }
+    /// Null if there is no such device.
+    const MachineFile::AudioDevice* audioDevice(std::uint32_t id) const;
+};
+
+} // namespace tessivo

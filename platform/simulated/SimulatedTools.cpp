@@ -1,0 +1,48 @@
+#include "platform/simulated/SimulatedTools.h"
+
+namespace tessivo {
+
+SimulatedTools::SimulatedTools(const std::map<std::string, ToolRun>& tools) {
+    for (const auto& [path, run] : tools)
+        answer(path, run);
+}
+
+std::optional<ToolRun> SimulatedTools::run(const std::string& executable,
+                                           const std::vector<std::string>& arguments,
+                                           std::stop_token stop) const {
+    std::unique_lock lock(m_mutex);
+    m_runs.push_back(arguments);
+    const auto ends = [&] {
+        const auto tool = m_tools.find(executable);
+        return tool == m_tools.end() || !tool->second.hangs;
+    };
+    m_changed.wait(lock, stop, ends);
+    const auto tool = m_tools.find(executable);
+    if (stop.stop_requested() || tool == m_tools.end()) return std::nullopt;
+    return tool->second.run;
+}
+
+void SimulatedTools::answer(const std::string& executable, ToolRun run) {
+    if (run.standardOutput.size() > largestOutput) run.standardOutput.resize(largestOutput);
+    const std::lock_guard lock(m_mutex);
+    m_tools[executable] = {std::move(run), false};
+    m_changed.notify_all();
+}
+
+void SimulatedTools::remove(const std::string& executable) {
+    const std::lock_guard lock(m_mutex);
+    m_tools.erase(executable);
+    m_changed.notify_all();
+}
+
+void SimulatedTools::hang(const std::string& executable) {
+    const std::lock_guard lock(m_mutex);
+    m_tools[executable].hangs = true;
+}
+
+std::vector<std::vector<std::string>> SimulatedTools::runs() const {
+    const std::lock_guard lock(m_mutex);
+    return m_runs;
+}
+
+} // namespace tessivo
