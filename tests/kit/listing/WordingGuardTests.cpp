@@ -1,0 +1,232 @@
+#include "kit/listing/Strings.h"
+#include "kit/listing/WordingGuard.h"
+#include "kit/support/Text.h"
+#include "tests/kit/listing/ListingReports.h"
+
+#include <gtest/gtest.h>
+
+using namespace tessivo;
+using ListingReports::writeUp;
+using Case = GuardIssue::Case;
+using Issues = std::vector<GuardIssue>;
+
+namespace {
+
+ListingWriteUp bound(const std::string& text, std::vector<std::string> fixed = {},
+                     std::int64_t problems = 0) {
+    ListingWriteUp made;
+    made.text = text;
+    made.facts = {std::move(fixed), Numbers::find(text), problems};
+    made.language = "en";
+    return made;
+}
+
+Issues check(const std::string& text, const ListingWriteUp& made) {
+    return WordingGuard::check(text, made);
+}
+
+Issues claims(std::initializer_list<const char*> texts) {
+    Issues issues;
+    for (const char* text : texts)
+        issues.push_back({Case::addedClaim, text});
+    return issues;
+}
+
+} // namespace
+
+TEST(WordingGuard, comparesWithoutRegardToCaseQuotesDashesEmphasisAndLines) {
+    const std::pair<std::string, std::string> rows[] = {
+        {"  It’s ‘Fine’ \r\n“OK” \u00a0 – yes\u2028— **Bold** __text__\t",
+         "it's 'fine' \"ok\" - yes - bold text"},
+        {"ÁRBOL ÑANDÚ", "árbol ñandú"},
+        {"***a*** _b_ *c* ____", "*a* _b_ *c*"},
+        {"_**_x", "x"}, // stars go first, which makes a pair of lines
+        {"ΟΔΟΣ ΣΑΣ", "οδος σας"},
+        {"** __ \n", ""},
+        {"", ""}};
+    for (const auto& [text, form] : rows)
+        EXPECT_EQ(WordingGuard::normalized(text), form) << text;
+}
+
+TEST(WordingGuard, everyTemplatePassesItself) {
+    ConditionReport odd = ListingReports::mixed();
+    odd.notes = "\u0301tilde\r\n**star* __ ΟΔΟΣ 👨‍👩‍👧‍👦 \u0600\n\u0301";
+    odd.machine.chip = "\u0308";
+    odd.machine.osVersion = "🇪🇸\u200d";
+    for (const ConditionReport& report : {ListingReports::mixed(), ListingReports::clean(), odd}) {
+        for (const char* language : {"en", "es"}) {
+            const ListingWriteUp made = writeUp(report, language, true);
+            EXPECT_EQ(check(made.text, made), Issues{}) << made.text;
+            EXPECT_EQ(check(Text::replaced(made.text, "\n", " "), made), Issues{});
+        }
+    }
+}
+
+TEST(WordingGuard, anEmptyAnswerIsOneFinding) {
+    const ListingWriteUp made = writeUp(ListingReports::mixed());
+    for (const char* text : {"", " \n\t", "**", "\u2003__\r\n"})
+        EXPECT_EQ(check(text, made), (Issues{{Case::empty, ""}})) << text;
+}
+
+TEST(WordingGuard, countsLengthInCharactersAsAReaderSeesThem) {
+    const ListingWriteUp made = bound("Two 👨‍👩‍👧‍👦\r\né"); // seven characters
+    const auto padded = [](const std::string& unit, std::size_t count) {
+        std::string text;
+        for (std::size_t i = 0; i < count; ++i)
+            text += unit;
+        return text;
+    };
+    for (const char* unit : {"x", "é", "e\u0301", "👨‍👩‍👧‍👦", "🇪🇸"}) {
+        EXPECT_EQ(check(padded(unit, 214), made), Issues{}) << unit;
+        EXPECT_EQ(check(padded(unit, 215), made), (Issues{{Case::tooLong, ""}})) << unit;
+    }
+    EXPECT_EQ(check(padded("\r\n", 213) + "x", made), Issues{});
+    EXPECT_EQ(check(padded("\r\n", 214) + "x", made), (Issues{{Case::tooLong, ""}}));
+}
+
+TEST(WordingGuard, findsFactsAsTheyRead) {
+    const struct {
+        const char* fact;
+        const char* text;
+        bool kept;
+    } rows[] = {
+        {"16 GB", "a 16 GB Mac", true},
+        {"16 GB", "a 16\n GB Mac", true},
+        {"16 GB", "116 GBs", true}, // facts are plain, not bounded
+        {"16 GB", "16GB", false},
+        {"The “N” key — often", "the \"n\"\r\nKEY - often", true},
+        {"The “N” key", "the 'n' key", false},
+        {"Cámara", "CA\u0301MARA", true},
+        {"Ca\u0301mara", "la cámara", true},
+        {"camara", "cámara", false},
+        {"Camara", "camara\u0301", false}, // the last letter is another one
+        {"\u1e9b\u0323", "\u017f\u0323\u0307", true},
+        {"ΟΔΟΣ", "ΟΔΟΣ's", true},
+        {"ΟΔΟΣ", "οδος", true},
+        {"Dented", "**Den**ted", true},
+        {"👨‍👩‍👧‍👦", "a 👨‍👩‍👧‍👦!", true},
+        {"👨‍👩‍👧", "a 👨‍👩‍👧‍👦!", false}, // part of a family
+        {"line\nfeed", "line\r\n\r\nfeed", true},
+        {"**", "anything", true},
+        {"İstanbul", "i\u0307stanbul", true},
+    };
+    for (const auto& [fact, text, kept] : rows) {
+        ListingWriteUp made = bound(fact + std::string(" ") + text, {fact});
+        made.facts.numbers = Numbers::find(text);
+        EXPECT_EQ(check(text, made), kept ? Issues{} : (Issues{{Case::missingFact, fact}}))
+            << fact << " in " << text;
+    }
+}
+
+TEST(WordingGuard, numbersHaveNoTolerance) {
+    const ListingWriteUp made = bound("10 9 16.0 1.5 143");
+    EXPECT_EQ(check("143 cycles, 1.5, 16.0, 9, 10.", made), Issues{});
+    EXPECT_EQ(check("10 9 16 1,5 143 20", made), (Issues{{Case::addedNumber, "1,5"},
+                                                         {Case::addedNumber, "16"},
+                                                         {Case::addedNumber, "20"},
+                                                         {Case::missingNumber, "1.5"},
+                                                         {Case::missingNumber, "16.0"}}));
+    EXPECT_EQ(check("١٠ 9 16.0 1.5 143", made),
+              (Issues{{Case::addedNumber, "١٠"}, {Case::missingNumber, "10"}}));
+}
+
+TEST(WordingGuard, claimsAreWordsOfTheirOwn) {
+    const ListingWriteUp made = bound("A Mac with 2 ports");
+    const std::pair<const char*, Issues> rows[] = {
+        {"Perfectly fine, 2", claims({"perfectly"})},
+        {"imperfect perfection minted peppermint, 2", {}},
+        {"garanti\u0301a, 2", claims({"garantía"})},
+        {"GARANTI\u0301A, 2", claims({"garantía"})},
+        {"garantia 2", {}},
+        {"perfect\u0301 2", {}}, // its last letter carries an accent
+        {"\u00bfNUEVO? 2", claims({"nuevo"})},
+        {"como\n\nnuevo 2", claims({"como nuevo", "nuevo"})},
+        {"**Like** __new__ 2", claims({"like new"})},
+        {"2mint 2 mint2", {}},
+        {"mint½ ñmint mintж 字mint ²mint 2", {}},
+        {"unminted mint-green 2", claims({"mint"})}, // behind a hit that is no word
+        {"👍mint👍 2", claims({"mint"})},
+        {"2“mint”", claims({"mint"})},
+        {"applecare/warranty, certified_verified 2",
+         claims({"certified", "verified", "warranty", "applecare"})},
+    };
+    for (const auto& [text, issues] : rows) {
+        EXPECT_EQ(check(text, made), issues) << text;
+    }
+    EXPECT_EQ(check("100% working 2", made),
+              (Issues{{Case::addedNumber, "100"}, {Case::addedClaim, "100%"}}));
+    EXPECT_EQ(check("(100%), 2", bound("2 100")), claims({"100%"}));
+    EXPECT_EQ(check("100%x 2", bound("2 100")), Issues{});
+}
+
+TEST(WordingGuard, whatTheTemplateSaysIsNoAddedClaim) {
+    const ListingWriteUp notes = bound("The seller says: Works great, 100% original");
+    EXPECT_EQ(check("works GREAT - 100% original", notes), Issues{});
+    // But the template must have it as a word of its own, too.
+    EXPECT_EQ(check("mint", bound("peppermint")), claims({"mint"}));
+}
+
+TEST(WordingGuard, noProblemsIsAClaimOnlyWhereThereAreSome) {
+    for (const char* text : {"No problems found.", "There were no issues", "Sin problemas, de verdad"}) {
+        EXPECT_EQ(check(text, bound("x", {}, 0)), Issues{}) << text;
+        EXPECT_EQ(check(text, bound("x", {}, 1)).size(), 1u) << text;
+    }
+    EXPECT_EQ(check("no problems, no issues", bound("x", {}, 2)), claims({"no issues", "no problems"}));
+}
+
+TEST(WordingGuard, catchesItsOwnInstructions) {
+    const ListingWriteUp made = bound("A Mac");
+    EXPECT_EQ(check("These phrases must appear word\nfor word", made),
+              claims({"word for word", "these phrases must appear"}));
+    EXPECT_EQ(check("xpalabra por palabrax", made), claims({"palabra por palabra"})); // plain, not bounded
+    EXPECT_EQ(check("word for word", bound("copied Word for Word")), Issues{});
+}
+
+TEST(WordingGuard, findingsComeInTheirOrder) {
+    const ListingWriteUp made = writeUp(ListingReports::clean(), "en", true);
+    std::string text = "8.5 nuevo word for word mint ";
+    text.append(3000, 'z');
+    const Issues issues = check(text, made);
+    Issues expected = {{Case::tooLong, ""}};
+    for (const std::string& fact : made.facts.fixed)
+        expected.push_back({Case::missingFact, fact});
+    expected.push_back({Case::addedNumber, "8.5"});
+    for (const std::string& number : made.facts.numbers)
+        expected.push_back({Case::missingNumber, number});
+    for (const char* claim : {"word for word", "mint", "nuevo"})
+        expected.push_back({Case::addedClaim, claim});
+    EXPECT_EQ(issues, expected);
+    ASSERT_EQ(made.facts.fixed.back(), "J4N7WQX2PL");
+}
+
+TEST(WordingGuard, hostileTextsAreJustTexts) {
+    const ListingWriteUp made = bound("A Mac", {"A Mac"});
+    const std::string rows[] = {std::string("A Mac\0mint", 10), "A Mac \xff\xfe mint \xc3",
+                                "\u202eA Mac\u202c mint", "A Mac " + std::string(100, '\r') + "mint"};
+    for (const std::string& text : rows)
+        EXPECT_EQ(check(text, made), claims({"mint"}));
+    std::string endless = "A Mac";
+    endless.append(1 << 20, 'a');
+    EXPECT_EQ(check(endless, made), (Issues{{Case::tooLong, ""}}));
+}
+
+TEST(GuardIssue, readsInBothLanguages) {
+    const std::tuple<GuardIssue, const char*, const char*> rows[] = {
+        {{Case::missingFact, "16 GB"}, "It left out or changed “16 GB”.", "Omitió o cambió “16 GB”."},
+        {{Case::addedNumber, "3"},
+         "It added the number 3, which isn't in the report.",
+         "Añadió el número 3, que no está en el informe."},
+        {{Case::missingNumber, "1,5"}, "It dropped the number 1,5.", "Omitió el número 1,5."},
+        {{Case::addedClaim, "100%"},
+         "It said “100%”, which the report doesn't.",
+         "Dijo “100%”, y el informe no lo dice."},
+        {{Case::empty, ""}, "It came back empty.", "Llegó vacía."},
+        {{Case::tooLong, ""},
+         "It came back much longer than the report.",
+         "Llegó mucho más larga que el informe."},
+    };
+    for (const auto& [issue, english, spanish] : rows) {
+        EXPECT_EQ(Lang::with("en", [&, i = issue] { return i.message(); }), english);
+        EXPECT_EQ(Lang::with("es", [&, i = issue] { return i.message(); }), spanish);
+    }
+}
