@@ -83,7 +83,7 @@ void writeSpecs(ReportWriter& writer, const MachineInfo& machine) {
 
 void writeResult(ReportWriter& writer, const TestResult& result) {
     const StatusLook status = look(result.status);
-    writer.paragraph({.before = 6, .after = 1, .tabs = rowTabs, .keepWithNext = true});
+    writer.paragraph({.before = 6, .after = 1, .tabs = rowTabs});
     writer.symbol(status.glyph, {.size = 11, .weight = QFont::Bold, .color = status.color});
     writer.run("\t", {});
     writer.run(title(result.test), {.weight = QFont::DemiBold});
@@ -103,7 +103,7 @@ void writeResult(ReportWriter& writer, const TestResult& result) {
 }
 
 void writeSectionHeading(ReportWriter& writer, const std::string& text, double after) {
-    writer.paragraph({.before = 16, .after = after, .keepWithNext = true});
+    writer.paragraph({.before = 16, .after = after});
     writer.run(text, {.size = 13, .weight = QFont::Bold});
 }
 
@@ -129,9 +129,9 @@ void writePickup(ReportWriter& writer, const ConditionReport& report) {
     // The empty line before the box, and the box's own paragraphs.
     writer.paragraph({.after = 6});
     writer.run(" ", {.size = 8});
-    writer.beginBox();
+    writer.beginBox(14);
     const std::int64_t minutes = report.pickupMinutes();
-    writer.paragraph({.after = 4, .keepWithNext = true});
+    writer.paragraph({.after = 4});
     writer.run("Check it yourself at pickup (under " + std::to_string(minutes) +
                    (minutes == 1 ? " minute)" : " minutes)"),
                {.size = 13, .weight = QFont::Bold});
@@ -147,7 +147,7 @@ void writePickup(ReportWriter& writer, const ConditionReport& report) {
         writer.run(step.expect, {.color = grey});
     }
     writer.endBox();
-    writer.paragraph({.before = 14});
+    writer.paragraph({});
     writer.run(ReportText::disclaimer, {.size = 8.5, .color = grey});
 }
 
@@ -182,7 +182,7 @@ std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
 std::unique_ptr<QTextDocument> paged(const ConditionReport& report, QSizeF paper, double margin,
                                      const std::string& timeZone) {
     auto document = build(report, timeZone);
-    document->setDocumentMargin(margin);
+    document->setDocumentMargin(ReportWriter::lengthOf(margin));
     document->setPageSize(paper);
     return document;
 }

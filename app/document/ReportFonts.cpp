@@ -61,13 +61,18 @@ QFont symbol(double size, QFont::Weight weight, char32_t glyph) {
     return text(size, weight);
 }
 
-QFont fitted(QFont font, const QString& text) {
-    // Up to Latin Extended-B and the general punctuation nothing needs shaping but a combining mark.
-    const bool plain = std::ranges::all_of(text, [](QChar c) {
-        return c.unicode() < 0x0250 || (c.unicode() >= 0x2010 && c.unicode() <= 0x2027) ||
-               c.unicode() == 0x203A;
+bool isPlain(const QString& text) {
+    // Up to Latin Extended-B, the general punctuation and the report's own glyphs.
+    return std::ranges::all_of(text, [](QChar c) {
+        const char16_t u = c.unicode();
+        return u < 0x0250 || (u >= 0x2010 && u <= 0x2028) || u == 0x203A || (u >= 0x2610 && u <= 0x2612) ||
+               (u >= 0x2713 && u <= 0x2715);
     });
-    if (plain) font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferNoShaping | QFont::PreferAntialias));
+}
+
+QFont fitted(QFont font, const QString& text) {
+    if (isPlain(text))
+        font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferNoShaping | QFont::PreferAntialias));
     return font;
 }
 

@@ -13,6 +13,9 @@ QFont monospaced(double size, QFont::Weight weight);
 /// A face that has the glyph, near the text's own look.
 QFont symbol(double size, QFont::Weight weight, char32_t glyph);
 
+/// Whether the text is of a script that needs no shaping and no room beyond the face's own.
+bool isPlain(const QString& text);
+
 /// The font as it is to be set for this text. Plain Latin text goes unshaped, so that every character of
 /// it can be searched and copied in a PDF; scripts that need shaping get it.
 QFont fitted(QFont font, const QString& text);

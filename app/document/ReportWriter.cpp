@@ -5,6 +5,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QPdfWriter>
 #include <QTextTable>
+#include <limits>
 
 namespace tessivo {
 
@@ -13,6 +14,7 @@ namespace {
 const QColor boxBackground = QColor::fromRgbF(0.92f, 0.97f, 0.94f);
 const QColor boxBorder = QColor::fromRgbF(0.55f, 0.78f, 0.64f);
 constexpr double boxPadding = 10;
+constexpr double lineSpacing = 1.22; ///< line height as a multiple of the size
 
 /// A device on which one unit is one point: what the document is measured for.
 class PointDevice final : public QPaintDevice {
@@ -47,7 +49,31 @@ PointDevice& pointDevice() {
     return device;
 }
 
+/// What a format's length must be for one point. The layout takes lengths as pixels of the screen and
+/// scales them to its device, so the factor is measured rather than guessed.
+double point() {
+    static const double factor = [] {
+        constexpr double probe = 1000;
+        QTextDocument document;
+        document.setDocumentMargin(0);
+        document.documentLayout()->setPaintDevice(&pointDevice());
+        QTextCursor cursor(&document);
+        cursor.insertBlock();
+        const double before = document.size().height();
+        QTextBlockFormat format;
+        format.setTopMargin(probe);
+        cursor.setBlockFormat(format);
+        const double grown = document.size().height() - before;
+        return grown > 0 ? probe / grown : 1.0;
+    }();
+    return factor;
+}
+
 } // namespace
+
+double ReportWriter::lengthOf(double points) {
+    return points * point();
+}
 
 ReportWriter::ReportWriter(int longestRun)
     : m_document(std::make_unique<QTextDocument>()), m_cursor(m_document.get()), m_longestRun(longestRun) {
@@ -60,16 +86,16 @@ ReportWriter::ReportWriter(int longestRun)
 void ReportWriter::paragraph(const Paragraph& style) {
     QTextBlockFormat format;
     // The layout keeps only the larger of two neighbouring margins; the sum is wanted.
-    format.setTopMargin(m_pendingSpace + style.before);
+    format.setTopMargin(lengthOf(m_pendingSpace + style.before));
     m_pendingSpace = style.after;
+    // Side margins and first-line indents, unlike all other lengths, are taken as the device's own.
     format.setLeftMargin(style.indent + style.hanging);
     format.setTextIndent(-style.hanging);
-    format.setNonBreakableLines(style.hanging > 0);
-    if (style.keepWithNext) format.setPageBreakPolicy(QTextFormat::PageBreak_Auto);
     QList<QTextOption::Tab> tabs;
     for (double tab : style.tabs)
-        tabs.append(QTextOption::Tab(tab, QTextOption::LeftTab));
+        tabs.append(QTextOption::Tab(lengthOf(tab), QTextOption::LeftTab));
     format.setTabPositions(tabs);
+    m_lineHeight = 0;
     if (m_blockIsFresh)
         m_cursor.setBlockFormat(format);
     else
@@ -78,6 +104,16 @@ void ReportWriter::paragraph(const Paragraph& style) {
 }
 
 void ReportWriter::insert(const QString& text, const QFont& font, const QColor& color) {
+    // The layout rounds a face's natural height up to whole points; a script that needs the room keeps it.
+    const bool plain = ReportFonts::isPlain(text);
+    const double height = plain ? lineSpacing * font.pointSizeF() : std::numeric_limits<double>::infinity();
+    if (height > m_lineHeight) {
+        m_lineHeight = height;
+        QTextBlockFormat format;
+        format.setLineHeight(plain ? lengthOf(height) : 100,
+                             plain ? QTextBlockFormat::FixedHeight : QTextBlockFormat::SingleHeight);
+        m_cursor.mergeBlockFormat(format);
+    }
     QTextCharFormat format;
     format.setFont(font);
     format.setForeground(color);
@@ -119,20 +155,24 @@ void ReportWriter::symbol(char32_t glyph, const Run& style) {
            style.color);
 }
 
-void ReportWriter::beginBox() {
+void ReportWriter::beginBox(double after) {
     QTextTableFormat format;
     format.setBorder(1);
     format.setBorderBrush(boxBorder);
     format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-    format.setBorderCollapse(true);
-    format.setBackground(boxBackground);
-    format.setCellPadding(boxPadding);
+    format.setBorderCollapse(false);
+    format.setCellPadding(lengthOf(boxPadding));
     format.setCellSpacing(0);
     format.setMargin(0);
-    format.setTopMargin(m_pendingSpace);
+    format.setTopMargin(lengthOf(m_pendingSpace));
+    format.setBottomMargin(lengthOf(after));
     format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
     QTextTable* table = m_cursor.insertTable(1, 1, format);
-    m_cursor = table->cellAt(0, 0).firstCursorPosition();
+    QTextTableCell cell = table->cellAt(0, 0);
+    QTextCharFormat cellFormat = cell.format();
+    cellFormat.setBackground(boxBackground);
+    cell.setFormat(cellFormat);
+    m_cursor = cell.firstCursorPosition();
     m_blockIsFresh = true;
     m_pendingSpace = 0;
 }

@@ -22,7 +22,6 @@ public:
         std::vector<double> tabs;
         double indent = 0;
         double hanging = 0;
-        bool keepWithNext = false;
     };
     struct Run {
         double size = 10.5;
@@ -38,10 +37,13 @@ public:
     void run(const std::string& text, const Run& style);
     /// One glyph in a face that has it.
     void symbol(char32_t glyph, const Run& style);
-    /// Paragraphs up to `endBox` stand in the buyer's box, full width.
-    void beginBox();
+    /// Paragraphs up to `endBox` stand in the buyer's box, full width, with this space behind it.
+    void beginBox(double after);
     void endBox();
     std::unique_ptr<QTextDocument> take();
+
+    /// What a length of points must be in a text format for the layout to come out at that many points.
+    static double lengthOf(double points);
 
 private:
     void insert(const QString& text, const QFont& font, const QColor& color);
@@ -50,6 +52,7 @@ private:
     QTextCursor m_cursor;
     int m_longestRun;
     double m_pendingSpace = 0; ///< the last paragraph's space after, which adds to the next one's before
+    double m_lineHeight = 0;   ///< of the paragraph that is being written
     bool m_blockIsFresh = true;
 };
 
