@@ -1,0 +1,55 @@
+#include "app/pages/ReportFlow.h"
+
+#include "app/document/ReportPrinting.h"
+#include "kit/report/ReportText.h"
+#include "kit/support/Files.h"
+
+#include <QPrinter>
+
+namespace tessivo::ReportFlow {
+
+namespace {
+
+QString offeredName(const ConditionReport& report, const char* extension) {
+    return QString::fromStdString(report.baseFileName()) + QLatin1String(extension);
+}
+
+} // namespace
+
+bool savePDF(const PageContext& context, const ConditionReport& report, QWidget* parent) {
+    const auto file = context.dialogs.savePath(parent, Dialogs::FileKind::pdf, offeredName(report, ".pdf"));
+    if (!file) return false;
+    if (ReportPrinting::savePDF(report, ReportPrinting::defaultPaper(), *file)) return true;
+    context.dialogs.inform(
+        parent, QObject::tr("The PDF couldn’t be saved"),
+        QObject::tr("Check that there is room on the disk and that the folder can be written, "
+                    "then save it again."));
+    return false;
+}
+
+void print(const PageContext& context, const ConditionReport& report, QWidget* parent) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageSize(ReportPrinting::defaultPaper());
+    printer.setDocName(QString::fromStdString(report.baseFileName()));
+    printer.setCreator(QStringLiteral("Tessivo"));
+    if (!context.dialogs.choosePrinter(parent, printer)) return;
+    if (!ReportPrinting::print(report, printer))
+        context.dialogs.inform(parent, QObject::tr("The report couldn’t be printed"),
+                               QObject::tr("Check the printer and its paper, then print it again."));
+}
+
+void copyText(const PageContext& context, const ConditionReport& report) {
+    context.model.platform().desktop().setPasteboardText(ReportText::text(report, {}));
+}
+
+void saveFile(const PageContext& context, const ConditionReport& report, QWidget* parent) {
+    const auto file = context.dialogs.savePath(parent, Dialogs::FileKind::json, offeredName(report, ".json"));
+    if (!file) return;
+    try {
+        Files::writeAtomically(*file, HistoryStore::encode(report));
+    } catch (const std::exception&) {
+        // Whoever saved it sees that there is no such file; the report itself is not lost.
+    }
+}
+
+} // namespace tessivo::ReportFlow
