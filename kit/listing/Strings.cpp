@@ -37,7 +37,7 @@ std::string filled(const std::string& format, const std::vector<std::string>& ar
 
 std::vector<std::filesystem::path> tableFiles() {
     std::vector<std::filesystem::path> files;
-    std::error_code ignored;
+    std::error_code ignored; // where there is no such link the program's own folders are left out
     const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
     if (!program.empty()) {
         const auto folder = program.parent_path();

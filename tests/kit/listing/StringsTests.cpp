@@ -1,5 +1,6 @@
 #include "kit/listing/Lang.h"
 #include "kit/listing/Strings.h"
+#include "kit/listing/WordingGuard.h"
 #include "kit/support/Text.h"
 #include "kit/vocabulary/TestID.h"
 
@@ -152,6 +153,15 @@ TEST(SpanishTable, keepsThePlaceholdersAndTheQuotesOfItsKeys) {
         EXPECT_FALSE(value.empty()) << key;
         EXPECT_TRUE(Numbers::find(value) == Numbers::find(key)) << key;
     }
+}
+
+TEST(SpanishTable, theListingsOwnWordsMakeNoClaim) {
+    // A claim that stands in the template would pass in every rewording of it.
+    ListingWriteUp blank;
+    blank.facts.problems = 1;
+    for (const std::string& key : together({titles(), listingKeys}))
+        for (const std::string& text : {key, inSpanish(key)})
+            EXPECT_EQ(WordingGuard::check(text, blank), std::vector<GuardIssue>{}) << text;
 }
 
 TEST(Strings, fillsEachPlaceholderInOrderAndAsItStands) {
