@@ -33,6 +33,10 @@ public:
     virtual Desktop& desktop() = 0;
     virtual UpdateFramework& updateFramework() = 0;
     virtual WordingService& wordingService() = 0;
+
+    /// Waits until devices that make themselves known after the start have done so, for two seconds at
+    /// most. For a support tool that asks once; the window goes on instead.
+    virtual void waitForDevices() {}
 };
 
 /// The platform this build runs on; the build chooses the one file that defines it.

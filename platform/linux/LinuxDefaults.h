@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Storage.h"
+
+#include <QString>
+#include <QVariant>
+
+namespace tessivo {
+
+/// The user's defaults in one settings file. A write that doesn't reach the disk leaves the value before
+/// it; the file is replaced whole. Main thread.
+class LinuxDefaults final : public Defaults {
+public:
+    explicit LinuxDefaults(const std::filesystem::path& file);
+
+    std::optional<std::string> data(const std::string& key) const override;
+    std::optional<std::string> text(const std::string& key) const override;
+    void setData(const std::string& key, const std::string& bytes) override;
+    void setText(const std::string& key, const std::string& text) override;
+
+private:
+    QVariant value(const std::string& key) const;
+    void store(const std::string& key, const QVariant& value);
+
+    QString m_file;
+};
+
+/// The user's data folder by the desktop's convention, below it "Tessivo".
+class LinuxFolders final : public Folders {
+public:
+    std::vector<std::filesystem::path> applicationSupport() const override;
+};
+
+} // namespace tessivo

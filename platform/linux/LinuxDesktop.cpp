@@ -1,0 +1,50 @@
+#include "platform/linux/LinuxDesktop.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QUrl>
+#include <stdexcept>
+
+namespace tessivo {
+
+namespace {
+
+class NoWordingModel final : public WordingModel {
+public:
+    std::string rewrite(const std::string&, const std::string&) override {
+        throw std::runtime_error("There is no language model on this computer.");
+    }
+};
+
+} // namespace
+
+void LinuxDesktop::openURL(const std::string& url) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+}
+
+void LinuxDesktop::setPasteboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+LinuxUpdateFramework::LinuxUpdateFramework(Desktop& desktop) : m_desktop(desktop) {}
+
+std::optional<std::string> LinuxUpdateFramework::feedURL() const {
+    const std::string url = TESSIVO_FEED_URL;
+    if (url.empty()) return std::nullopt;
+    return url;
+}
+
+void LinuxUpdateFramework::checkForUpdates() {
+    m_desktop.openURL(TESSIVO_RELEASES_URL);
+}
+
+WordingAvailability LinuxWordingService::availability() const {
+    return WordingAvailability::unsupported;
+}
+
+std::shared_ptr<WordingModel> LinuxWordingService::makeModel() {
+    return std::make_shared<NoWordingModel>();
+}
+
+} // namespace tessivo

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/MachineFacts.h"
+#include "platform/linux/SystemTree.h"
+
+namespace tessivo {
+
+/// Model from the firmware's tables (on an Apple machine the Mac's own identifier) or the device tree,
+/// chip from /proc/cpuinfo, memory as the kernel counts it, the kernel's release as the build, and the
+/// disk behind "/". The title is the distribution's name and version.
+class LinuxMachineFacts final : public MachineFacts {
+public:
+    explicit LinuxMachineFacts(SystemTree tree);
+
+    std::optional<std::string> sysctlbyname(const std::string& name) const override;
+    OperatingSystem operatingSystem() const override;
+    std::uint64_t physicalMemory() const override;
+    std::optional<std::int64_t> startupVolumeTotalCapacity() const override;
+
+private:
+    SystemTree m_tree;
+};
+
+} // namespace tessivo

@@ -1,0 +1,30 @@
+#include "platform/linux/LinuxPlatform.h"
+
+#include <QStandardPaths>
+
+namespace tessivo {
+
+namespace {
+
+constexpr std::chrono::seconds deviceWait(2);
+
+std::filesystem::path settingsFile() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return std::filesystem::path(folder.toStdString()) / "Tessivo" / "Tessivo.ini";
+}
+
+} // namespace
+
+LinuxPlatform::LinuxPlatform(const std::filesystem::path& root)
+    : m_machineFacts(SystemTree(root)),
+      m_registry(SystemTree(root)),
+      m_powerSources(SystemTree(root)),
+      m_systemTools(root),
+      m_defaults(settingsFile()),
+      m_updateFramework(m_desktop) {}
+
+void LinuxPlatform::waitForDevices() {
+    m_soundServer->waitUntilSettled(deviceWait);
+}
+
+} // namespace tessivo

@@ -1,0 +1,130 @@
+#include "platform/linux/NetworkInterfaces.h"
+
+#include "kit/support/Text.h"
+
+#include <limits>
+
+namespace tessivo::NetworkInterfaces {
+
+namespace {
+
+const std::string folder = "sys/class/net/";
+
+constexpr std::int64_t ethernetType = 1; // of the kernel's ARPHRD numbers
+constexpr std::int64_t loopbackType = 772;
+constexpr std::int64_t unknownSpeed = 4294967295; // -1 as the kernel's 32 bits print it
+constexpr std::int64_t bitsPerMegabit = 1'000'000;
+constexpr std::int64_t noLink = 1; // the registry's "valid" bit alone
+constexpr std::int64_t linkUp = 3; // and the "active" bit
+
+/// "DEVTYPE=wlan" of the uevent file; plain ports have none.
+std::string deviceType(const SystemTree& tree, const std::string& interface) {
+    constexpr std::string_view key = "DEVTYPE=";
+    for (const std::string& line : Text::lines(tree.text(interface + "/uevent").value_or("")))
+        if (line.starts_with(key)) return line.substr(key.size());
+    return {};
+}
+
+/// "0000:03:00.0"; the host bridge above them is "pci0000:00".
+bool isPCIAddress(const std::string& name) {
+    return name.find(':') != std::string::npos && !name.starts_with("pci");
+}
+
+std::vector<std::string> pciChildren(const SystemTree& tree, const std::string& bridge) {
+    auto names = tree.names(bridge).value_or(std::vector<std::string>());
+    std::erase_if(names, [](const std::string& name) { return !isPCIAddress(name); });
+    for (std::string& name : names)
+        name = bridge + "/" + name;
+    return names;
+}
+
+bool hasThunderboltController(const SystemTree& tree, const std::string& bridge) {
+    for (const std::string& below : pciChildren(tree, bridge))
+        for (const std::string& device : pciChildren(tree, below))
+            if (tree.linkName(device + "/driver") == "thunderbolt") return true;
+    return false;
+}
+
+/// Whether a device hangs on a plug: the kernel calls it or a bridge above it removable, or a bridge above
+/// it also carries a Thunderbolt controller, as with adapters whose PCI lanes run through the cable.
+bool isOnCable(const SystemTree& tree, const std::string& device) {
+    std::string path = tree.resolved(device).value_or("");
+    while (isPCIAddress(path.substr(path.rfind('/') + 1))) {
+        if (tree.text(path + "/removable") == "removable" || hasThunderboltController(tree, path))
+            return true;
+        path.resize(path.rfind('/'));
+    }
+    return false;
+}
+
+struct Kind {
+    const char* className;
+    bool builtIn = false;
+};
+
+Kind kind(const SystemTree& tree, const std::string& interface, std::int64_t type) {
+    const std::string devtype = deviceType(tree, interface);
+    const std::string device = interface + "/device";
+    const std::string bus = tree.linkName(device + "/subsystem").value_or("");
+    const std::string driver = tree.linkName(device + "/driver").value_or("");
+    if (devtype == "wlan" || tree.exists(interface + "/wireless") || tree.exists(interface + "/phy80211"))
+        return {"IO80211Interface"};
+    if (devtype == "bridge" || tree.exists(interface + "/bridge")) return {"BridgeInterface"};
+    if (devtype == "bluetooth") return {"BluetoothInterface"};
+    if (bus == "thunderbolt" || driver.starts_with("thunderbolt")) return {"ThunderboltInterface"};
+    if (bus == "usb") return {"USBEthernetInterface"};
+    if (!tree.exists(device)) return {"VirtualInterface"};
+    if (type != ethernetType || !devtype.empty() || tree.exists(device + "/physfn"))
+        return {"OtherInterface"};
+    if (bus != "pci" && bus != "platform") return {"EthernetInterface"};
+    if (isOnCable(tree, device)) return {"ThunderboltEthernetInterface"};
+    return {"EthernetInterface", true};
+}
+
+/// The carrier is the cable itself. It can't be read while the interface is shut down.
+std::optional<std::int64_t> linkStatus(const SystemTree& tree, const std::string& interface) {
+    if (const auto carrier = tree.number(interface + "/carrier"); carrier == 0 || carrier == 1)
+        return *carrier == 1 ? linkUp : noLink;
+    const auto state = tree.text(interface + "/operstate");
+    if (!state || state == "unknown") return std::nullopt;
+    return state == "up" ? linkUp : noLink;
+}
+
+RegistryEntry entry(const SystemTree& tree, const std::string& name, std::int64_t type) {
+    const std::string interface = folder + name;
+    const Kind kind = NetworkInterfaces::kind(tree, interface, type);
+
+    PropertyMap link;
+    if (const auto status = linkStatus(tree, interface)) link["IOLinkStatus"] = *status;
+    if (const auto speed = tree.number(interface + "/speed");
+        speed && *speed > 0 && *speed < unknownSpeed &&
+        *speed <= std::numeric_limits<std::int64_t>::max() / bitsPerMegabit)
+        link["IOLinkSpeed"] = *speed * bitsPerMegabit;
+    const std::string driver = tree.linkName(interface + "/device/driver").value_or("");
+
+    RegistryEntry out;
+    out.className = kind.className;
+    out.properties = PropertyMap{{"BSD Name", Text::repaired(name)}, {"IOBuiltin", kind.builtIn}};
+    out.parent = std::make_shared<const RegistryEntry>(RegistryEntry{driver, link, nullptr});
+    // Gone while it was read.
+    if (!tree.exists(interface + "/type")) {
+        out.properties.reset();
+        out.parent.reset();
+    }
+    return out;
+}
+
+} // namespace
+
+std::optional<std::vector<RegistryEntry>> entries(const SystemTree& tree) {
+    const auto names = tree.names(folder);
+    if (!names) return std::nullopt;
+    std::vector<RegistryEntry> out;
+    for (const std::string& name : *names)
+        // Files such as bonding_masters stand beside the interfaces, and have no type.
+        if (const auto type = tree.number(folder + name + "/type"); type && *type != loopbackType)
+            out.push_back(entry(tree, name, *type));
+    return out;
+}
+
+} // namespace tessivo::NetworkInterfaces

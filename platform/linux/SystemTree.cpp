@@ -1,0 +1,91 @@
+#include "platform/linux/SystemTree.h"
+
+#include "kit/support/Text.h"
+#include "platform/linux/Descriptor.h"
+
+#include <algorithm>
+#include <charconv>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace tessivo {
+
+SystemTree::SystemTree(std::filesystem::path root) : m_root(std::move(root)) {
+    std::error_code error;
+    // A canonical root is what `resolved` can cut off again.
+    if (auto canonical = std::filesystem::canonical(m_root, error); !error) m_root = std::move(canonical);
+}
+
+std::optional<std::string> SystemTree::bytes(const std::string& path) const {
+    // Not blocking: a pipe in place of a file must not hold the main thread.
+    const Descriptor file(::open(absolute(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status {};
+    if (file < 0 || ::fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    std::string out;
+    char buffer[4096];
+    while (out.size() < largestFile) {
+        const ssize_t count = ::read(file, buffer, sizeof buffer);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return std::nullopt;
+        if (count == 0) break;
+        out.append(buffer, std::size_t(count));
+    }
+    return out;
+}
+
+std::optional<std::string> SystemTree::text(const std::string& path) const {
+    auto raw = bytes(path);
+    if (!raw) return std::nullopt;
+    // Device tree texts end with a zero byte.
+    while (!raw->empty() && raw->back() == '\0')
+        raw->pop_back();
+    std::string text = Text::trimmed(Text::repaired(*raw));
+    if (text.empty()) return std::nullopt;
+    return text;
+}
+
+std::optional<std::int64_t> SystemTree::number(const std::string& path, int base) const {
+    const auto text = this->text(path);
+    return text ? wholeNumber(*text, base) : std::nullopt;
+}
+
+bool SystemTree::exists(const std::string& path) const {
+    return ::access(absolute(path).c_str(), F_OK) == 0;
+}
+
+std::optional<std::vector<std::string>> SystemTree::names(const std::string& folder) const {
+    std::error_code error;
+    std::filesystem::directory_iterator entries(absolute(folder), error);
+    if (error) return std::nullopt;
+    std::vector<std::string> names;
+    for (; entries != std::filesystem::directory_iterator(); entries.increment(error))
+        names.push_back(entries->path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::optional<std::string> SystemTree::linkName(const std::string& path) const {
+    std::error_code error;
+    const auto target = std::filesystem::read_symlink(absolute(path), error);
+    if (error || target.filename().empty()) return std::nullopt;
+    return target.filename().string();
+}
+
+std::optional<std::string> SystemTree::resolved(const std::string& path) const {
+    std::error_code error;
+    const auto whole = std::filesystem::canonical(absolute(path), error);
+    if (error) return std::nullopt;
+    const auto inside = whole.lexically_relative(m_root).string();
+    if (inside.empty() || inside.starts_with("..")) return std::nullopt;
+    return inside;
+}
+
+std::optional<std::int64_t> wholeNumber(std::string_view text, int base) {
+    if (base == 16 && (text.starts_with("0x") || text.starts_with("0X"))) text.remove_prefix(2);
+    std::int64_t value = 0;
+    const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+    if (fault != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+} // namespace tessivo

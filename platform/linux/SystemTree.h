@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessivo {
+
+/// The files below a root folder in which Linux tells of itself: procfs, sysfs and /etc. Another root
+/// than "/" is a captured tree. Paths are relative to the root, without a slash in front; links are
+/// followed as the system follows them, so those of a captured tree must be relative.
+/// Whatever can't be read (gone, refused, a device that doesn't answer, no regular file) is absent.
+/// Short and synchronous, never waits for a writer. Any thread.
+class SystemTree final {
+public:
+    /// No file is read beyond this many bytes.
+    static constexpr std::size_t largestFile = 1u << 20;
+
+    explicit SystemTree(std::filesystem::path root = "/");
+
+    bool isThisComputer() const { return m_root == "/"; }
+    std::filesystem::path absolute(const std::string& path) const { return m_root / path; }
+
+    std::optional<std::string> bytes(const std::string& path) const;
+    /// The file as valid UTF-8 without white space or zero bytes at its ends; nothing if that is empty.
+    std::optional<std::string> text(const std::string& path) const;
+    /// The file's text as one whole number; nothing if anything else stands in it.
+    std::optional<std::int64_t> number(const std::string& path, int base = 10) const;
+
+    bool exists(const std::string& path) const;
+    /// Names in a folder, sorted; nothing if there is no such folder.
+    std::optional<std::vector<std::string>> names(const std::string& folder) const;
+    /// The last name of what a link points to: of ".../driver" the driver's name.
+    std::optional<std::string> linkName(const std::string& path) const;
+    /// The path with every link followed, again relative to the root.
+    std::optional<std::string> resolved(const std::string& path) const;
+
+private:
+    std::filesystem::path m_root;
+};
+
+/// A text as one whole number ("0x" may lead where the base is 16), or nothing.
+std::optional<std::int64_t> wholeNumber(std::string_view text, int base = 10);
+
+} // namespace tessivo
