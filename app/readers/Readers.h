@@ -22,6 +22,9 @@ std::optional<std::string> readSerial(const Registry& registry);
 std::optional<std::int64_t> readStartupCapacity(const MachineFacts& facts);
 MachineInfo readMachineInfo(const MachineFacts& facts, const Registry& registry);
 
+/// The system's tool that tells of device management, and what it is asked.
+inline constexpr const char* enrollmentTool = "/usr/bin/profiles";
+std::vector<std::string> enrollmentArguments();
 /// Blocks for as long as the system's tool runs, or until the token is stopped: never on the main thread.
 std::optional<EnrollmentStatus> readEnrollmentStatus(const SystemTools& tools, std::stop_token stop);
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "kit/support/Property.h"
+#include "platform/Platform.h"
+
+namespace tessivo {
+
+/// The raw facts of a computer as a machine file, ready to be replayed as a simulated one. What can't be
+/// read is left out. Waits for the enrollment tool and for the sound server's devices: for a support
+/// tool, never under a window.
+PropertyMap captureMachine(Platform& platform);
+
+} // namespace tessivo
