@@ -129,12 +129,15 @@ std::optional<Date> Date::fromISO8601(std::string_view text) {
     const auto offset = takeOffset(text);
     if (!offset || !text.empty()) return std::nullopt;
     const std::int64_t days = std::chrono::sys_days(calendar).time_since_epoch().count();
-    return Date{double(days * 86400 + hour * 3600 + minute * 60 + second - *offset - reference)};
+    const Date date{double(days * 86400 + hour * 3600 + minute * 60 + second - *offset - reference)};
+    // At either end of the years the offset can lead to a moment that couldn't be written again.
+    const bool isAtAnEnd = year == 0 || year == 9999;
+    return isAtAnEnd && date.iso8601().empty() ? std::nullopt : std::optional(date);
 }
 
 std::string Date::iso8601() const {
     // Beyond these the calendar arithmetic would overflow; such a date has no text.
-    if (!(std::abs(seconds) < 1e11)) return {};
+    if (!(std::abs(seconds) < 1e12)) return {};
     const std::chrono::sys_seconds moment{
         std::chrono::seconds(std::int64_t(std::floor(seconds)) + reference)};
     const auto day = std::chrono::floor<std::chrono::days>(moment);

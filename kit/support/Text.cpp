@@ -102,6 +102,7 @@ std::string cased(std::string_view text, CaseForm form) {
         }
         return result;
     }
+    if (!simdjson::validate_utf8(text)) return cased(repaired(text), form);
     icu::StringByteSink<std::string> sink(&result, std::int32_t(text.size()));
     const icu::StringPiece piece(text.data(), std::int32_t(text.size()));
     UErrorCode status = U_ZERO_ERROR;
@@ -109,7 +110,7 @@ std::string cased(std::string_view text, CaseForm form) {
         icu::CaseMap::utf8ToLower("", 0, piece, sink, nullptr, status);
     else
         icu::CaseMap::utf8ToUpper("", 0, piece, sink, nullptr, status);
-    return U_SUCCESS(status) ? result : repaired(text);
+    return U_SUCCESS(status) ? result : std::string(text);
 }
 
 /// Walks user-perceived characters. Making the iterator is dear, so each thread keeps one.
