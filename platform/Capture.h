@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kit/hardware/CaptureReadings.h"
+#include "platform/SerialQueue.h"
 
 #include <QImage>
 #include <functional>
@@ -20,7 +21,8 @@ struct AudioBuffer {
     int channelCount = 0;
 };
 
-/// Receives samples and frames on the session's own serial queue, off the main thread. Must not wait.
+/// Receives samples and frames one after another, off the main thread. Must not wait. A frame owns its
+/// pixels: it may be kept.
 class CaptureDelegate {
 public:
     virtual ~CaptureDelegate() = default;
@@ -35,6 +37,8 @@ public:
     virtual ~CaptureSession() = default;
     virtual void startRunning() = 0;
     virtual void stopRunning() = 0;
+    /// Makes a `startRunning` that is under way, or still to come, return soon. Any thread; never waits.
+    virtual void cancelStart() {}
 };
 
 /// Microphones and cameras. `devices` and `authorizationStatus` are short, on the main thread.
@@ -51,6 +55,12 @@ public:
     /// added. Doesn't open the device yet. Main thread.
     virtual std::shared_ptr<CaptureSession> makeSession(MediaType type, const std::string& deviceID,
                                                         std::shared_ptr<CaptureDelegate> delegate) = 0;
+
+    /// The one queue on which all sessions of these devices are started and stopped.
+    SerialQueue& captureQueue() { return m_captureQueue; }
+
+private:
+    SerialQueue m_captureQueue{"Tessivo.capture"};
 };
 
 } // namespace tessivo

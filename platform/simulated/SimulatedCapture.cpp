@@ -126,6 +126,12 @@ public:
             thread.join();
     }
 
+    void cancelStart() override {
+        const std::lock_guard lock(m_line->mutex);
+        m_line->closing = true;
+        m_line->changed.notify_all();
+    }
+
 private:
     std::shared_ptr<Line> m_line;
     std::thread m_thread;

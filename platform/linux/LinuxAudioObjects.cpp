@@ -1,0 +1,80 @@
+#include "platform/linux/LinuxAudioObjects.h"
+
+#include "kit/hardware/AudioOutputInfo.h"
+
+namespace tessivo {
+namespace {
+
+constexpr std::uint32_t global = fourCharCode("glob");
+constexpr std::uint32_t output = fourCharCode("outp");
+
+using Numbers = std::optional<std::vector<std::uint32_t>>;
+
+Numbers one(std::optional<std::uint32_t> number) {
+    if (!number) return std::nullopt;
+    return Numbers{{*number}};
+}
+
+Numbers systemNumbers(const PulseSnapshot& devices, std::uint32_t selector) {
+    if (selector == fourCharCode("dev#")) {
+        std::vector<std::uint32_t> ids;
+        for (const PulseSink& sink : devices.sinks)
+            ids.push_back(sink.id);
+        return ids;
+    }
+    const PulseSink* sink = devices.sinkNamed(devices.defaultSink);
+    if (selector == fourCharCode("dOut") && sink) return one(sink->id);
+    return std::nullopt;
+}
+
+Numbers sinkNumbers(const PulseSink& sink, std::uint32_t selector, std::uint32_t scope) {
+    if (scope == global && selector == fourCharCode("tran")) return one(sink.transportType());
+    if (scope != output) return std::nullopt;
+    if (selector == fourCharCode("stm#")) // one stream for each sink, under the sink's own number
+        return sink.channelCount > 0 ? one(sink.id) : Numbers{std::in_place};
+    if (selector == fourCharCode("ssrc")) return one(sink.dataSource());
+    if (selector == fourCharCode("jack")) return one(sink.jackState());
+    return std::nullopt;
+}
+
+} // namespace
+
+LinuxAudioObjects::LinuxAudioObjects(std::shared_ptr<PulseServer> server) : m_server(std::move(server)) {}
+
+bool LinuxAudioObjects::hasProperty(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const {
+    return numbers(object, selector, scope) || text(object, selector, scope);
+}
+
+std::optional<std::uint32_t> LinuxAudioObjects::propertyDataSize(std::uint32_t object, std::uint32_t selector,
+                                                                 std::uint32_t scope) const {
+    const auto found = numbers(object, selector, scope);
+    if (!found) return std::nullopt;
+    return std::uint32_t(found->size() * sizeof(std::uint32_t));
+}
+
+std::optional<std::vector<std::uint32_t>>
+LinuxAudioObjects::numbers(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const {
+    const auto devices = m_server->snapshot();
+    if (devices->server != PulseSnapshot::Server::connected) return std::nullopt;
+    if (object == systemObject) return scope == global ? systemNumbers(*devices, selector) : std::nullopt;
+    const PulseSink* sink = devices->sink(object);
+    return sink ? sinkNumbers(*sink, selector, scope) : std::nullopt;
+}
+
+std::optional<std::string> LinuxAudioObjects::text(std::uint32_t object, std::uint32_t selector,
+                                                   std::uint32_t scope) const {
+    const auto devices = m_server->snapshot();
+    const PulseSink* sink = devices->sink(object);
+    if (!sink || selector != fourCharCode("lnam") || scope != global) return std::nullopt;
+    return sink->description;
+}
+
+std::optional<std::string> LinuxAudioObjects::translatedText(std::uint32_t object, std::uint32_t selector,
+                                                             std::uint32_t scope, std::uint32_t code) const {
+    const auto devices = m_server->snapshot();
+    const PulseSink* sink = devices->sink(object);
+    if (!sink || selector != fourCharCode("lscn") || scope != output) return std::nullopt;
+    return sink->dataSourceName(code);
+}
+
+} // namespace tessivo

@@ -1,0 +1,197 @@
+#include "platform/linux/QtCameras.h"
+
+#include "platform/linux/VideoFrames.h"
+
+#include <QCamera>
+#include <QCameraDevice>
+#include <QMediaCaptureSession>
+#include <QMediaDevices>
+#include <QThread>
+#include <QVideoSink>
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <unistd.h>
+
+namespace tessivo {
+namespace {
+
+constexpr unsigned long patience = 2000; ///< in ms, for a camera that is still opening at the end
+
+/// What keeps one camera open. Lives and dies on the cameras' thread.
+struct OpenCamera {
+    explicit OpenCamera(const QCameraDevice& device) : camera(device) {
+        session.setCamera(&camera);
+        session.setVideoSink(&sink);
+    }
+
+    QCamera camera;
+    QVideoSink sink;
+    QMediaCaptureSession session;
+};
+
+/// Where a session's frames go until it is stopped.
+class FrameGate final {
+public:
+    explicit FrameGate(std::shared_ptr<CaptureDelegate> delegate) : m_delegate(std::move(delegate)) {}
+
+    void pass(const QVideoFrame& frame) {
+        const std::lock_guard lock(m_mutex);
+        if (!m_delegate) return;
+        if (const QImage picture = cameraImage(frame); !picture.isNull()) m_delegate->video(picture);
+    }
+    void close() {
+        const std::lock_guard lock(m_mutex);
+        m_delegate.reset();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::shared_ptr<CaptureDelegate> m_delegate;
+};
+
+} // namespace
+
+/// The thread, its list and its open cameras. Shared with the sessions, which may outlive the platform,
+/// and with the work that waits on the thread.
+class QtCameras::Thread final : public std::enable_shared_from_this<Thread> {
+public:
+    Thread() : m_thread(new QThread), m_worker(new QObject) {
+        // The other backend would need plug-ins of its own for cameras.
+        if (!qEnvironmentVariableIsSet("QT_MEDIA_BACKEND")) qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+        m_thread->setObjectName("Tessivo.camera");
+        m_worker->moveToThread(m_thread);
+        m_thread->start();
+    }
+
+    /// Ends the thread and what is open on it.
+    void end() {
+        post([](Thread& thread) {
+            thread.m_open.clear();
+            delete thread.m_media;
+        });
+        {
+            const std::lock_guard lock(m_mutex);
+            std::exchange(m_worker, nullptr)->deleteLater();
+        }
+        m_thread->quit();
+        if (m_thread->wait(patience)) delete m_thread; // else left behind: a camera hangs in the system
+    }
+
+    /// Work in the order of the calls; dropped after `end`. Any thread.
+    void post(std::function<void(Thread&)> work) {
+        const std::lock_guard lock(m_mutex);
+        if (m_worker)
+            QMetaObject::invokeMethod(
+                m_worker, [self = shared_from_this(), work = std::move(work)] { work(*self); },
+                Qt::QueuedConnection);
+    }
+
+    std::optional<std::vector<CaptureDevice>> devices() const {
+        const std::lock_guard lock(m_mutex);
+        return m_devices;
+    }
+
+    void list() {
+        if (!m_media) {
+            m_media = new QMediaDevices;
+            QObject::connect(m_media, &QMediaDevices::videoInputsChanged, m_media, [this] { list(); });
+        }
+        std::vector<CaptureDevice> devices;
+        for (const QCameraDevice& input : QMediaDevices::videoInputs())
+            devices.push_back({input.id().toStdString(), input.description().toStdString()});
+        const std::lock_guard lock(m_mutex);
+        m_devices = std::move(devices);
+    }
+
+    void open(const std::string& deviceID, const std::shared_ptr<FrameGate>& gate) {
+        for (const QCameraDevice& input : QMediaDevices::videoInputs()) {
+            if (input.id().toStdString() != deviceID) continue;
+            auto camera = std::make_unique<OpenCamera>(input);
+            QObject::connect(
+                &camera->sink, &QVideoSink::videoFrameChanged, &camera->sink,
+                [gate](const QVideoFrame& frame) { gate->pass(frame); }, Qt::DirectConnection);
+            camera->camera.start();
+            m_open[gate] = std::move(camera);
+            return;
+        }
+    }
+
+    void close(const std::shared_ptr<FrameGate>& gate) { m_open.erase(gate); }
+
+private:
+    QThread* m_thread;
+
+    mutable std::mutex m_mutex; ///< over the fields up to the blank line
+    QObject* m_worker;
+    std::optional<std::vector<CaptureDevice>> m_devices;
+
+    // The cameras' thread alone.
+    QMediaDevices* m_media = nullptr;
+    std::map<std::shared_ptr<FrameGate>, std::unique_ptr<OpenCamera>> m_open;
+};
+
+class QtCameras::Session final : public CaptureSession {
+public:
+    Session(std::shared_ptr<Thread> thread, std::string deviceID, std::shared_ptr<CaptureDelegate> delegate)
+        : m_thread(std::move(thread)),
+          m_deviceID(std::move(deviceID)),
+          m_gate(std::make_shared<FrameGate>(std::move(delegate))) {}
+    ~Session() override { stopRunning(); }
+
+    void startRunning() override {
+        m_thread->post([id = m_deviceID, gate = m_gate](Thread& thread) { thread.open(id, gate); });
+    }
+    void stopRunning() override {
+        m_gate->close();
+        m_thread->post([gate = m_gate](Thread& thread) { thread.close(gate); });
+    }
+
+private:
+    std::shared_ptr<Thread> m_thread;
+    std::string m_deviceID;
+    std::shared_ptr<FrameGate> m_gate;
+};
+
+QtCameras::QtCameras(std::filesystem::path deviceFolder) : m_deviceFolder(std::move(deviceFolder)) {}
+
+QtCameras::~QtCameras() {
+    if (m_thread) m_thread->end();
+}
+
+QtCameras::Thread& QtCameras::thread() {
+    if (!m_thread) m_thread = std::make_shared<Thread>();
+    return *m_thread;
+}
+
+AuthorizationStatus QtCameras::authorizationStatus() const {
+    bool refused = false;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(m_deviceFolder, error)) {
+        if (!entry.path().filename().string().starts_with("video")) continue;
+        if (access(entry.path().c_str(), R_OK | W_OK) == 0) return AuthorizationStatus::authorized;
+        refused = true;
+    }
+    return refused ? AuthorizationStatus::denied : AuthorizationStatus::authorized;
+}
+
+std::optional<std::vector<CaptureDevice>> QtCameras::devices() const {
+    return m_thread ? m_thread->devices() : std::nullopt;
+}
+
+void QtCameras::list(std::function<void()> listed) {
+    thread().post([listed = std::move(listed)](Thread& thread) {
+        thread.list();
+        listed();
+    });
+}
+
+std::shared_ptr<CaptureSession> QtCameras::makeSession(const std::string& deviceID,
+                                                       std::shared_ptr<CaptureDelegate> delegate) {
+    const auto known = devices();
+    if (!known || std::ranges::find(*known, deviceID, &CaptureDevice::uniqueID) == known->end())
+        return nullptr;
+    return std::make_shared<Session>(m_thread, deviceID, std::move(delegate));
+}
+
+} // namespace tessivo

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Capture.h"
+
+#include <filesystem>
+#include <mutex>
+
+namespace tessivo {
+
+/// The cameras of this computer, on a thread of their own that alone touches them. The thread begins with
+/// the first question. Made and let go on the main thread, while the application object lives.
+class QtCameras final {
+public:
+    /// The folder in which the system puts the cameras' device files.
+    explicit QtCameras(std::filesystem::path deviceFolder = "/dev");
+    ~QtCameras();
+    QtCameras(const QtCameras&) = delete;
+    QtCameras& operator=(const QtCameras&) = delete;
+
+    /// Denied where there are camera files and none lets us in.
+    AuthorizationStatus authorizationStatus() const;
+    /// The newest list; nothing until it has been made once.
+    std::optional<std::vector<CaptureDevice>> devices() const;
+    /// Makes the list, or makes it anew, and then calls on the cameras' thread.
+    void list(std::function<void()> listed);
+    /// A session on a camera of the list, or null. Neither of its calls waits for the camera.
+    std::shared_ptr<CaptureSession> makeSession(const std::string& deviceID,
+                                                std::shared_ptr<CaptureDelegate> delegate);
+
+private:
+    class Thread;
+    class Session;
+
+    Thread& thread();
+
+    std::filesystem::path m_deviceFolder;
+    std::shared_ptr<Thread> m_thread;
+};
+
+} // namespace tessivo
