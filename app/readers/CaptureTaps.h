@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Capture.h"
+
+#include <mutex>
+
+namespace tessivo {
+
+/// The loudest level since it was last taken. Written by a capture thread, taken by the main thread.
+class LevelTap final : public CaptureDelegate {
+public:
+    void audio(const AudioBuffer& buffer) override;
+    /// In dB; leaves nothing behind.
+    std::optional<float> take();
+
+private:
+    std::mutex m_mutex;
+    std::optional<float> m_peak;
+};
+
+/// Counts frames and keeps the newest. Written by a capture thread, read by the main thread.
+class FrameTap final : public CaptureDelegate {
+public:
+    void video(const QImage& frame) override;
+    std::int64_t frames() const;
+    /// Null before the first frame.
+    QImage newest() const;
+
+private:
+    mutable std::mutex m_mutex;
+    std::int64_t m_frames = 0;
+    QImage m_newest;
+};
+
+} // namespace tessivo
