@@ -1,0 +1,114 @@
+#include "app/pages/hardware/PortRow.h"
+
+#include "app/controls/Button.h"
+#include "app/controls/Metrics.h"
+#include "app/controls/StatusBadge.h"
+#include "app/controls/TextLabel.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace tessivo {
+
+namespace {
+
+constexpr double activeTint = 7; // percent
+
+} // namespace
+
+HardwareRow::HardwareRow(int height, QWidget* parent)
+    : QWidget(parent),
+      m_symbol(new SymbolView(QStringLiteral("circle"), SymbolSize::row, ColorRole::text2)),
+      m_name(new TextLabel({}, TextRole::headline)),
+      m_text(new TextLabel({}, TextRole::body, ColorRole::text2)) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(Space::xl, Space::xs, Space::xl, Space::xs);
+    row->setSpacing(Space::l);
+    row->addWidget(m_symbol);
+    row->addWidget(m_name);
+    row->addWidget(m_text, 1);
+    m_name->setMaximumLines(1);
+    setMinimumHeight(Theme::current().scaled(height));
+}
+
+void HardwareRow::setSymbol(const QString& symbol, ColorRole color) {
+    m_symbol->setSymbol(symbol, color);
+}
+
+void HardwareRow::setTexts(const QString& name, const QString& text, ColorRole color) {
+    m_name->setText(name);
+    m_text->setText(text);
+    m_text->setColorRole(color);
+}
+
+void HardwareRow::setActive(bool active) {
+    if (m_active == active) return;
+    m_active = active;
+    update();
+}
+
+void HardwareRow::setEdges(bool first, bool last) {
+    m_first = first;
+    m_last = last;
+    update();
+}
+
+void HardwareRow::addButton(Button* button) {
+    layout()->addWidget(button);
+}
+
+void HardwareRow::paintEvent(QPaintEvent*) {
+    if (!m_active) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QRectF area(rect());
+    // Of a rounded shape that reaches past the row, only the corners at the card's edge are seen.
+    if (!m_first) area.setTop(area.top() - Corner::panel * 2);
+    if (!m_last) area.setBottom(area.bottom() + Corner::panel * 2);
+    painter.setClipRect(rect());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Theme::current().color(ColorRole::accent, activeTint));
+    painter.drawRoundedRect(area, Corner::panel, Corner::panel);
+}
+
+PortRow::PortRow(QWidget* parent)
+    : HardwareRow(Height::portRow, parent),
+      m_nothing(new Button(tr("Nothing Shows Up"))),
+      m_test(new Button(tr("Test This Port"))) {
+    addButton(m_nothing);
+    addButton(m_test);
+    connect(m_nothing, &Button::clicked, this, &PortRow::nothingShowsUp);
+    connect(m_test, &Button::clicked, this, &PortRow::testThis);
+}
+
+void PortRow::setSlot(const PortSlot& slot, bool active) {
+    const QString name = QString::fromStdString(slot.title());
+    const bool problem = slot.answer == ManualAnswer::problem;
+    if (slot.passed())
+        setSymbol(QStringLiteral("checkmark.circle.fill"), ColorRole::greenGlyph);
+    else if (problem)
+        setSymbol(QStringLiteral("xmark.octagon.fill"), ColorRole::redGlyph);
+    else if (active)
+        setSymbol(QStringLiteral("arrow.right.circle.fill"), ColorRole::accent);
+    else
+        setSymbol(QStringLiteral("circle"), ColorRole::grayGlyph);
+
+    if (slot.device)
+        setTexts(name, QString::fromStdString(slot.device->name), ColorRole::text1);
+    else if (problem)
+        setTexts(name, tr("Nothing showed up"), ColorRole::red);
+    else if (active)
+        setTexts(name, tr("Waiting: plug a device into this port"), ColorRole::text2);
+    else
+        setTexts(name, tr("Not tried"), ColorRole::text2);
+
+    setActive(active);
+    m_test->setVisible(!slot.device);
+    m_nothing->setVisible(!slot.device && active);
+    // Several rows have the same words on their buttons; a screen reader tells which port is meant.
+    m_test->setAccessibleName(m_test->text() + QStringLiteral(", ") + name);
+    m_nothing->setAccessibleName(m_nothing->text() + QStringLiteral(", ") + name);
+}
+
+} // namespace tessivo

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/controls/Theme.h"
+#include "kit/hardware/PortChecklist.h"
+
+#include <QWidget>
+
+namespace tessivo {
+
+class Button;
+class SymbolView;
+class TextLabel;
+
+/// One row of a list of ports: symbol, name, what was seen, and room for buttons; tinted while it waits.
+class HardwareRow : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit HardwareRow(int height, QWidget* parent = nullptr);
+
+    void setSymbol(const QString& symbol, ColorRole color);
+    void setTexts(const QString& name, const QString& text, ColorRole color);
+    /// Marked as the one that waits for a device.
+    void setActive(bool active);
+    /// Whether the row touches the card's upper and lower edge, whose corners its tint follows.
+    void setEdges(bool first, bool last);
+    void addButton(Button* button);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    SymbolView* m_symbol;
+    TextLabel* m_name;
+    TextLabel* m_text;
+    bool m_active = false;
+    bool m_first = false;
+    bool m_last = false;
+};
+
+/// A slot of the port checklist with its two buttons.
+class PortRow final : public HardwareRow {
+    Q_OBJECT
+
+public:
+    explicit PortRow(QWidget* parent = nullptr);
+
+    void setSlot(const PortSlot& slot, bool active);
+
+Q_SIGNALS:
+    void testThis();
+    void nothingShowsUp();
+
+private:
+    Button* m_nothing;
+    Button* m_test;
+};
+
+} // namespace tessivo

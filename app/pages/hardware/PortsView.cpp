@@ -1,0 +1,124 @@
+#include "app/pages/hardware/PortsView.h"
+
+#include "app/controls/Button.h"
+#include "app/controls/Checkbox.h"
+#include "app/controls/Metrics.h"
+#include "app/controls/Panel.h"
+#include "app/controls/Stepper.h"
+#include "app/controls/TextLabel.h"
+#include "app/pages/hardware/PortRow.h"
+#include "app/readers/Readers.h"
+
+namespace tessivo {
+
+namespace {
+
+constexpr auto pollInterval = std::chrono::seconds(1);
+constexpr int stepperLabelWidth = 182;
+constexpr int sectionGap = 24;
+
+} // namespace
+
+const char* const PortsView::how =
+    "Set how many USB or USB-C ports this Mac has. Then, for each port in turn, plug in a USB drive, mouse "
+    "or "
+    "other USB device; when it shows up, that port is ticked and the next one is picked. Unplug it and move "
+    "to "
+    "the next port. A charger alone doesn't count, since it isn't a USB device.";
+
+PortsView::PortsView(const PageContext& context, QWidget* parent)
+    : Column(parent),
+      m_model(context.model),
+      m_count(new Stepper(tr("Ports on this Mac: %lld"), PortChecklist::smallestCount,
+                          PortChecklist::largestCount, stepperLabelWidth)),
+      m_clear(new Button(tr("Clear"))),
+      m_slots(new Panel(Panel::Kind::list)),
+      m_devices(new Panel(Panel::Kind::list)),
+      m_noDevices(new TextLabel(tr("No USB devices connected."), TextRole::body, ColorRole::text2)),
+      m_showHubs(new Checkbox(tr("Show hubs (including the Mac's own)"))) {
+    auto* controls = new WrapRow;
+    controls->add(m_count);
+    controls->addSpring();
+    controls->add(m_clear);
+    add(controls);
+    add(m_slots, Space::block);
+    add(new SectionHeading(tr("Connected now")), sectionGap);
+    add(m_devices, Space::heading);
+    add(m_noDevices, Space::heading);
+    add(m_showHubs, Space::block, Qt::AlignLeft);
+
+    connect(m_count, &Stepper::stepped, this, [this](int count) {
+        m_model.change([=](SessionState& state) { state.ports.setPortCount(count); });
+    });
+    connect(m_clear, &Button::clicked, this, [this] {
+        m_model.change([](SessionState& state) {
+            state.ports = PortChecklist::make(std::int64_t(state.ports.slots.size()));
+        });
+    });
+    connect(m_showHubs, &Checkbox::toggled, this, &PortsView::showConnected);
+    connect(&m_model, &AppModel::stateChanged, this, &PortsView::showChecklist);
+
+    // What is plugged in already is known from the first scan on, and ticks nothing.
+    m_model.change([](SessionState& state) { state.ports.baselineTaken = false; });
+    showChecklist();
+    showConnected();
+    m_poll = std::make_unique<Poll>(m_model.platform().scheduler(), pollInterval, [this] { scan(); });
+}
+
+void PortsView::scan() {
+    auto devices = readUSBDevices(m_model.platform().registry());
+    PortChecklist checklist = m_model.state().ports;
+    checklist.update(devices);
+    if (devices != m_connected) {
+        m_connected = std::move(devices);
+        showConnected();
+    }
+    if (checklist != m_model.state().ports)
+        m_model.change([&](SessionState& state) { state.ports = std::move(checklist); });
+}
+
+void PortsView::showChecklist() {
+    const PortChecklist& checklist = m_model.state().ports;
+    m_count->setValue(int(checklist.slots.size()));
+    m_clear->setEnabled(checklist.hasActivity());
+    if (m_rows.size() != checklist.slots.size()) {
+        m_slots->clear();
+        m_rows.clear();
+        for (const PortSlot& slot : checklist.slots) {
+            auto* row = new PortRow;
+            const auto id = slot.id;
+            connect(row, &PortRow::testThis, this,
+                    [this, id] { m_model.change([=](SessionState& state) { state.ports.active = id; }); });
+            connect(row, &PortRow::nothingShowsUp, this, [this, id] {
+                m_model.change([=](SessionState& state) { state.ports.answer(id, ManualAnswer::problem); });
+            });
+            row->setEdges(&slot == &checklist.slots.front(), &slot == &checklist.slots.back());
+            m_slots->addRow(row);
+            m_rows.push_back(row);
+        }
+    }
+    for (std::size_t i = 0; i < m_rows.size(); ++i)
+        m_rows[i]->setSlot(checklist.slots[i], checklist.active == checklist.slots[i].id);
+}
+
+void PortsView::showConnected() {
+    std::vector<USBDevice> listed;
+    for (const USBDevice& device : m_connected)
+        if (m_showHubs->isChecked() || !device.isHub()) listed.push_back(device);
+    m_devices->setVisible(!listed.empty());
+    m_noDevices->setVisible(listed.empty());
+    if (listed == m_listed) return;
+    m_listed = std::move(listed);
+    m_devices->clear();
+    for (const USBDevice& device : m_listed) {
+        auto* row = new HardwareRow(Height::connectedRow);
+        row->setSymbol(device.isHub() ? QStringLiteral("point.3.connected.trianglepath.dotted")
+                                      : QStringLiteral("cable.connector"),
+                       ColorRole::text2);
+        row->setTexts(QString::fromStdString(device.name), QString::fromStdString(device.vendor.value_or("")),
+                      ColorRole::text2);
+        m_devices->addRow(row);
+    }
+}
+
+} // namespace tessivo
