@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/controls/Accessible.h"
 #include "app/controls/Theme.h"
 #include "app/controls/WrapRow.h"
 #include "kit/vocabulary/ManualAnswer.h"
@@ -13,7 +14,7 @@ class AnswerButton;
 
 /// A person's verdict: two or three buttons, the chosen one tinted. Clicking the chosen one takes the answer
 /// back. It shows what it was last set to; the owner writes the answer into the model and sets it again.
-class AnswerButtons final : public QWidget {
+class AnswerButtons final : public QWidget, public AccessibleTraits {
     Q_OBJECT
 public:
     explicit AnswerButtons(const QString& works = QStringLiteral("Works"),
@@ -25,6 +26,7 @@ public:
     void setAnswer(ManualAnswer answer);
     /// What is asked, for a screen reader: "Touch ID or power key".
     void setQuestion(const QString& question);
+    QAccessible::Role spokenRole() const override;
 
 Q_SIGNALS:
     /// A button was clicked: its answer, or `unanswered` for the one already chosen.

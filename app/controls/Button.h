@@ -2,6 +2,8 @@
 
 #include "app/controls/ClickControl.h"
 
+#include <optional>
+
 class QShortcut;
 
 namespace tessivo {
@@ -32,7 +34,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override;
-    /// The answer buttons' tint; an invalid colour is none.
+    /// The answer buttons' tint; absent is none.
     void setTint(std::optional<ColorRole> words, std::optional<ColorRole> fill);
     bool isTinted() const { return m_tintWords.has_value(); }
     void setHeavyWidth(bool heavy) { m_heavyWidth = heavy; }
@@ -40,6 +42,8 @@ protected:
 private:
     int naturalWidth(const QString& text) const;
     int padding() const;
+    int leadingPadding() const;
+    int symbolRoom() const;
     int baseHeight() const;
     TextRole textRole() const;
 
@@ -48,8 +52,7 @@ private:
     QStringList m_widthTexts;
     bool m_heavyWidth = false;
     std::optional<ColorRole> m_tintWords, m_tintFill;
-    QShortcut* m_return = nullptr;
-    QShortcut* m_enter = nullptr;
+    QList<QShortcut*> m_returnKeys;
 };
 
 } // namespace tessivo

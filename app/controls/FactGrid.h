@@ -17,11 +17,14 @@ class FactGrid final : public QWidget {
 public:
     struct Look {
         int labelWidth = Width::factLabel;
+        int gap = Space::xl; ///< between label and value
         int rowHeight = Height::factRow;
         bool twoColumns = false;
     };
+    /// The look of the identity grid of This Mac.
+    static Look identity() { return {Width::identityLabel, 0, Height::identityRow, true}; }
     explicit FactGrid(const Look& look, QWidget* parent = nullptr);
-    explicit FactGrid(QWidget* parent = nullptr) : FactGrid(Look{}, parent) {}
+    explicit FactGrid(QWidget* parent = nullptr);
 
     /// Adds a row and returns its index.
     int addFact(const QString& label, const QString& value = {}, bool monospaced = false);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/controls/Accessible.h"
+
 #include <QPointer>
 #include <QRectF>
 #include <QWidget>
@@ -21,7 +23,7 @@ public:
 
 /// The ring around whatever has the keyboard's focus. It is a sibling drawn over everything in the same
 /// scrolled column or window, so that no parent clips it, and lets the mouse through.
-class FocusRing final : public QWidget {
+class FocusRing final : public QWidget, public AccessibleTraits {
     Q_OBJECT
 public:
     FocusRing();
@@ -30,6 +32,8 @@ public:
     void follow(QWidget* widget);
     QWidget* followed() const { return m_target; }
 
+    QAccessible::Role spokenRole() const override { return QAccessible::Graphic; }
+    void addSpokenState(QAccessible::State& state) const override { state.invisible = true; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
@@ -43,7 +47,6 @@ private:
     QPointer<QWidget> m_shaped;
     QList<QPointer<QWidget>> m_watched;
     double m_corner = 0;
-    bool m_focusIsLost = false;
 };
 
 } // namespace tessivo

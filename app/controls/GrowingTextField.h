@@ -3,14 +3,14 @@
 #include "app/controls/FocusRing.h"
 #include "app/controls/Theme.h"
 
-#include <QPlainTextEdit>
+#include <QTextEdit>
 
 namespace tessivo {
 
 /// A plain-text field that grows with its text from one line to five and then scrolls. Text is kept as typed:
-/// nothing is trimmed, and line breaks stay. Return ends a single-line thought and does nothing; Shift+Return
-/// or Alt+Return breaks the line, unless `setReturnBreaksLines`. It stays quick at 100,000 characters.
-class GrowingTextField final : public QPlainTextEdit, public FocusShape {
+/// nothing is trimmed, line breaks and odd blanks stay. Tab leaves it, Return breaks the line. It stays quick
+/// at 100,000 characters.
+class GrowingTextField final : public QTextEdit, public FocusShape {
     Q_OBJECT
 public:
     explicit GrowingTextField(const QString& prompt = {}, QWidget* parent = nullptr);
@@ -18,10 +18,10 @@ public:
     QString text() const;
     /// Says nothing, and leaves cursor and undo alone when the text is the same.
     void setText(const QString& text);
+    QString prompt() const { return m_prompt; }
     void setMaximumLines(int lines);
     /// A fixed height instead of growing; for the notes of the report.
     void setFixedTextHeight(int height);
-    void setReturnBreaksLines(bool breaks) { m_returnBreaks = breaks; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -34,24 +34,27 @@ Q_SIGNALS:
     void textEdited(const QString& text);
 
 protected:
+    bool event(QEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
-    void changeEvent(QEvent*) override;
+    void focusInEvent(QFocusEvent*) override;
+    void focusOutEvent(QFocusEvent*) override;
     void insertFromMimeData(const QMimeData* source) override;
     QMimeData* createMimeDataFromSelection() const override;
 
 private:
-    void afterChange();
-    void splitLongBlocks();
+    void contentsHaveChanged(int position, int added);
+    void splitLongBlocks(int from, int to);
     void fitHeight();
     void applyTheme();
 
     QString m_prompt;
     int m_maximumLines = 5;
     int m_fixedHeight = 0;
-    int m_shownHeight = 0;
-    bool m_returnBreaks = false;
+    int m_lines = 1;
+    int m_changedFrom = 0;
+    int m_changedTo = 0;
     bool m_quiet = false;
 };
 

@@ -24,7 +24,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override;
-    bool event(QEvent*) override;
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
     virtual void selectionHasChanged() {}

@@ -33,6 +33,7 @@ public:
     void clear();
     ColumnLayout& column() { return *m_layout; }
     void setPadding(int horizontal, int vertical);
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void setCorner(double corner) {
         m_corner = corner;
         update();
@@ -45,6 +46,7 @@ private:
     Kind m_kind;
     double m_corner;
     ColumnLayout* m_layout;
+    QList<std::pair<QWidget*, QWidget*>> m_dividers;
 };
 
 } // namespace tessivo

@@ -22,19 +22,14 @@ public:
     QSize minimumSizeHint() const override { return {120, 80}; }
 
 protected:
-    void resizeEvent(QResizeEvent*) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void showEvent(QShowEvent*) override;
 
 private:
     class Content;
-    void placeThumb();
-    void focusHasMoved(QWidget* from, QWidget* to);
+    void keepInView(QWidget* focused);
 
     Content* m_content;
     ColumnLayout* m_column;
-    QScrollBar* m_thumb;
-    int m_maximumWidth;
 };
 
 } // namespace tessivo

@@ -31,13 +31,13 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
-    void changeEvent(QEvent*) override;
 
 private:
     class Segment;
     void place();
     bool isStacked(int width) const;
     void choose(int index);
+    void chooseFrom(Segment* segment, int by);
 
     QList<Segment*> m_segments;
     int m_current = 0;

@@ -29,7 +29,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override;
-    void changeEvent(QEvent*) override;
 
 private:
     TestStatus m_status;

@@ -18,7 +18,7 @@ void drawSymbol(QPainter& painter, const QRectF& rect, const QString& name, cons
 QPixmap symbolPixmap(const QString& name, int size, const QColor& color, double devicePixelRatio);
 
 /// The symbol as an icon in the theme's present text colour, for menus.
-QIcon symbolIcon(const QString& name, int size = 16);
+QIcon symbolIcon(const QString& name);
 
 bool hasSymbol(const QString& name);
 

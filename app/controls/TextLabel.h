@@ -55,6 +55,7 @@ protected:
     void changeEvent(QEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
     void mouseDoubleClickEvent(QMouseEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
@@ -64,7 +65,8 @@ protected:
 private:
     bool singleLine() const { return m_tabular || m_maximumLines == 1; }
     void relayout();
-    int layOut(QTextLayout& layout, int width, bool* elided) const;
+    int layOut(QTextLayout& layout, double width, bool* elided) const;
+    double naturalWidth() const;
     int positionAt(const QPointF& point) const;
     void select(int start, int end);
     void copy() const;
@@ -73,7 +75,6 @@ private:
     double tabularWidth() const;
 
     QString m_text;
-    QString m_shown;
     TextRole m_role;
     ColorRole m_color;
     Qt::Alignment m_alignment = Qt::AlignLeading;
@@ -89,6 +90,7 @@ private:
     int m_laidOutWidth = -1;
     mutable int m_measuredWidth = -1;
     mutable int m_measuredHeight = 0;
+    mutable double m_naturalWidth = -1;
 };
 
 /// A heading over a group of blocks: "Checks by hand".

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QPalette>
 
-#include <memory>
+#include <QPointer>
 
 class QApplication;
 
@@ -119,7 +119,7 @@ private:
     QString m_family;
     QString m_monospaced;
     QFont m_system;
-    std::unique_ptr<FocusRing> m_ring;
+    QPointer<FocusRing> m_ring; // lives in whatever it surrounds, and may go with it
 };
 
 /// Short for `Theme::current()`.

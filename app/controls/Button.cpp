@@ -1,0 +1,152 @@
+#include "app/controls/Button.h"
+
+#include "app/controls/Metrics.h"
+#include "app/controls/Paint.h"
+#include "app/controls/Symbols.h"
+
+#include <QShortcut>
+
+#include <cmath>
+
+namespace tessivo {
+namespace {
+
+constexpr int symbolGap = 6;
+constexpr int wrapFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextHideMnemonic;
+
+} // namespace
+
+Button::Button(const QString& text, const QString& symbol, Kind kind, QWidget* parent)
+    : ClickControl(parent), m_kind(kind), m_symbol(symbol) {
+    setText(text);
+    setCorner(Corner::button);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void Button::setLabel(const QString& text, const QString& symbol) {
+    if (text == this->text() && symbol == m_symbol) return;
+    m_symbol = symbol;
+    setText(text);
+    updateGeometry();
+    update();
+    announceNameChange(this);
+}
+
+void Button::setWidthTexts(const QStringList& texts) {
+    m_widthTexts = texts;
+    updateGeometry();
+}
+
+void Button::setDefaultAction(bool isDefault) {
+    if (isDefault == !m_returnKeys.isEmpty()) return;
+    qDeleteAll(m_returnKeys);
+    m_returnKeys.clear();
+    if (!isDefault) return;
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(QKeySequence(key), this);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, &Button::click);
+        m_returnKeys.append(shortcut);
+    }
+}
+
+void Button::setTint(std::optional<ColorRole> words, std::optional<ColorRole> fill) {
+    m_tintWords = words;
+    m_tintFill = fill;
+    update();
+}
+
+TextRole Button::textRole() const {
+    return m_kind == Kind::prominent || isTinted() ? TextRole::controlStrong : TextRole::control;
+}
+
+int Button::padding() const {
+    return m_kind == Kind::prominent ? 18 : 13;
+}
+
+int Button::leadingPadding() const {
+    if (m_symbol.isEmpty()) return padding();
+    return m_kind == Kind::prominent ? 14 : 11;
+}
+
+int Button::symbolRoom() const {
+    return m_symbol.isEmpty() ? 0 : theme().scaled(SymbolSize::button) + symbolGap;
+}
+
+int Button::baseHeight() const {
+    return theme().scaled(m_kind == Kind::prominent ? Height::prominent : Height::control);
+}
+
+int Button::naturalWidth(const QString& text) const {
+    const QFontMetricsF metrics(theme().font(m_heavyWidth ? TextRole::controlStrong : textRole()));
+    return leadingPadding() + symbolRoom() + int(std::ceil(metrics.horizontalAdvance(text))) + padding();
+}
+
+QSize Button::sizeHint() const {
+    int width = naturalWidth(text());
+    for (const QString& other : m_widthTexts)
+        width = std::max(width, naturalWidth(other));
+    return {width, baseHeight()};
+}
+
+QSize Button::minimumSizeHint() const {
+    return {std::min(sizeHint().width(), theme().scaled(96)), baseHeight()};
+}
+
+int Button::heightForWidth(int width) const {
+    if (width >= naturalWidth(text())) return baseHeight();
+    const int room = std::max(1, width - leadingPadding() - symbolRoom() - padding());
+    const QFontMetrics metrics(theme().font(textRole()));
+    const int line = theme().lineHeight(textRole());
+    return baseHeight() - line +
+           std::max(line, metrics.boundingRect(QRect(0, 0, room, 10000), wrapFlags, text()).height());
+}
+
+void Button::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setOpacity(disabledOpacity());
+    const bool pressed = isDown();
+    ColorRole fill = pressed       ? ColorRole::controlPressed
+                     : isHovered() ? ColorRole::controlHover
+                                   : ColorRole::control;
+    QColor words = theme().color(m_kind == Kind::destructive ? ColorRole::red : ColorRole::text1);
+    if (m_kind == Kind::prominent) {
+        fill = pressed       ? ColorRole::accentFillPressed
+               : isHovered() ? ColorRole::accentFillHover
+                             : ColorRole::accentFill;
+        words = theme().color(ColorRole::onAccent);
+        paintRounded(painter, rect(), Corner::button, theme().color(fill));
+    } else if (isTinted()) {
+        words = theme().color(*m_tintWords);
+        paintRounded(painter, rect(), Corner::button, theme().color(fill));
+        paintRounded(painter, rect(), Corner::button, theme().color(*m_tintFill, 14),
+                     theme().color(*m_tintFill, 60), 1.5);
+    } else {
+        paintRounded(painter, rect(), Corner::button, theme().color(fill),
+                     theme().color(ColorRole::controlBorder));
+    }
+
+    painter.setFont(theme().font(textRole()));
+    const QFontMetricsF metrics(painter.font());
+    const double room = width() - leadingPadding() - symbolRoom() - padding();
+    const double textWidth = std::min(room, std::ceil(metrics.horizontalAdvance(text())));
+    double x = leadingPadding() + std::max(0.0, (room - textWidth) / 2);
+    if (!m_symbol.isEmpty()) {
+        const double side = theme().scaled(SymbolSize::button);
+        drawSymbol(painter, QRectF(x, (height() - side) / 2, side, side), m_symbol, words);
+        x += symbolRoom();
+    }
+    painter.setPen(words);
+    if (textWidth < room || metrics.horizontalAdvance(text()) <= room) {
+        // By its baseline, so that text and symbol stand still between weights and hinting.
+        const double baseline =
+            std::round((height() - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent());
+        painter.drawText(QPointF(x, baseline), text());
+    } else {
+        painter.drawText(QRectF(x, 0, room, height()), wrapFlags, text());
+    }
+}
+
+} // namespace tessivo

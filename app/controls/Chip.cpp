@@ -1,0 +1,105 @@
+#include "app/controls/Chip.h"
+
+#include "app/controls/Metrics.h"
+#include "app/controls/Paint.h"
+#include "app/controls/Symbols.h"
+
+#include <cmath>
+
+namespace tessivo {
+namespace {
+
+constexpr int padding = 12;
+constexpr int leadingPadding = 10;
+constexpr int gap = 6;
+
+void drawWords(QPainter& painter, double x, double height, const QString& text) {
+    const QFontMetricsF metrics(painter.font());
+    painter.drawText(
+        QPointF(x, std::round((height - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent())), text);
+}
+
+QSize capsuleSize(const QString& text, TextRole role, bool symbol, int height) {
+    const QFontMetricsF metrics(theme().font(role));
+    const int room = symbol ? leadingPadding + theme().scaled(SymbolSize::glyph) + gap : padding;
+    return {room + int(std::ceil(metrics.horizontalAdvance(text))) + padding, theme().scaled(height)};
+}
+
+} // namespace
+
+Chip::Chip(const QString& text, const QString& pendingSymbol, QWidget* parent)
+    : QWidget(parent), m_text(text), m_pending(pendingSymbol) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
+}
+
+void Chip::setMet(bool met) {
+    if (met == m_met) return;
+    m_met = met;
+    update();
+    announceValueChange(this);
+}
+
+void Chip::setText(const QString& text) {
+    if (text == m_text) return;
+    m_text = text;
+    updateGeometry();
+    update();
+    announceNameChange(this);
+}
+
+QSize Chip::sizeHint() const {
+    return capsuleSize(m_text, TextRole::control, true, Height::chip);
+}
+
+QSize Chip::minimumSizeHint() const {
+    return sizeHint();
+}
+
+QString Chip::spokenValue() const {
+    return m_met ? QStringLiteral("seen") : QStringLiteral("not yet");
+}
+
+void Chip::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintRounded(painter, rect(), height() / 2.0,
+                 m_met ? theme().color(ColorRole::green, 12) : theme().color(ColorRole::text1, 5));
+    const double side = theme().scaled(SymbolSize::glyph);
+    drawSymbol(painter, QRectF(leadingPadding, (height() - side) / 2, side, side),
+               m_met ? QStringLiteral("checkmark.circle.fill") : m_pending,
+               theme().color(m_met ? ColorRole::greenGlyph : ColorRole::grayGlyph));
+    painter.setFont(theme().font(TextRole::control));
+    painter.setPen(theme().color(m_met ? ColorRole::text1 : ColorRole::text2));
+    drawWords(painter, leadingPadding + side + gap, height(), m_text);
+}
+
+Tag::Tag(const QString& text, const QString& symbol, QWidget* parent)
+    : QWidget(parent), m_text(text), m_symbol(symbol) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
+}
+
+QSize Tag::sizeHint() const {
+    return capsuleSize(m_text, TextRole::badge, !m_symbol.isEmpty(), Height::badge);
+}
+
+QSize Tag::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void Tag::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintRounded(painter, rect(), height() / 2.0, theme().color(ColorRole::orange, 15));
+    painter.setFont(theme().font(TextRole::badge));
+    painter.setPen(theme().color(ColorRole::orange));
+    double x = padding;
+    if (!m_symbol.isEmpty()) {
+        const double side = theme().scaled(SymbolSize::glyph);
+        drawSymbol(painter, QRectF(leadingPadding, (height() - side) / 2, side, side), m_symbol,
+                   theme().color(ColorRole::orange));
+        x = leadingPadding + side + gap;
+    }
+    drawWords(painter, x, height(), m_text);
+}
+
+} // namespace tessivo

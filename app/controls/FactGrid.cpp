@@ -1,0 +1,155 @@
+#include "app/controls/FactGrid.h"
+
+#include "app/controls/TextLabel.h"
+
+#include <QPainter>
+
+namespace tessivo {
+namespace {
+
+constexpr int columnGap = 32;
+
+} // namespace
+
+/// Label and value, with the divider of the row above drawn at its top.
+class FactGrid::Row final : public QWidget, public AccessibleTraits {
+public:
+    Row(const QString& label, const QString& value, bool monospaced, const Look& look, QWidget* parent)
+        : QWidget(parent),
+          m_look(look),
+          m_label(new TextLabel(label, TextRole::body, ColorRole::text2, this)),
+          m_value(new TextLabel(value, monospaced ? TextRole::monospaced : TextRole::body, ColorRole::text1,
+                                this)) {
+        m_value->setSelectable(true);
+        m_value->setAccessibleName(label);
+        QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+        policy.setHeightForWidth(true);
+        setSizePolicy(policy);
+    }
+
+    TextLabel& value() const { return *m_value; }
+    void setDivided(bool divided) {
+        if (divided == m_divided) return;
+        m_divided = divided;
+        updateGeometry();
+        update();
+    }
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override {
+        const int line = theme().lineHeight(TextRole::body);
+        const int text =
+            std::max(m_value->heightForWidth(valueWidth(width)), m_label->heightForWidth(labelWidth()));
+        return theme().scaled(m_look.rowHeight) - line + text + (m_divided ? 1 : 0);
+    }
+    QSize sizeHint() const override {
+        const int width = valueLeft() + m_value->sizeHint().width();
+        return {width, heightForWidth(width)};
+    }
+    QSize minimumSizeHint() const override {
+        return {valueLeft() + m_value->minimumSizeHint().width(), theme().scaled(m_look.rowHeight)};
+    }
+
+    QAccessible::Role spokenRole() const override { return QAccessible::StaticText; }
+    QString spokenName() const override { return m_label->text() + QStringLiteral(", ") + m_value->text(); }
+    QString spokenValue() const override { return m_value->text(); }
+    bool isOneElement() const override { return true; }
+
+protected:
+    void resizeEvent(QResizeEvent*) override {
+        const int top =
+            (theme().scaled(m_look.rowHeight) - theme().lineHeight(TextRole::body)) / 2 + (m_divided ? 1 : 0);
+        const auto put = [this](QWidget* widget, const QRect& place) {
+            widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+        };
+        put(m_label, QRect(0, top, labelWidth(), m_label->heightForWidth(labelWidth())));
+        put(m_value,
+            QRect(valueLeft(), top, valueWidth(width()), m_value->heightForWidth(valueWidth(width()))));
+    }
+
+    void paintEvent(QPaintEvent*) override {
+        if (!m_divided) return;
+        QPainter painter(this);
+        painter.fillRect(0, 0, width(), 1, theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+    }
+
+private:
+    int labelWidth() const { return theme().scaled(m_look.labelWidth); }
+    int valueLeft() const { return labelWidth() + m_look.gap; }
+    int valueWidth(int width) const { return std::max(40, width - valueLeft()); }
+
+    Look m_look;
+    TextLabel* m_label;
+    TextLabel* m_value;
+    bool m_divided = false;
+};
+
+class FactGrid::GridLayout final : public FlowingLayout {
+public:
+    GridLayout(QWidget* parent, bool twoColumns) : FlowingLayout(parent), m_twoColumns(twoColumns) {}
+
+protected:
+    int naturalWidth() const override {
+        int width = 0;
+        for (const QLayoutItem* item : m_items)
+            width = std::max(width, item->sizeHint().width());
+        return m_twoColumns ? 2 * width + columnGap : width;
+    }
+
+    int arrange(const QRect& rect, bool apply) const override {
+        const int columns = m_twoColumns && rect.width() >= Width::twoColumns ? 2 : 1;
+        const int width = (rect.width() - (columns - 1) * columnGap) / columns;
+        std::vector<QLayoutItem*> shown;
+        for (QLayoutItem* item : m_items)
+            if (!item->isEmpty()) shown.push_back(item);
+        int y = rect.top();
+        for (size_t start = 0; start < shown.size(); start += size_t(columns)) {
+            const size_t end = std::min(shown.size(), start + size_t(columns));
+            int height = 0;
+            for (size_t i = start; i < end; ++i) {
+                static_cast<Row*>(shown[i]->widget())->setDivided(start > 0);
+                height = std::max(height, itemHeight(shown[i], width));
+            }
+            for (size_t i = start; apply && i < end; ++i) {
+                const QRect place(rect.left() + int(i - start) * (width + columnGap), y, width, height);
+                shown[i]->setGeometry(QStyle::visualRect(parentWidget()->layoutDirection(), rect, place));
+            }
+            y += height;
+        }
+        return y - rect.top();
+    }
+
+private:
+    bool m_twoColumns;
+};
+
+FactGrid::FactGrid(const Look& look, QWidget* parent)
+    : QWidget(parent), m_look(look), m_grid(new GridLayout(this, look.twoColumns)) {}
+
+FactGrid::FactGrid(QWidget* parent) : FactGrid(Look{}, parent) {}
+
+int FactGrid::addFact(const QString& label, const QString& value, bool monospaced) {
+    auto* row = new Row(label, value, monospaced, m_look, this);
+    m_rows.append(row);
+    m_grid->addWidget(row);
+    return int(m_rows.size()) - 1;
+}
+
+void FactGrid::setValue(int index, const QString& value) {
+    Row* row = m_rows.value(index);
+    if (!row || row->value().text() == value) return;
+    row->value().setText(value);
+    row->updateGeometry();
+    announceNameChange(row);
+}
+
+void FactGrid::setFactVisible(int index, bool visible) {
+    if (Row* row = m_rows.value(index)) row->setVisible(visible);
+}
+
+QString FactGrid::value(int index) const {
+    const Row* row = m_rows.value(index);
+    return row ? row->value().text() : QString();
+}
+
+} // namespace tessivo

@@ -1,0 +1,35 @@
+#include "app/controls/OverrideControls.h"
+
+#include "app/controls/Checkbox.h"
+#include "app/controls/GrowingTextField.h"
+#include "app/controls/Metrics.h"
+
+namespace tessivo {
+
+OverrideControls::OverrideControls(TestID test, QWidget* parent)
+    : QWidget(parent),
+      m_notIncluded(new Checkbox(QStringLiteral("Not part of this sale (leave it out of the report)"))),
+      m_note(
+          new GrowingTextField(QStringLiteral("Noticed a problem the test can't catch? Describe it here."))) {
+    m_note->setAccessibleName(QStringLiteral("Problem note for ") + QString::fromUtf8(title(test)));
+    auto* layout = new ColumnLayout(this);
+    layout->add(m_notIncluded, 0, Qt::AlignLeft);
+    layout->add(m_note, PageHead::overrideInner);
+    connect(m_notIncluded, &Checkbox::clicked, this, &OverrideControls::publish);
+    connect(m_note, &GrowingTextField::textEdited, this, &OverrideControls::publish);
+}
+
+void OverrideControls::setOverride(const std::optional<UserOverride>& override) {
+    m_notIncluded->setChecked(override && override->notIncluded);
+    m_note->setText(override && override->problem ? QString::fromStdString(*override->problem) : QString());
+}
+
+void OverrideControls::publish() {
+    UserOverride override;
+    override.notIncluded = m_notIncluded->isChecked();
+    if (const QString note = m_note->text(); !note.isEmpty()) override.problem = note.toStdString();
+    const bool empty = !override.notIncluded && !override.problem;
+    Q_EMIT changed(empty ? std::nullopt : std::optional(override));
+}
+
+} // namespace tessivo

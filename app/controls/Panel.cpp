@@ -1,0 +1,93 @@
+#include "app/controls/Panel.h"
+
+#include "app/controls/Paint.h"
+
+namespace tessivo {
+namespace {
+
+double cornerOf(Panel::Kind kind) {
+    switch (kind) {
+    case Panel::Kind::inner:
+        return Corner::innerPanel;
+    case Panel::Kind::well:
+        return Corner::well;
+    default:
+        return Corner::panel;
+    }
+}
+
+ColorRole fillOf(Panel::Kind kind) {
+    switch (kind) {
+    case Panel::Kind::inner:
+        return ColorRole::window;
+    case Panel::Kind::well:
+        return ColorRole::well;
+    default:
+        return ColorRole::card;
+    }
+}
+
+} // namespace
+
+Divider::Divider(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMinimumHeight(1);
+}
+
+void Divider::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+}
+
+Panel::Panel(Kind kind, QWidget* parent)
+    : QWidget(parent), m_kind(kind), m_corner(cornerOf(kind)), m_layout(new ColumnLayout(this)) {
+    if (kind != Kind::list) setPadding(Space::block, Space::block);
+}
+
+void Panel::add(QWidget* widget, int gapAbove, Qt::Alignment alignment) {
+    m_layout->add(widget, gapAbove, alignment);
+}
+
+void Panel::addRow(QWidget* row, int dividerInset) {
+    if (m_layout->count() > 0) {
+        auto* inset = new QWidget(this);
+        auto* line = new ColumnLayout(inset);
+        line->setContentsMargins(dividerInset, 0, dividerInset, 0);
+        line->add(new Divider);
+        m_layout->add(inset);
+        row->installEventFilter(this);
+        m_dividers.append(std::pair<QWidget*, QWidget*>(row, inset));
+    }
+    m_layout->add(row);
+}
+
+bool Panel::eventFilter(QObject* watched, QEvent* event) {
+    // A row that is hidden takes the divider above it along.
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+        for (const auto& [row, divider] : std::as_const(m_dividers))
+            if (row == watched) divider->setVisible(event->type() == QEvent::ShowToParent);
+    return QWidget::eventFilter(watched, event);
+}
+
+void Panel::clear() {
+    m_dividers.clear();
+    while (QLayoutItem* item = m_layout->takeAt(0)) {
+        // Rows may be cleared from a click on one of them.
+        item->widget()->hide();
+        item->widget()->deleteLater();
+        delete item;
+    }
+}
+
+void Panel::setPadding(int horizontal, int vertical) {
+    m_layout->setContentsMargins(horizontal, vertical, horizontal, vertical);
+}
+
+void Panel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const double hairline = devicePixelRatioF() >= 2 ? 0.5 : 1;
+    paintRounded(painter, rect(), m_corner, theme().color(fillOf(m_kind)));
+    paintRounded(painter, rect(), m_corner, {}, theme().color(ColorRole::text1, 8), hairline);
+}
+
+} // namespace tessivo

@@ -1,0 +1,131 @@
+#include "app/controls/Picker.h"
+
+#include "app/controls/Metrics.h"
+#include "app/controls/Paint.h"
+#include "app/controls/Symbols.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace tessivo {
+namespace {
+
+constexpr int padding = 13;
+constexpr int arrowsInset = 8;
+
+} // namespace
+
+Picker::Picker(const QString& name, const QStringList& choices, QWidget* parent) : QComboBox(parent) {
+    setAccessibleName(name);
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setChoices(choices);
+    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
+    connect(this, &QComboBox::currentTextChanged, this,
+            [this](const QString& text) { setToolTip(sizeHint().width() > width() ? text : QString()); });
+}
+
+void Picker::setChoices(const QStringList& choices) {
+    QStringList present;
+    for (int i = 0; i < count(); ++i)
+        present.append(itemText(i));
+    if (present == choices) return;
+    const int index = currentIndex();
+    const bool wasBlocked = blockSignals(true);
+    clear();
+    addItems(choices);
+    setCurrentIndex(index >= 0 && index < count() ? index : 0);
+    blockSignals(wasBlocked);
+    updateGeometry();
+    update();
+}
+
+void Picker::setPreferredWidth(int width) {
+    m_preferredWidth = width;
+    updateGeometry();
+}
+
+QSize Picker::sizeHint() const {
+    const QFontMetricsF metrics(theme().font(TextRole::control));
+    double words = 0;
+    for (int i = 0; i < count(); ++i)
+        words = std::max(words, metrics.horizontalAdvance(itemText(i)));
+    const int natural =
+        padding + int(std::ceil(words)) + padding + theme().scaled(SymbolSize::button) + arrowsInset;
+    const int width = m_preferredWidth > 0 ? theme().scaled(m_preferredWidth) : natural;
+    return {width, theme().scaled(Height::control)};
+}
+
+QSize Picker::minimumSizeHint() const {
+    return {theme().scaled(96), theme().scaled(Height::control)};
+}
+
+double Picker::focusShapeCorner() const {
+    return Corner::button;
+}
+
+void Picker::showPopup() {
+    if (count() == 0) return;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(accessibleName());
+    menu->setMinimumWidth(width());
+    QAction* chosen = nullptr;
+    for (int i = 0; i < count(); ++i) {
+        QString text = itemText(i);
+        QAction* action = menu->addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
+        action->setCheckable(true);
+        action->setChecked(i == currentIndex());
+        if (action->isChecked()) chosen = action;
+        connect(action, &QAction::triggered, this, [this, i] {
+            setCurrentIndex(i);
+            Q_EMIT activated(i);
+            Q_EMIT textActivated(itemText(i));
+        });
+    }
+    connect(menu, &QMenu::aboutToHide, this, [this] { update(); });
+    menu->popup(mapToGlobal(QPoint(0, height() + 4)));
+    menu->setActiveAction(chosen);
+}
+
+void Picker::wheelEvent(QWheelEvent* event) {
+    // Scrolling the page must not change a choice that happens to pass under the pointer.
+    event->ignore();
+}
+
+bool Picker::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            if (event->type() == QEvent::KeyPress) showPopup();
+            event->accept();
+            return true;
+        }
+    }
+    return QComboBox::event(event);
+}
+
+void Picker::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    const ColorRole fill = isEnabled() && underMouse() ? ColorRole::controlHover : ColorRole::control;
+    paintRounded(painter, rect(), Corner::button, theme().color(fill),
+                 theme().color(ColorRole::controlBorder));
+    const double side = theme().scaled(SymbolSize::button);
+    const QRectF arrows(width() - arrowsInset - side, (height() - side) / 2, side, side);
+    drawSymbol(painter, QStyle::visualRect(layoutDirection(), rect(), arrows.toRect()),
+               QStringLiteral("chevron.up.chevron.down"), theme().color(ColorRole::text2));
+    painter.setFont(theme().font(TextRole::control));
+    painter.setPen(theme().color(ColorRole::text1));
+    const QFontMetricsF metrics(painter.font());
+    const QRect room(padding, 0, int(arrows.left()) - padding - 4, height());
+    painter.drawText(QStyle::visualRect(layoutDirection(), rect(), room),
+                     Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                     metrics.elidedText(currentText(), Qt::ElideRight, room.width()));
+}
+
+} // namespace tessivo

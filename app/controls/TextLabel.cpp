@@ -1,0 +1,357 @@
+#include "app/controls/TextLabel.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QStyle>
+#include <QTextBoundaryFinder>
+
+#include <cmath>
+
+namespace tessivo {
+namespace {
+
+constexpr int leastWidth = 80;
+constexpr double endless = 1e6;
+
+} // namespace
+
+TextLabel::TextLabel(const QString& text, TextRole role, ColorRole color, QWidget* parent)
+    : QWidget(parent), m_text(text), m_role(role), m_color(color) {
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    connect(&theme(), &Theme::changed, this, &TextLabel::textHasChanged);
+}
+
+void TextLabel::setText(const QString& text) {
+    if (text == m_text) return;
+    m_text = text;
+    m_selectionStart = m_selectionEnd = 0;
+    textHasChanged();
+    announceNameChange(this);
+}
+
+void TextLabel::setTextRole(TextRole role) {
+    if (role == m_role) return;
+    m_role = role;
+    textHasChanged();
+}
+
+void TextLabel::setColorRole(ColorRole role) {
+    if (role == m_color) return;
+    m_color = role;
+    update();
+}
+
+void TextLabel::setAlignment(Qt::Alignment horizontal) {
+    m_alignment = horizontal;
+    textHasChanged();
+}
+
+void TextLabel::setSelectable(bool selectable) {
+    m_selectable = selectable;
+    setFocusPolicy(selectable ? Qt::ClickFocus : Qt::NoFocus);
+    setCursor(selectable ? Qt::IBeamCursor : Qt::ArrowCursor);
+}
+
+void TextLabel::setMaximumLines(int lines) {
+    m_maximumLines = lines;
+    textHasChanged();
+}
+
+void TextLabel::setReservedLines(int lines) {
+    m_reservedLines = lines;
+    textHasChanged();
+}
+
+void TextLabel::setTabularDigits(bool tabular) {
+    m_tabular = tabular;
+    textHasChanged();
+}
+
+void TextLabel::textHasChanged() {
+    m_measuredWidth = -1;
+    m_naturalWidth = -1;
+    m_laidOutWidth = -1;
+    relayout();
+    updateGeometry();
+    update();
+}
+
+/// Fills the layout with lines of the given width at the role's line height; returns the height.
+int TextLabel::layOut(QTextLayout& layout, double width, bool* elided) const {
+    const QFont font = theme().font(m_role);
+    const int lineHeight = theme().lineHeight(m_role);
+    const double baselineInLine = baseline();
+    QString shown = m_text;
+    shown.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    QTextOption option(m_alignment);
+    option.setWrapMode(m_maximumLines == 1 ? QTextOption::ManualWrap
+                                           : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setFont(font);
+    layout.setTextOption(option);
+    layout.setCacheEnabled(true);
+
+    bool cut = false;
+    for (;;) {
+        layout.setText(shown);
+        layout.beginLayout();
+        int lines = 0, lastStart = 0;
+        double widest = 0;
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(width);
+            line.setPosition(QPointF(0, lines * lineHeight + baselineInLine - line.ascent()));
+            if (m_maximumLines > 0 && lines == m_maximumLines - 1) {
+                lastStart = line.textStart();
+                widest = line.naturalTextWidth();
+            }
+            ++lines;
+        }
+        layout.endLayout();
+        const bool tooMany =
+            m_maximumLines > 0 && (lines > m_maximumLines || (lines == m_maximumLines && widest > width));
+        if (!tooMany || cut) {
+            if (elided) *elided = cut;
+            return std::max({lines, m_reservedLines, 1}) * lineHeight;
+        }
+        QString rest = shown.mid(lastStart);
+        rest.replace(QChar::LineSeparator, QLatin1Char(' '));
+        shown = shown.left(lastStart) + QFontMetricsF(font).elidedText(rest, Qt::ElideRight, width);
+        cut = true;
+    }
+}
+
+double TextLabel::baseline() const {
+    const QFontMetricsF metrics(theme().font(m_role));
+    return std::round((theme().lineHeight(m_role) - metrics.ascent() - metrics.descent()) / 2 +
+                      metrics.ascent());
+}
+
+double TextLabel::naturalWidth() const {
+    if (m_naturalWidth < 0) {
+        if (m_tabular) {
+            m_naturalWidth = tabularWidth();
+        } else {
+            QTextLayout layout;
+            layOut(layout, endless, nullptr);
+            double width = 0;
+            for (int i = 0; i < layout.lineCount(); ++i)
+                width = std::max(width, layout.lineAt(i).naturalTextWidth());
+            m_naturalWidth = width;
+        }
+    }
+    return m_naturalWidth;
+}
+
+int TextLabel::heightForWidth(int width) const {
+    if (m_tabular) return std::max(1, m_reservedLines) * theme().lineHeight(m_role);
+    if (width != m_measuredWidth) {
+        QTextLayout layout;
+        m_measuredHeight = layOut(layout, width, nullptr);
+        m_measuredWidth = width;
+    }
+    return m_measuredHeight;
+}
+
+QSize TextLabel::sizeHint() const {
+    const int width = int(std::ceil(naturalWidth()));
+    return {width, heightForWidth(width)};
+}
+
+QSize TextLabel::minimumSizeHint() const {
+    const int width = int(std::ceil(naturalWidth()));
+    if (m_tabular) return {width, heightForWidth(width)};
+    return {std::min(width, theme().scaled(leastWidth)),
+            std::max(1, m_reservedLines) * theme().lineHeight(m_role)};
+}
+
+void TextLabel::relayout() {
+    if (m_tabular || width() == m_laidOutWidth) return;
+    bool elided = false;
+    layOut(m_layout, width(), &elided);
+    m_laidOutWidth = width();
+    if (elided != m_elided) {
+        m_elided = elided;
+        setToolTip(elided ? m_text : QString());
+    } else if (elided) {
+        setToolTip(m_text);
+    }
+}
+
+void TextLabel::resizeEvent(QResizeEvent*) {
+    relayout();
+}
+
+void TextLabel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LayoutDirectionChange) textHasChanged();
+    if (event->type() == QEvent::EnabledChange) update();
+    QWidget::changeEvent(event);
+}
+
+void TextLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    painter.setPen(theme().color(m_color));
+    if (m_tabular) {
+        drawTabular(painter);
+        return;
+    }
+    QList<QTextLayout::FormatRange> selections;
+    if (m_selectionStart != m_selectionEnd) {
+        QTextLayout::FormatRange range;
+        range.start = std::min(m_selectionStart, m_selectionEnd);
+        range.length = std::abs(m_selectionEnd - m_selectionStart);
+        range.format.setBackground(palette().highlight());
+        range.format.setForeground(palette().highlightedText());
+        selections.append(range);
+    }
+    m_layout.draw(&painter, QPointF(0, 0), selections);
+}
+
+/// The font offers no way to its tabular digits here, so each digit is centred in the widest one's cell.
+void TextLabel::drawTabular(QPainter& painter) const {
+    const QFont font = theme().font(m_role);
+    const QFontMetricsF metrics(font);
+    const double cell = metrics.horizontalAdvance(QLatin1Char('0'));
+    painter.setFont(font);
+    double x = 0;
+    if (m_alignment & Qt::AlignHCenter) x = (width() - naturalWidth()) / 2;
+    if (m_alignment & Qt::AlignRight) x = width() - naturalWidth();
+    const double y = baseline();
+    for (qsizetype i = 0; i < m_text.size();) {
+        if (m_text.at(i).isDigit()) {
+            const QString digit = m_text.mid(i++, 1);
+            painter.drawText(QPointF(x + (cell - metrics.horizontalAdvance(digit)) / 2, y), digit);
+            x += cell;
+            continue;
+        }
+        qsizetype end = i;
+        while (end < m_text.size() && !m_text.at(end).isDigit())
+            ++end;
+        const QString words = m_text.mid(i, end - i);
+        painter.drawText(QPointF(x, y), words);
+        x += metrics.horizontalAdvance(words);
+        i = end;
+    }
+}
+
+double TextLabel::tabularWidth() const {
+    const QFontMetricsF metrics(theme().font(m_role));
+    QString words = m_text;
+    for (QChar& character : words)
+        if (character.isDigit()) character = QLatin1Char('0');
+    // Measured in the same pieces as it is drawn, since kerning differs across them.
+    double width = 0;
+    for (qsizetype i = 0; i < words.size();) {
+        const bool digit = words.at(i).isDigit();
+        qsizetype end = i + 1;
+        while (!digit && end < words.size() && !words.at(end).isDigit())
+            ++end;
+        width += metrics.horizontalAdvance(words.mid(i, end - i));
+        i = end;
+    }
+    return width;
+}
+
+QAccessible::Role TextLabel::spokenRole() const {
+    return m_heading ? QAccessible::Heading : QAccessible::StaticText;
+}
+
+QString TextLabel::selectedText() const {
+    return m_text.mid(std::min(m_selectionStart, m_selectionEnd),
+                      std::abs(m_selectionEnd - m_selectionStart));
+}
+
+void TextLabel::select(int start, int end) {
+    m_selectionStart = start;
+    m_selectionEnd = end;
+    update();
+}
+
+int TextLabel::positionAt(const QPointF& point) const {
+    const int count = m_layout.lineCount();
+    if (count == 0) return 0;
+    const int line = std::clamp(int(point.y() / theme().lineHeight(m_role)), 0, count - 1);
+    return std::min(m_layout.lineAt(line).xToCursor(point.x()), int(m_text.size()));
+}
+
+void TextLabel::mousePressEvent(QMouseEvent* event) {
+    if (!m_selectable || event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    const int position = positionAt(event->position());
+    select(event->modifiers() & Qt::ShiftModifier ? m_selectionStart : position, position);
+}
+
+void TextLabel::mouseMoveEvent(QMouseEvent* event) {
+    if (!m_selectable || !(event->buttons() & Qt::LeftButton)) {
+        event->ignore();
+        return;
+    }
+    select(m_selectionStart, positionAt(event->position()));
+}
+
+void TextLabel::mouseReleaseEvent(QMouseEvent* event) {
+    if (!m_selectable) event->ignore();
+}
+
+void TextLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (!m_selectable) {
+        event->ignore();
+        return;
+    }
+    QTextBoundaryFinder words(QTextBoundaryFinder::Word, m_text);
+    const int position = positionAt(event->position());
+    words.setPosition(position);
+    const int start = int(words.isAtBoundary() ? position : words.toPreviousBoundary());
+    words.setPosition(position);
+    const int end = int(words.toNextBoundary());
+    if (start >= 0 && end >= start) select(start, end);
+}
+
+void TextLabel::keyPressEvent(QKeyEvent* event) {
+    if (m_selectable && event->matches(QKeySequence::SelectAll))
+        select(0, int(m_text.size()));
+    else if (m_selectable && event->matches(QKeySequence::Copy))
+        copy();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+bool TextLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && m_selectable) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::SelectAll) || key->matches(QKeySequence::Copy)) key->accept();
+    }
+    return QWidget::event(event);
+}
+
+void TextLabel::focusOutEvent(QFocusEvent* event) {
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        select(0, 0);
+}
+
+void TextLabel::contextMenuEvent(QContextMenuEvent* event) {
+    if (!m_selectable) {
+        event->ignore();
+        return;
+    }
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* copyAction = menu->addAction(tr("Copy"), this, &TextLabel::copy);
+    copyAction->setEnabled(!selectedText().isEmpty());
+    menu->addAction(tr("Select All"), this, [this] { select(0, int(m_text.size())); });
+    menu->popup(event->globalPos());
+}
+
+void TextLabel::copy() const {
+    if (!selectedText().isEmpty()) QGuiApplication::clipboard()->setText(selectedText());
+}
+
+} // namespace tessivo

@@ -1,0 +1,111 @@
+#include "app/controls/TileGrid.h"
+
+#include "app/controls/Paint.h"
+#include "app/controls/StatusBadge.h"
+#include "app/controls/Symbols.h"
+#include "app/controls/TextLabel.h"
+
+namespace tessivo {
+namespace {
+
+constexpr int padding = 12;
+constexpr int edge = 13; // the padding inside the hairline
+constexpr int symbolGap = 9;
+constexpr int glyphGap = 8;
+constexpr int summaryGap = 3;
+
+} // namespace
+
+Tile::Tile(const QString& title, const QString& symbol, QWidget* parent)
+    : ClickControl(parent),
+      m_title(title),
+      m_symbol(symbol),
+      m_heading(new TextLabel(title, TextRole::headline)),
+      m_summary(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
+    setText(title);
+    setCorner(Corner::tile);
+    for (TextLabel* label : {m_heading, m_summary}) {
+        label->setParent(this);
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    m_heading->setMaximumLines(1);
+    m_summary->setMaximumLines(2);
+    m_summary->setReservedLines(2);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void Tile::setStatus(TestStatus status, const QString& summary) {
+    if (status == m_status && summary == m_summary->text()) return;
+    m_status = status;
+    m_summary->setText(summary);
+    setToolTip(m_summary->isElided() ? summary : QString());
+    update();
+    announceNameChange(this);
+}
+
+QString Tile::summary() const {
+    return m_summary->text();
+}
+
+QString Tile::spokenName() const {
+    return m_title + QStringLiteral(": ") + QString::fromUtf8(label(m_status)) + QStringLiteral(". ") +
+           m_summary->text();
+}
+
+int Tile::textLeft() const {
+    return padding + theme().scaled(SymbolSize::tile) + symbolGap;
+}
+
+int Tile::heightForWidth(int) const {
+    return 2 * padding + theme().lineHeight(TextRole::headline) + summaryGap + 1 +
+           2 * theme().lineHeight(TextRole::callout);
+}
+
+QSize Tile::sizeHint() const {
+    return {theme().scaled(Width::tileMinimum), heightForWidth(0)};
+}
+
+QSize Tile::minimumSizeHint() const {
+    return {theme().scaled(160), heightForWidth(0)};
+}
+
+void Tile::resizeEvent(QResizeEvent*) {
+    const int left = textLeft();
+    const int room = width() - left - padding - theme().scaled(SymbolSize::tileGlyph) - glyphGap;
+    const int line = theme().lineHeight(TextRole::headline);
+    const auto put = [this](QWidget* widget, const QRect& place) {
+        widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+    };
+    put(m_heading, QRect(left, edge, room, line));
+    put(m_summary, QRect(left, edge + line + summaryGap, room, 2 * theme().lineHeight(TextRole::callout)));
+    setToolTip(m_summary->isElided() ? m_summary->text() : QString());
+}
+
+void Tile::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setOpacity(disabledOpacity());
+    paintRounded(painter, rect(), Corner::tile, theme().color(ColorRole::card));
+    if (isDown() || isHovered())
+        paintRounded(painter, rect(), Corner::tile, theme().color(ColorRole::text1, isDown() ? 9 : 5));
+    paintRounded(painter, rect(), Corner::tile, {}, theme().color(ColorRole::text1, 8),
+                 devicePixelRatioF() >= 2 ? 0.5 : 1);
+    const auto put = [this](const QRect& place) {
+        return QStyle::visualRect(layoutDirection(), rect(), place);
+    };
+    const int side = theme().scaled(SymbolSize::tile);
+    const int line = theme().lineHeight(TextRole::headline);
+    drawSymbol(painter, put(QRect(padding, edge + (line - side) / 2, side, side)), m_symbol,
+               theme().color(ColorRole::accent));
+    const int glyph = theme().scaled(SymbolSize::tileGlyph);
+    drawSymbol(painter, put(QRect(width() - padding - glyph, padding, glyph, glyph)),
+               QString::fromUtf8(symbol(m_status)), theme().color(glyphColor(m_status)));
+}
+
+TileGrid::TileGrid(QWidget* parent, int minimumWidth, int gap, int maximumColumns)
+    : QWidget(parent), m_layout(new TileLayout(this, theme().scaled(minimumWidth), gap)) {
+    m_layout->setMaximumColumns(maximumColumns);
+}
+
+} // namespace tessivo
