@@ -1,0 +1,35 @@
+#include "app/window/AppDelegate.h"
+
+#include "app/window/RootView.h"
+
+#include <QCoreApplication>
+
+namespace tessivo {
+
+AppDelegate::AppDelegate(Platform& platform, Dialogs& dialogs, QObject* parent)
+    : QObject(parent),
+      m_dialogs(dialogs),
+      m_model(platform),
+      m_updater(platform.updateFramework(), platform.scheduler(), QStringLiteral("Tessivo"),
+                QString::fromStdString(AppModel::appVersion())),
+      m_window(std::make_unique<RootView>(PageContext{m_model, dialogs}, m_updater)) {
+    connect(&m_updater, &Updater::alert, this, &AppDelegate::tell);
+    connect(qApp, &QCoreApplication::aboutToQuit, &m_model, &AppModel::persist);
+    // `exit`, not `quit`: what is open in front of the window, a dialog for one, doesn't keep it.
+    connect(m_window.get(), &RootView::closed, this, [] { QCoreApplication::exit(0); });
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::open() {
+    m_window->show();
+}
+
+void AppDelegate::tell(const Updater::Alert& alert) {
+    if (m_window->isMinimized()) m_window->showNormal();
+    m_window->raise();
+    m_window->activateWindow();
+    m_dialogs.inform(m_window.get(), alert.message, alert.text);
+}
+
+} // namespace tessivo

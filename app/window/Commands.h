@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/model/Updater.h"
+#include "app/pages/PageContext.h"
+
+#include <QKeySequence>
+#include <QObject>
+
+class QMainWindow;
+class QMenu;
+
+namespace tessivo {
+
+/// The menus of the window and what they do. Lives as long as its window.
+class Commands final : public QObject {
+    Q_OBJECT
+public:
+    Commands(QMainWindow& window, const PageContext& context, Updater& updater);
+
+private:
+    using Action = void (Commands::*)();
+
+    void addApplicationMenu(Updater& updater);
+    void addFileMenu();
+    void addGoMenu();
+    void addHelpMenu();
+    QMenu& addMenu(const QString& title);
+    void add(QMenu& menu, const QString& text, Action action, const QKeySequence& shortcut = {});
+
+    void about();
+    void startOver();
+    void closeKeyWindow();
+    void saveReport();
+    void copyReport();
+    void printReport();
+    void openHelp();
+
+    QMainWindow& m_window;
+    PageContext m_context;
+};
+
+} // namespace tessivo
