@@ -1,0 +1,72 @@
+#include "platform/KeyCodeTable.h"
+
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+using namespace tessivo;
+
+namespace {
+
+using ID = KeyboardLayout::ID;
+
+std::optional<KeyCode> code(int kernelCode, ID layout = ID::ansi) {
+    return KeyCodeTable::virtualKeyCode(std::uint32_t(kernelCode) + 8, layout);
+}
+
+TEST(KeyCodeTable, everyKeyOfBothDiagramsCanBePressed) {
+    for (const ID layout : {ID::ansi, ID::iso}) {
+        std::set<KeyCode> reached;
+        for (int kernelCode = 0; kernelCode < KEY_CNT; ++kernelCode)
+            if (const auto found = code(kernelCode, layout)) reached.insert(*found);
+        for (const KeySpec& key : KeyboardLayout::named(layout).testableKeys())
+            EXPECT_TRUE(reached.contains(*key.code)) << KeyboardLayout::title(layout) << " " << key.id;
+    }
+}
+
+TEST(KeyCodeTable, aKeyHasItsOwnCode) {
+    const struct {
+        int kernelCode;
+        KeyCode code;
+    } rows[] = {{KEY_ESC, 53},        {KEY_1, 18},          {KEY_5, 23},         {KEY_6, 22},
+                {KEY_EQUAL, 24},      {KEY_BACKSPACE, 51},  {KEY_TAB, 48},       {KEY_Y, 16},
+                {KEY_RIGHTBRACE, 30}, {KEY_ENTER, 36},      {KEY_LEFTCTRL, 59},  {KEY_A, 0},
+                {KEY_APOSTROPHE, 39}, {KEY_LEFTSHIFT, 56},  {KEY_BACKSLASH, 42}, {KEY_Z, 6},
+                {KEY_SLASH, 44},      {KEY_RIGHTSHIFT, 60}, {KEY_LEFTALT, 58},   {KEY_RIGHTALT, 61},
+                {KEY_LEFTMETA, 55},   {KEY_RIGHTMETA, 54},  {KEY_SPACE, 49},     {KEY_CAPSLOCK, 57},
+                {KEY_FN, 63},         {KEY_F1, 122},        {KEY_F10, 109},      {KEY_F11, 103},
+                {KEY_F12, 111},       {KEY_F13, 105},       {KEY_F20, 90},       {KEY_UP, 126},
+                {KEY_DOWN, 125},      {KEY_LEFT, 123},      {KEY_RIGHT, 124},    {KEY_KP0, 82},
+                {KEY_KP7, 89},        {KEY_KP8, 91},        {KEY_KP9, 92},       {KEY_KPDOT, 65},
+                {KEY_KPENTER, 76},    {KEY_KPPLUS, 69},     {KEY_KPSLASH, 75},   {KEY_KPEQUAL, 81},
+                {KEY_NUMLOCK, 71}};
+    for (const auto& row : rows)
+        for (const ID layout : {ID::ansi, ID::iso})
+            EXPECT_EQ(code(row.kernelCode, layout), row.code) << row.kernelCode;
+}
+
+TEST(KeyCodeTable, theTwoKeysThatAnISOKeyboardSwapsFollowTheLayout) {
+    EXPECT_EQ(code(KEY_GRAVE, ID::ansi), 50);
+    EXPECT_EQ(code(KEY_GRAVE, ID::iso), 10);
+    EXPECT_EQ(code(KEY_102ND, ID::iso), 50);
+    EXPECT_EQ(code(KEY_102ND, ID::ansi), 10)
+        << "a key that the diagram doesn't have must not tick one that it has";
+}
+
+TEST(KeyCodeTable, noTwoKeysOfTheDiagramsShareACode) {
+    for (const ID layout : {ID::ansi, ID::iso}) {
+        std::map<KeyCode, int> from;
+        for (int kernelCode = 0; kernelCode < KEY_F13; ++kernelCode) {
+            const auto found = code(kernelCode, layout);
+            if (!found || kernelCode == KEY_WAKEUP || !KeyboardLayout::named(layout).key(*found)) continue;
+            EXPECT_TRUE(from.emplace(*found, kernelCode).second) << kernelCode << " and " << from[*found];
+        }
+    }
+}
+
+TEST(KeyCodeTable, whatIsNoKeyOfAMacHasNoCode) {
+    for (const std::uint32_t scanCode : {0u, 7u, 8u, 255u, 0xFFFFFFFFu})
+        EXPECT_FALSE(KeyCodeTable::virtualKeyCode(scanCode, ID::ansi)) << scanCode;
+    EXPECT_FALSE(code(KEY_BRIGHTNESSUP));
+}
+
+} // namespace
