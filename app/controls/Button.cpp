@@ -39,6 +39,11 @@ void Button::setWidthTexts(const QStringList& texts) {
     updateGeometry();
 }
 
+void Button::setLeading(bool leading) {
+    m_leading = leading;
+    update();
+}
+
 void Button::setDefaultAction(bool isDefault) {
     if (isDefault == !m_returnKeys.isEmpty()) return;
     qDeleteAll(m_returnKeys);
@@ -132,7 +137,7 @@ void Button::paintEvent(QPaintEvent*) {
     const QFontMetricsF metrics(painter.font());
     const double room = width() - leadingPadding() - symbolRoom() - padding();
     const double textWidth = std::min(room, std::ceil(metrics.horizontalAdvance(text())));
-    double x = leadingPadding() + std::max(0.0, (room - textWidth) / 2);
+    double x = leadingPadding() + (m_leading ? 0.0 : std::max(0.0, (room - textWidth) / 2));
     if (!m_symbol.isEmpty()) {
         const double side = theme().scaled(SymbolSize::button);
         drawSymbol(painter, QRectF(x, (height() - side) / 2, side, side), m_symbol, words);

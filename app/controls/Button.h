@@ -24,6 +24,8 @@ public:
     void setLabel(const QString& text, const QString& symbol);
     /// Texts that this button will show in turn: it is as wide as the widest, so nothing jumps.
     void setWidthTexts(const QStringList& texts);
+    /// Symbol and text begin at the leading edge, for a column of equally wide buttons.
+    void setLeading(bool leading);
     /// Return presses it wherever the focus is on its page, unless what has the focus wants Return itself.
     void setDefaultAction(bool isDefault);
 
@@ -51,6 +53,7 @@ private:
     QString m_symbol;
     QStringList m_widthTexts;
     bool m_heavyWidth = false;
+    bool m_leading = false;
     std::optional<ColorRole> m_tintWords, m_tintFill;
     QList<QShortcut*> m_returnKeys;
 };

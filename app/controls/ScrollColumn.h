@@ -7,11 +7,16 @@
 
 namespace tessivo {
 
+class Panel;
+
 /// A column that scrolls up and down, never sideways, centred, at most `maximumWidth` wide with its padding.
 /// Its thumb lies in the padding, so nothing shifts when it comes. What gets the focus scrolls into view.
 class ScrollColumn : public QScrollArea {
     Q_OBJECT
 public:
+    /// Not the frame shape of that name, which every scroll area brings along.
+    using Panel = tessivo::Panel;
+
     explicit ScrollColumn(QWidget* parent = nullptr, int maximumWidth = Width::column,
                           int padding = Space::page);
 
