@@ -2,6 +2,14 @@
 
 #include "app/controls/TestPage.h"
 #include "app/pages/OverviewView.h"
+#include "app/pages/handover/HandoverView.h"
+#include "app/pages/hardware/BatteryView.h"
+#include "app/pages/hardware/EthernetView.h"
+#include "app/pages/hardware/PortsView.h"
+#include "app/pages/hardware/StorageView.h"
+#include "app/pages/history/HistoryView.h"
+#include "app/pages/report/PickupView.h"
+#include "app/pages/report/ReportPage.h"
 
 namespace tessivo {
 
@@ -12,11 +20,10 @@ QWidget* testPage(TestID test, const PageContext& context, QWidget* parent) {
     return new TestPage(context.model, test, {}, new Column, parent);
 }
 
-/// The head of a page that speaks for no test.
-QWidget* headPage(Page page, QWidget* parent) {
-    auto* view = new ScrollColumn(parent);
-    view->add(new PageHeader(QString::fromUtf8(title(page)), QString::fromUtf8(symbol(page))));
-    return view;
+/// The frame of a test's page with the test's own view in it.
+template <class View>
+QWidget* testPage(TestID test, const PageContext& context, QWidget* parent) {
+    return new TestPage(context.model, test, QString::fromUtf8(View::how), new View(context), parent);
 }
 
 } // namespace
@@ -40,21 +47,21 @@ QWidget* makePage(Page page, const PageContext& context, QWidget* parent) {
     case Page::cameras:
         return testPage(TestID::cameras, context, parent);
     case Page::ports:
-        return testPage(TestID::ports, context, parent);
+        return testPage<PortsView>(TestID::ports, context, parent);
     case Page::ethernet:
-        return testPage(TestID::ethernet, context, parent);
+        return testPage<EthernetView>(TestID::ethernet, context, parent);
     case Page::storage:
-        return testPage(TestID::storage, context, parent);
+        return testPage<StorageView>(TestID::storage, context, parent);
     case Page::battery:
-        return testPage(TestID::battery, context, parent);
+        return testPage<BatteryView>(TestID::battery, context, parent);
     case Page::report:
-        return headPage(page, parent);
+        return new ReportPage(context, parent);
     case Page::pickup:
-        return headPage(page, parent);
+        return new PickupView(context, parent);
     case Page::history:
-        return headPage(page, parent);
+        return new HistoryView(context, parent);
     case Page::handover:
-        return headPage(page, parent);
+        return new HandoverView(context, parent);
     }
     return nullptr;
 }

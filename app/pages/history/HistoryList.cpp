@@ -1,0 +1,222 @@
+#include "app/pages/history/HistoryList.h"
+
+#include "app/controls/Metrics.h"
+#include "app/controls/Theme.h"
+#include "kit/catalog/SpecCatalog.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPainter>
+#include <algorithm>
+
+namespace tessivo {
+
+namespace {
+
+constexpr int headerHeight = 34;
+constexpr double selectedOpacity = 14; // percent
+constexpr double hoverOpacity = 5;
+
+/// Draws a row as the other lists of the window are drawn.
+class RowDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
+        const bool header = index.data(HistoryRows::headerRole).toBool();
+        return {Width::tileMinimum, Theme::current().scaled(header ? headerHeight : Height::historyRow)};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        if (index.data(HistoryRows::headerRole).toBool())
+            paintHeader(*painter, option.rect, index);
+        else
+            paintReport(*painter, option, index);
+        painter->restore();
+    }
+
+private:
+    static void drawElided(QPainter& painter, const QRect& area, TextRole role, ColorRole color,
+                           const QString& text) {
+        const QFont font = Theme::current().font(role);
+        painter.setFont(font);
+        painter.setPen(Theme::current().color(color));
+        const QString line = QString(text).replace(QChar(u'\n'), QChar(u' '));
+        painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                         QFontMetrics(font).elidedText(line, Qt::ElideRight, area.width()));
+    }
+
+    static void paintHeader(QPainter& painter, const QRect& rect, const QModelIndex& index) {
+        const QRect area = rect.adjusted(Space::s, Space::xl - Space::xs, -Space::s, 0);
+        const QString serial = index.data(HistoryRows::serialRole).toString();
+        const QFontMetrics metrics(Theme::current().font(TextRole::sidebarSection));
+        // The name gives way; the serial number stays whole.
+        const int serialWidth = std::min(metrics.horizontalAdvance(serial), area.width());
+        const QString name = index.data(Qt::DisplayRole).toString();
+        const int nameWidth = std::min(metrics.horizontalAdvance(name) + 1, area.width() - serialWidth);
+        drawElided(painter, QRect(area.left(), area.top(), nameWidth, area.height()),
+                   TextRole::sidebarSection, ColorRole::text2, name);
+        drawElided(painter, QRect(area.left() + nameWidth, area.top(), serialWidth, area.height()),
+                   TextRole::sidebarSection, ColorRole::text2, serial);
+    }
+
+    static void paintReport(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+        const Theme& theme = Theme::current();
+        const QRectF area = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        painter.setPen(Qt::NoPen);
+        if (option.state & QStyle::State_Selected)
+            painter.setBrush(theme.color(ColorRole::accent, selectedOpacity));
+        else if (option.state & QStyle::State_MouseOver)
+            painter.setBrush(theme.color(ColorRole::text1, hoverOpacity));
+        else
+            painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(area, Corner::row, Corner::row);
+        if ((option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_Active)) {
+            painter.setPen(QPen(theme.color(ColorRole::focus), 2));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), Corner::row - 1, Corner::row - 1);
+        }
+        const int line = theme.lineHeight(TextRole::callout);
+        QRect text = option.rect.adjusted(Space::s, 0, -Space::s, 0);
+        text.setTop(option.rect.center().y() - line);
+        text.setHeight(line);
+        drawElided(painter, text, TextRole::headline, ColorRole::text1,
+                   index.data(Qt::DisplayRole).toString());
+        text.translate(0, line);
+        drawElided(painter, text, TextRole::callout, ColorRole::text2,
+                   index.data(HistoryRows::tallyRole).toString());
+    }
+};
+
+} // namespace
+
+void HistoryRows::setHistory(const std::vector<ConditionReport>& history) {
+    beginResetModel();
+    m_groups = HistoryStore::grouped(history);
+    m_rows.clear();
+    for (std::size_t group = 0; group < m_groups.size(); ++group) {
+        m_rows.push_back({group, std::nullopt});
+        for (std::size_t report = 0; report < m_groups[group].reports.size(); ++report)
+            m_rows.push_back({group, report});
+    }
+    endResetModel();
+}
+
+const ConditionReport* HistoryRows::report(int row) const {
+    if (row < 0 || row >= int(m_rows.size()) || !m_rows[std::size_t(row)].report) return nullptr;
+    const Row& at = m_rows[std::size_t(row)];
+    return &m_groups[at.group].reports[*at.report];
+}
+
+int HistoryRows::rowOf(const Uuid& id) const {
+    for (int row = 0; row < int(m_rows.size()); ++row)
+        if (const ConditionReport* found = report(row); found && found->id == id) return row;
+    return -1;
+}
+
+int HistoryRows::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+QVariant HistoryRows::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= int(m_rows.size())) return {};
+    const Row& row = m_rows[std::size_t(index.row())];
+    if (role == headerRole) return !row.report;
+    if (!row.report) {
+        const MachineInfo& machine = m_groups[row.group].reports.front().machine;
+        const QString name = QString::fromStdString(machine.displayName());
+        const QString serial =
+            machine.serial ? QStringLiteral(" · ") + QString::fromStdString(*machine.serial) : QString();
+        switch (role) {
+        case Qt::DisplayRole:
+            return name;
+        case serialRole:
+            return serial;
+        case Qt::AccessibleTextRole:
+            return name + serial;
+        default:
+            return {};
+        }
+    }
+    const ConditionReport& report = m_groups[row.group].reports[*row.report];
+    switch (role) {
+    case Qt::DisplayRole:
+        return QString::fromStdString(report.created.shortText());
+    case tallyRole:
+        return QString::fromStdString(report.countsText());
+    case Qt::ToolTipRole:
+        return QString::fromStdString(report.countsText()).toHtmlEscaped();
+    case Qt::AccessibleTextRole:
+        return QString::fromStdString(report.created.shortText() + ", " + report.countsText());
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags HistoryRows::flags(const QModelIndex& index) const {
+    return report(index.row()) ? Qt::ItemIsSelectable | Qt::ItemIsEnabled : Qt::NoItemFlags;
+}
+
+HistoryList::HistoryList(QWidget* parent) : QListView(parent), m_rows(new HistoryRows(this)) {
+    setAccessibleName(tr("Saved reports"));
+    setModel(m_rows);
+    setItemDelegate(new RowDelegate(this));
+    setFrameShape(QFrame::NoFrame);
+    setMouseTracking(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setViewportMargins(Space::m, 0, Space::m, Space::m);
+    viewport()->setAutoFillBackground(false);
+}
+
+void HistoryList::setHistory(const std::vector<ConditionReport>& history) {
+    m_updating = true;
+    m_rows->setHistory(history);
+    m_updating = false;
+    // The selected report may have gone, or stand in another row.
+    const auto wanted = m_selection;
+    m_selection.reset();
+    const int row = wanted ? m_rows->rowOf(*wanted) : -1;
+    if (row >= 0)
+        setSelection(wanted);
+    else if (wanted)
+        Q_EMIT selectionHasChanged();
+}
+
+void HistoryList::setSelection(const std::optional<Uuid>& id) {
+    const int row = id ? m_rows->rowOf(*id) : -1;
+    setCurrentIndex(row >= 0 ? m_rows->index(row) : QModelIndex());
+}
+
+const ConditionReport* HistoryList::selectedReport() const {
+    return m_selection ? m_rows->report(currentIndex().row()) : nullptr;
+}
+
+void HistoryList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListView::currentChanged(current, previous);
+    if (m_updating) return;
+    const ConditionReport* report = m_rows->report(current.row());
+    const auto selection = report ? std::optional(report->id) : std::nullopt;
+    if (selection == m_selection) return;
+    m_selection = selection;
+    Q_EMIT selectionHasChanged();
+}
+
+void HistoryList::contextMenuEvent(QContextMenuEvent* event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(viewport()->mapFromGlobal(event->globalPos()));
+    const ConditionReport* report = m_rows->report(index.row());
+    if (!report) return;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const Uuid id = report->id;
+    connect(menu->addAction(tr("Delete")), &QAction::triggered, this,
+            [this, id] { Q_EMIT deleteRequested(id); });
+    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
+}
+
+} // namespace tessivo

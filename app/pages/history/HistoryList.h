@@ -1,0 +1,68 @@
+#pragma once
+
+#include "kit/report/HistoryStore.h"
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <QStyledItemDelegate>
+
+namespace tessivo {
+
+/// The reports of History as rows: a header for each Mac, and under it one row a report. Holds one copy of
+/// the reports, in their groups.
+class HistoryRows final : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    enum Role { headerRole = Qt::UserRole, serialRole, tallyRole };
+
+    using QAbstractListModel::QAbstractListModel;
+
+    void setHistory(const std::vector<ConditionReport>& history);
+    /// The report of a row; null for a header.
+    const ConditionReport* report(int row) const;
+    /// The first row with this report, or -1.
+    int rowOf(const Uuid& id) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    struct Row {
+        std::size_t group = 0;
+        std::optional<std::size_t> report; ///< absent in a header
+    };
+
+    std::vector<HistoryStore::Group> m_groups;
+    std::vector<Row> m_rows;
+};
+
+/// The list of saved reports. Draws only the rows to be seen, however many there are.
+class HistoryList final : public QListView {
+    Q_OBJECT
+
+public:
+    explicit HistoryList(QWidget* parent = nullptr);
+
+    void setHistory(const std::vector<ConditionReport>& history);
+    /// The selected report, or nothing. Selecting another one says so once.
+    std::optional<Uuid> selection() const { return m_selection; }
+    void setSelection(const std::optional<Uuid>& id);
+    const ConditionReport* selectedReport() const;
+
+Q_SIGNALS:
+    void selectionHasChanged();
+    void deleteRequested(const tessivo::Uuid& id);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    HistoryRows* m_rows;
+    std::optional<Uuid> m_selection;
+    bool m_updating = false;
+};
+
+} // namespace tessivo
