@@ -1,0 +1,163 @@
+#include "app/pages/handover/HandoverView.h"
+
+#include "app/controls/LinkLabel.h"
+#include "app/controls/Panel.h"
+#include "app/controls/StatusBadge.h"
+#include "app/controls/TestPage.h"
+#include "app/controls/TextLabel.h"
+#include "app/pages/handover/ActivationLockPanel.h"
+#include "app/pages/report/ReportActions.h"
+
+#include <QHBoxLayout>
+
+namespace tessivo {
+
+namespace {
+
+constexpr int sectionGap = 24;
+constexpr int underHeading = 3;
+constexpr int actionsWidth = 280;
+
+QString text(const std::string& words) {
+    return QString::fromStdString(words);
+}
+
+bool comesAfterTheReport(HandoverStep step) {
+    return step == HandoverStep::erase || step == HandoverStep::nvram;
+}
+
+// A page knows another Panel, the frame shape of its base.
+Panel* makePanel(Panel::Kind kind) {
+    return new Panel(kind);
+}
+
+/// A divider that begins under the symbols of the rows.
+QWidget* rowDivider(HandoverRow::Kind kind) {
+    auto* line = new QWidget;
+    auto* layout = new ColumnLayout(line);
+    layout->setContentsMargins(HandoverRow::symbolLeft(kind), 0, Space::block, 0);
+    layout->add(new Divider);
+    return line;
+}
+
+void addRow(Panel& panel, HandoverRow* row, HandoverRow::Kind kind) {
+    if (panel.column().count() > 0) panel.add(rowDivider(kind));
+    panel.add(row);
+}
+
+} // namespace
+
+HandoverView::HandoverView(const PageContext& context, QWidget* parent)
+    : ScrollColumn(parent, Width::columnNarrow), m_context(context) {
+    addHead();
+    addChecklist();
+    addReport();
+    addErase();
+    addBuyer();
+    connect(&context.model, &AppModel::stateChanged, this, &HandoverView::follow);
+    connect(&context.model, &AppModel::messageChanged, this, &HandoverView::showMessage);
+    follow();
+    showMessage();
+}
+
+void HandoverView::addText(const QString& words, int gapAbove) {
+    auto* label = new TextLabel(words, TextRole::body, ColorRole::text2);
+    add(label, gapAbove);
+    column().setMaximumItemWidth(label, theme().scaled(PageHead::howWidth));
+}
+
+void HandoverView::addHead() {
+    add(new PageHeader(QString::fromUtf8(title(Page::handover)), QString::fromUtf8(symbol(Page::handover))));
+    addText(tr("Apple's steps for handing this Mac to someone else, so none of your data or your Activation "
+               "Lock goes with it. Tick each one as you do it. ") +
+                text(Handover::closingLine(m_context.model.state().machine)) +
+                tr(" The report lists them as ticked by you."),
+            PageHead::howGap);
+    const HelpLink& guide = Handover::guide();
+    auto* link = new LinkLabel(text(guide.title));
+    connect(link, &LinkLabel::clicked, this,
+            [this, &guide] { m_context.model.platform().desktop().openURL(guide.url); });
+    add(link, Space::xs, Qt::AlignLeft);
+}
+
+void HandoverView::addChecklist() {
+    add(new SectionHeading(tr("1. Before you save the report")), sectionGap);
+    auto* panel = makePanel(Panel::Kind::list);
+    for (const HandoverStep step : Handover::steps(m_context.model.state().machine)) {
+        if (comesAfterTheReport(step)) continue;
+        auto* row = new HandoverRow(step, HandoverRow::Kind::ticked, m_context);
+        connect(row, &HandoverRow::ticked, &m_context.model, &AppModel::setHandover);
+        if (step == HandoverStep::findMy) row->add(new ActivationLockPanel(m_context.model), Space::l);
+        addRow(*panel, row, HandoverRow::Kind::ticked);
+        m_ticked.push_back(row);
+    }
+    add(panel, Space::heading);
+}
+
+void HandoverView::addReport() {
+    add(new SectionHeading(tr("2. Save the report")), sectionGap);
+    addText(tr("The erase removes Tessivo and this report from the Mac, so save or print it now. Ticks you "
+               "change after saving aren't in the saved copy."),
+            underHeading);
+    auto* actions = new ReportActions(
+        m_context, [this] { return m_context.model.makeReport(); }, ReportActions::History::keep,
+        ReportActions::Shape::column);
+    actions->setFixedWidth(theme().scaled(actionsWidth));
+    // Beside the buttons, where nothing moves when it comes.
+    m_message = new TextLabel({}, TextRole::callout, ColorRole::text2);
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Space::block);
+    layout->addWidget(actions);
+    layout->addWidget(m_message, 1, Qt::AlignVCenter);
+    add(row, Space::l);
+}
+
+void HandoverView::addErase() {
+    add(new SectionHeading(tr("3. Last: erase")), sectionGap);
+    auto* panel = makePanel(Panel::Kind::list);
+    for (const HandoverStep step : Handover::steps(m_context.model.state().machine))
+        if (comesAfterTheReport(step))
+            addRow(*panel, new HandoverRow(step, HandoverRow::Kind::plain, m_context),
+                   HandoverRow::Kind::plain);
+    add(panel, Space::heading);
+    addText(tr("These erase Tessivo and this checklist too, so there's nothing to tick. Tessivo never erases "
+               "or signs out anything itself."),
+            Space::l);
+}
+
+void HandoverView::addBuyer() {
+    QString note = QString::fromUtf8(Handover::buyerNote);
+    const QString lead = QStringLiteral("Buyer: before");
+    if (note.startsWith(lead)) note = tr("Before") + note.sliced(lead.size());
+
+    auto* heading = new TextLabel(tr("If you're the buyer"), TextRole::headline);
+    heading->setHeading(true);
+    auto* words = new Column;
+    words->add(heading);
+    words->add(new TextLabel(note, TextRole::body, ColorRole::text2), 2);
+    auto* content = new QWidget;
+    auto* row = new QHBoxLayout(content);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Space::l);
+    row->addWidget(
+        new SymbolView(QStringLiteral("person.fill.questionmark"), SymbolSize::row, ColorRole::accent), 0,
+        Qt::AlignTop);
+    row->addWidget(words, 1);
+    auto* panel = makePanel(Panel::Kind::card);
+    panel->add(content);
+    add(panel, Space::xxl);
+}
+
+void HandoverView::follow() {
+    const auto& checklist = m_context.model.state().handover;
+    for (HandoverRow* row : m_ticked)
+        row->setTicked(checklist && checklist->ticked.contains(row->step()));
+}
+
+void HandoverView::showMessage() {
+    m_message->setText(text(m_context.model.message().value_or("")));
+}
+
+} // namespace tessivo

@@ -1,0 +1,105 @@
+#include "app/pages/report/PickupView.h"
+
+#include "app/controls/FactGrid.h"
+#include "app/controls/Panel.h"
+#include "app/controls/TestPage.h"
+#include "app/controls/TextLabel.h"
+#include "app/pages/report/PickupRow.h"
+#include "kit/report/ReportAssembler.h"
+#include "kit/rules/Rules.h"
+
+#include <QScrollBar>
+
+namespace tessivo {
+
+namespace {
+
+enum Fact { serialNumber, modelID, deviceManagement, storage };
+
+constexpr int factRow = 26;
+constexpr int factLabel = 160;
+constexpr int underFacts = 9;
+
+QString text(const std::string& words) {
+    return QString::fromStdString(words);
+}
+
+// A page knows another Panel, the frame shape of its base.
+Panel* makePanel() {
+    return new Panel;
+}
+
+} // namespace
+
+PickupView::PickupView(const PageContext& context, QWidget* parent)
+    : ScrollColumn(parent, Width::columnNarrow),
+      m_model(context.model),
+      m_facts(new FactGrid(FactGrid::Look{.labelWidth = factLabel, .rowHeight = factRow})),
+      m_steps(new Column) {
+    add(new PageHeader(QString::fromUtf8(title(Page::pickup)), QString::fromUtf8(symbol(Page::pickup))));
+    auto* how = new TextLabel(
+        tr("Buying this Mac? A PDF can be edited, so rerun the quick tests here and compare them "
+           "with the seller's report. It takes under two minutes."),
+        TextRole::body, ColorRole::text2);
+    add(how, PageHead::howGap);
+    column().setMaximumItemWidth(how, theme().scaled(PageHead::howWidth));
+
+    m_facts->addFact(tr("Serial number"), {}, true);
+    m_facts->addFact(tr("Model ID"));
+    m_facts->addFact(tr("Device management"));
+    m_facts->addFact(tr("Storage"));
+    auto* facts = makePanel();
+    facts->add(m_facts);
+    facts->add(new TextLabel(tr("Also open Apple menu › About This Mac: its serial number should match."),
+                             TextRole::callout, ColorRole::text2),
+               underFacts);
+    add(facts, Space::block);
+    add(m_steps, Space::block);
+    add(new TextLabel(tr("Also worth a look: Activation Lock (on the This Mac page) and the trackpad, ports "
+                         "and microphones if you have time."),
+                      TextRole::body, ColorRole::text2),
+        Space::block);
+    connect(&m_model, &AppModel::stateChanged, this, &PickupView::follow);
+    follow();
+}
+
+std::optional<Page> PickupView::pageOf(const std::string& stepTitle) {
+    static const std::map<std::string, Page> pages = {
+        {"Display colors", Page::display}, {"Speakers", Page::speakers},
+        {"Keyboard", Page::keyboard},      {"Camera", Page::cameras},
+        {"Storage", Page::storage},        {"Device management", Page::overview},
+    };
+    const auto found = pages.find(stepTitle);
+    return found == pages.end() ? std::nullopt : std::optional(found->second);
+}
+
+void PickupView::follow() {
+    const MachineInfo& machine = m_model.state().machine;
+    m_facts->setValue(serialNumber, machine.serial ? text(*machine.serial) : tr("Couldn't read it"));
+    const std::string name = machine.displayName();
+    m_facts->setValue(modelID, text(name == machine.modelID ? name : name + ", " + machine.modelID));
+    m_facts->setValue(deviceManagement, text(m_model.result(TestID::enrollment).summary));
+    m_facts->setValue(storage, machine.storageText() ? text(*machine.storageText()) : tr("Couldn't read it"));
+
+    const auto steps = ReportAssembler::pickupSteps(machine, Rules::results(m_model.state()));
+    if (steps != m_shown || m_rows.empty()) makeRows(steps);
+    for (PickupRow* row : m_rows)
+        if (row->page()) row->setStatus(m_model.status(*row->page()));
+}
+
+void PickupView::makeRows(const std::vector<PickupStep>& steps) {
+    for (PickupRow* row : m_rows) {
+        row->hide();
+        row->deleteLater();
+    }
+    m_rows.clear();
+    for (const PickupStep& step : steps) {
+        auto* row = new PickupRow(step, pageOf(step.title));
+        connect(row, &PickupRow::opened, &m_model, &AppModel::setPage);
+        m_steps->add(row, Space::s);
+        m_rows.push_back(row);
+    }
+    m_shown = steps;
+}
+
+} // namespace tessivo

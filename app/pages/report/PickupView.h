@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/controls/ScrollColumn.h"
+#include "app/pages/PageContext.h"
+
+namespace tessivo {
+
+class FactGrid;
+class PickupRow;
+
+/// The buyer's two-minute check: the facts to compare with the seller's report, and the quick tests in the
+/// order of the report's own list, each with a way to its page.
+class PickupView final : public ScrollColumn {
+    Q_OBJECT
+
+public:
+    explicit PickupView(const PageContext& context, QWidget* parent = nullptr);
+
+    /// The page that a step leads to, by the step's title; none for a title that isn't known.
+    static std::optional<Page> pageOf(const std::string& stepTitle);
+
+private:
+    void follow();
+    void makeRows(const std::vector<PickupStep>& steps);
+
+    AppModel& m_model;
+    FactGrid* m_facts;
+    Column* m_steps;
+    std::vector<PickupStep> m_shown;
+    std::vector<PickupRow*> m_rows;
+};
+
+} // namespace tessivo

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/controls/TileGrid.h"
+#include "app/pages/PageContext.h"
+
+namespace tessivo {
+
+class Button;
+
+/// The five things that can be done with a report, as buttons. What they did is told in the model's
+/// `message`, or in a dialog where something went wrong.
+class ReportActions final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `keep` where a report that is saved as PDF or printed goes to History too; History's own reports are
+    /// there already.
+    enum class History { keep, leave };
+    /// `grid`: three buttons a row, two under 560 of width, one under 380.
+    enum class Shape { column, grid };
+
+    /// The report is asked for when a button is pressed, once for all that the button does with it.
+    using Source = std::function<ConditionReport()>;
+
+    ReportActions(const PageContext& context, Source report, History history, Shape shape,
+                  QWidget* parent = nullptr);
+
+    /// A further button behind the five.
+    void add(Button* button);
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override { return layout()->heightForWidth(width); }
+
+private:
+    Button* addAction(const QString& text, const char* symbol, void (ReportActions::*action)());
+    void savePDF();
+    void print();
+    void copyText();
+    void saveToHistory();
+    void saveFile();
+
+    PageContext m_context;
+    Source m_report;
+    History m_history;
+    TileLayout* m_buttons;
+};
+
+} // namespace tessivo
