@@ -59,9 +59,11 @@ void HistoryStore::save(const ConditionReport& report, Files::Calls& calls) cons
 
 std::vector<ConditionReport> HistoryStore::list() const try {
     std::vector<ConditionReport> reports;
+    std::string bytes;
     for (const path& name : reportNames(folder)) {
         try {
-            reports.push_back(decode(Files::read(folder / name, largestFile)));
+            Files::read(folder / name, largestFile, bytes);
+            reports.push_back(decode(bytes));
         } catch (const std::exception&) { // no report: it stays where it is and stops nobody
         }
     }

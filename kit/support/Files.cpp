@@ -177,6 +177,12 @@ int Calls::makeFolder(const char* path, unsigned mode) {
 }
 
 std::string read(const path& file, std::uintmax_t largest) {
+    std::string bytes;
+    read(file, largest, bytes);
+    return bytes;
+}
+
+void read(const path& file, std::uintmax_t largest, std::string& bytes) {
     struct stat status {};
     // Looked at before it is opened: merely opening a FIFO or a device can do something.
     if (::stat(file.c_str(), &status) < 0) fail(errno, "can't read", file);
@@ -187,21 +193,21 @@ std::string read(const path& file, std::uintmax_t largest) {
     if (!descriptor.isOpen() || ::fstat(descriptor.get(), &status) < 0) fail(errno, "can't read", file);
     check(status, file, largest);
 
-    // One byte more than expected: the end is then seen without a second buffer, and growth is noticed.
-    std::string bytes(std::size_t(status.st_size) + 1, '\0');
+    // One byte more than expected: growth is noticed, and the end is seen without a second buffer.
+    const auto expected = std::size_t(status.st_size);
+    if (bytes.size() < expected + 1) bytes.resize(expected + 1);
     std::size_t filled = 0;
     while (true) {
-        const auto count =
-            retried([&] { return ::read(descriptor.get(), bytes.data() + filled, bytes.size() - filled); });
+        const std::size_t room = bytes.size() - filled;
+        const auto count = retried([&] { return ::read(descriptor.get(), bytes.data() + filled, room); });
         if (count < 0) fail(errno, "can't read", file);
-        if (count == 0) break;
         filled += std::size_t(count);
         if (filled > largest) fail(std::errc::file_too_large, "can't read", file);
+        if (count == 0 || (filled == expected && std::size_t(count) < room)) break;
         if (filled == bytes.size())
             bytes.resize(std::min<std::uintmax_t>(bytes.size() * 2 + 4096, largest + 1));
     }
     bytes.resize(filled);
-    return bytes;
 }
 
 void writeAtomically(const path& file, std::string_view bytes) {

@@ -26,6 +26,8 @@ public:
 /// The bytes of a regular file of at most `largest` bytes, links followed. Throws std::system_error for
 /// anything else: a folder, a FIFO or a device is refused without being opened.
 std::string read(const std::filesystem::path& file, std::uintmax_t largest);
+/// The same into a text that is used again for the next file; after a fault it holds nothing of use.
+void read(const std::filesystem::path& file, std::uintmax_t largest, std::string& bytes);
 
 /// Replaces the file whole, or leaves it as it was: a hidden temporary file beside it, written, synced
 /// and renamed, then the folder synced. Throws std::system_error; no stray file stays behind. Only when

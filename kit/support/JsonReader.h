@@ -98,15 +98,22 @@ public:
         } else if constexpr (std::same_as<T, Uuid>) {
             return readUuid(element, path);
         } else if constexpr (std::is_enum_v<T>) {
-            const std::string_view raw = readText(element, path);
-            if (const auto value = fromRawValue<T>(raw)) return *value;
-            path.fail("unknown case " + quoted(raw));
+            return readCase(readText(element, path), path);
         } else {
             return readRecord(element, path, form);
         }
     }
 
 private:
+    static T readCase(std::string_view raw, const Path& path) {
+        std::optional<T> found;
+        boost::mp11::mp_for_each<boost::describe::describe_enumerators<T>>([&](auto described) {
+            if (raw == std::string_view(described.name)) found = described.value;
+        });
+        if (!found) path.fail("unknown case " + quoted(raw));
+        return *found;
+    }
+
     static T readRecord(simdjson::dom::element element, const Path& path, DateForm form) {
         using Members = boost::describe::describe_members<T, boost::describe::mod_any_access>;
         constexpr std::size_t count = boost::mp11::mp_size<Members>::value;
@@ -149,9 +156,11 @@ private:
 template <class T>
 struct Reader<std::vector<T>> {
     static std::vector<T> read(simdjson::dom::element element, const Path& path, DateForm form) {
+        const auto array = readArray(element, path);
         std::vector<T> list;
+        list.reserve(std::min<std::size_t>(array.size(), 64)); // what a file claims buys no memory
         std::size_t index = 0;
-        for (const auto entry : readArray(element, path))
+        for (const auto entry : array)
             list.push_back(Reader<T>::read(entry, Path(path, index++), form));
         return list;
     }

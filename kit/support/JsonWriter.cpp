@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <simdjson.h>
 
 namespace tessivo::Json {
 
@@ -65,16 +66,22 @@ void Writer::writeFraction(double number) {
 }
 
 void Writer::write(std::string_view text) {
-    const std::string repaired = Text::repaired(text);
+    if (simdjson::validate_utf8(text.data(), text.size()))
+        writeValid(text);
+    else
+        writeValid(Text::repaired(text));
+}
+
+void Writer::writeValid(std::string_view text) {
     m_out += '"';
     std::size_t from = 0;
-    for (std::size_t at = 0; at < repaired.size(); ++at) {
-        if (!needsEscape(repaired[at])) continue;
-        m_out.append(repaired, from, at - from);
-        appendEscape(m_out, repaired[at]);
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (!needsEscape(text[at])) continue;
+        m_out.append(text, from, at - from);
+        appendEscape(m_out, text[at]);
         from = at + 1;
     }
-    m_out.append(repaired, from);
+    m_out.append(text, from);
     m_out += '"';
 }
 
@@ -94,6 +101,12 @@ void Writer::open(char bracket) {
 void Writer::writeKey(std::string_view key) {
     separate();
     write(key);
+    m_out += m_layout == Layout::prettySorted ? ": " : ":";
+}
+
+void Writer::writeName(std::string_view name) {
+    separate();
+    ((m_out += '"') += name) += '"';
     m_out += m_layout == Layout::prettySorted ? ": " : ":";
 }
 

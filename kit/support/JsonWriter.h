@@ -100,7 +100,7 @@ private:
     }
     template <class T>
     void writeMember(std::string_view name, const T& value) {
-        writeKey(name);
+        writeName(name);
         write(value);
     }
     template <class T>
@@ -120,6 +120,8 @@ private:
 
     void writeSigned(std::int64_t number);
     void writeUnsigned(std::uint64_t number);
+    void writeValid(std::string_view text);
+    void writeName(std::string_view name); ///< of a member: nothing in it needs an escape
     void breakLine();
 
     Layout m_layout;

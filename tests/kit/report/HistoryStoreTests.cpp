@@ -35,7 +35,7 @@ std::vector<Uuid> ids(const std::vector<ConditionReport>& reports) {
 class HistoryStoreTests : public testing::Test {
 protected:
     TemporaryFolder folder;
-    HistoryStore store{folder / "Application Support/Tessivo/History"};
+    HistoryStore store{folder / "Support/Tessivo/History"}; // not made yet
 
     std::filesystem::path place(const std::string& name, std::string_view bytes) {
         std::filesystem::create_directories(store.folder);
@@ -106,8 +106,8 @@ TEST_F(HistoryStoreTests, whatIsNoReportStaysAndStopsNobody) {
     sockaddr_un address{AF_UNIX, {}};
     const std::string path = store.folder / "s.json";
     const int listener = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    if (path.copy(address.sun_path, sizeof address.sun_path - 1) == path.size())
-        EXPECT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(path.copy(address.sun_path, sizeof address.sun_path - 1), path.size());
+    EXPECT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
     ::close(listener);
 
     const auto before = namesIn(store.folder);
