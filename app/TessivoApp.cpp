@@ -11,6 +11,7 @@ using namespace tessivo;
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    Q_INIT_RESOURCE(tessivo);
     QApplication::setApplicationName(QStringLiteral("Tessivo"));
     QApplication::setApplicationVersion(QStringLiteral(TESSIVO_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("tessivo"));

@@ -19,7 +19,7 @@ target_compile_definitions(platform PRIVATE
     TESSIVO_FEED_URL="${TESSIVO_FEED_URL}" TESSIVO_RELEASES_URL="${TESSIVO_RELEASES_URL}")
 
 tessivo_sources(app_sources app)
-list(FILTER app_sources EXCLUDE REGEX "app/Tessivo(App|Demo)\\.cpp$")
+list(FILTER app_sources EXCLUDE REGEX "app/Tessivo(App|Demo|Gallery)\\.cpp$")
 list(FILTER app_sources EXCLUDE REGEX "app/demo/")
 add_library(app STATIC ${app_sources} app/resources/tessivo.qrc)
 target_link_libraries(app PUBLIC platform Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::Concurrent)
@@ -38,6 +38,10 @@ if(EXISTS ${CMAKE_SOURCE_DIR}/app/TessivoDemo.cpp)
     target_link_libraries(tessivo-demo PRIVATE app)
     target_compile_definitions(tessivo-demo PRIVATE TESSIVO_MACHINES_BUILD="${CMAKE_SOURCE_DIR}/platform/simulated/machines")
 endif()
+
+add_executable(tessivo-gallery EXCLUDE_FROM_ALL app/TessivoGallery.cpp)
+target_link_libraries(tessivo-gallery PRIVATE app)
+target_compile_definitions(tessivo-gallery PRIVATE TESSIVO_MACHINES_BUILD="${CMAKE_SOURCE_DIR}/platform/simulated/machines")
 
 tessivo_sources(probe_sources probe)
 if(probe_sources)

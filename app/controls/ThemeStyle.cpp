@@ -29,6 +29,13 @@ void roundedBox(QPainter& painter, const QRectF& rect, double corner, const QCol
     painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), corner - half, corner - half);
 }
 
+/// The bar's ground and the hairline under it.
+void fillMenuBar(QPainter& painter, const QRect& rect) {
+    painter.fillRect(rect, theme().color(ColorRole::sidebar));
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1),
+                     theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+}
+
 } // namespace
 
 ThemeStyle::ThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -141,10 +148,10 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
         drawMenuItem(option, painter, widget);
         break;
     case CE_MenuBarItem:
-        drawMenuBarItem(option, painter);
+        drawMenuBarItem(option, painter, widget);
         break;
     case CE_MenuBarEmptyArea:
-        painter->fillRect(option->rect, theme().color(ColorRole::sidebar));
+        fillMenuBar(*painter, option->rect);
         break;
     case CE_MenuEmptyArea:
     case CE_MenuHMargin:
@@ -191,14 +198,18 @@ void ThemeStyle::drawPushButton(const QStyleOption* option, QPainter* painter) c
                prominent ? QColor() : theme().color(ColorRole::controlBorder));
 }
 
-void ThemeStyle::drawMenuBarItem(const QStyleOption* option, QPainter* painter) const {
+void ThemeStyle::drawMenuBarItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (!item) return;
-    painter->fillRect(option->rect, theme().color(ColorRole::sidebar));
+    fillMenuBar(*painter, option->rect);
     if (option->state & (State_Selected | State_Sunken))
         roundedBox(*painter, option->rect.adjusted(0, 3, 0, -3), Corner::segment,
                    theme().color(ColorRole::text1, 9), QColor());
-    painter->setFont(item->font);
+    QFont font = item->font;
+    // The application's own menu comes first and stands out.
+    if (widget && !widget->actions().isEmpty() && widget->actions().constFirst()->text() == item->text)
+        font.setWeight(QFont::Bold);
+    painter->setFont(font);
     painter->setPen(theme().color(ColorRole::text1, option->state & State_Enabled ? 100 : 45));
     painter->drawText(option->rect, Qt::AlignCenter | Qt::TextHideMnemonic, item->text);
 }

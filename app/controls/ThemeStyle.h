@@ -31,7 +31,7 @@ public:
 
 private:
     void drawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
-    void drawMenuBarItem(const QStyleOption* option, QPainter* painter) const;
+    void drawMenuBarItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
     void drawPushButton(const QStyleOption* option, QPainter* painter) const;
 };
 

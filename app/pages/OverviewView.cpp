@@ -78,7 +78,7 @@ void OverviewView::addHeader() {
 }
 
 void OverviewView::addIdentity() {
-    m_identity = new FactGrid(FactGrid::Look{Width::identityLabel, Height::identityRow, true});
+    m_identity = new FactGrid(FactGrid::identity());
     m_identity->addFact(tr("Serial number"), {}, true);
     m_identity->addFact(tr("Model ID"), {}, true);
     m_identity->addFact(tr("Chip"));

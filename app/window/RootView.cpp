@@ -96,6 +96,8 @@ void RootView::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (m_launched) return;
     m_launched = true;
+    // No control has the keyboard's focus before a person gives it to one.
+    setFocus(Qt::OtherFocusReason);
     // Once, and after the window has come up.
     QMetaObject::invokeMethod(this, &RootView::readWhatIsMissing, Qt::QueuedConnection);
 }
