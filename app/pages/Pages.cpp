@@ -2,14 +2,17 @@
 
 #include "app/controls/TestPage.h"
 #include "app/pages/OverviewView.h"
+#include "app/pages/display/DisplayTestView.h"
 #include "app/pages/handover/HandoverView.h"
 #include "app/pages/hardware/BatteryView.h"
 #include "app/pages/hardware/EthernetView.h"
 #include "app/pages/hardware/PortsView.h"
 #include "app/pages/hardware/StorageView.h"
 #include "app/pages/history/HistoryView.h"
+#include "app/pages/keyboard/KeyboardTestView.h"
 #include "app/pages/report/PickupView.h"
 #include "app/pages/report/ReportPage.h"
+#include "app/pages/trackpad/TrackpadTestView.h"
 
 namespace tessivo {
 
@@ -33,11 +36,11 @@ QWidget* makePage(Page page, const PageContext& context, QWidget* parent) {
     case Page::overview:
         return new OverviewView(context.model, parent);
     case Page::keyboard:
-        return testPage(TestID::keyboard, context, parent);
+        return testPage<KeyboardTestView>(TestID::keyboard, context, parent);
     case Page::trackpad:
-        return testPage(TestID::trackpad, context, parent);
+        return testPage<TrackpadTestView>(TestID::trackpad, context, parent);
     case Page::display:
-        return testPage(TestID::display, context, parent);
+        return testPage<DisplayTestView>(TestID::display, context, parent);
     case Page::speakers:
         return testPage(TestID::speakers, context, parent);
     case Page::headphones:

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/controls/WrapRow.h"
+#include "app/pages/PageContext.h"
+#include "app/pages/keyboard/KeyMonitor.h"
+
+#include <map>
+
+namespace tessivo {
+
+class AnswerButtons;
+class Button;
+class KeyboardDiagram;
+class Picker;
+class TextLabel;
+
+/// The content of the keyboard page: the capture and its controls, the diagram, the checks by hand. A
+/// capture ends when the page is hidden or goes.
+class KeyboardTestView final : public Column {
+    Q_OBJECT
+public:
+    explicit KeyboardTestView(const PageContext& context, QWidget* parent = nullptr);
+
+    /// The page's instructions.
+    static const char* const how;
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* makeControls();
+    QWidget* makeRunningLine();
+    QWidget* makeHandChecks();
+    void startOrStop();
+    void press(KeyCode code);
+    void captureChanged();
+    void follow();
+
+    AppModel& m_model;
+    KeyCapture m_capture;
+    KeyMonitor m_monitor;
+    bool m_shownRunning = false;
+    Button* m_start = nullptr;
+    Picker* m_layout = nullptr;
+    TextLabel* m_count = nullptr;
+    Button* m_clear = nullptr;
+    QWidget* m_runningLine = nullptr;
+    KeyboardDiagram* m_diagram = nullptr;
+    TextLabel* m_alsoPressed = nullptr;
+    std::map<std::string, AnswerButtons*> m_answers; // by the check's id
+};
+
+} // namespace tessivo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Input.h"
+
+#include <QWidget>
+
+class QTouchEvent;
+
+namespace tessivo {
+
+/// The invisible area over the trackpad's picture that receives what the window system tells of the
+/// trackpad: touches of a touchpad (never of a touch screen, and never the pointer in place of a finger),
+/// clicks, precise scrolling and pinches. A plain wheel is left to the page. Main thread.
+class TrackpadSurface final : public QWidget {
+    Q_OBJECT
+public:
+    explicit TrackpadSurface(QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    /// All fingers now down; may be empty.
+    void touches(const std::vector<tessivo::FingerPosition>& fingers);
+    /// "click", "secondary", "scroll" or "zoom".
+    void gesture(const std::string& word);
+
+protected:
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool touch(QTouchEvent& event);
+};
+
+} // namespace tessivo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/controls/WrapRow.h"
+#include "app/pages/PageContext.h"
+
+namespace tessivo {
+
+class Button;
+class Chip;
+class TextLabel;
+class TrackpadArea;
+
+/// The content of the trackpad page. Fingers and gestures come from the surface and, while the page is
+/// shown, from the platform.
+class TrackpadTestView final : public Column {
+    Q_OBJECT
+public:
+    explicit TrackpadTestView(const PageContext& context, QWidget* parent = nullptr);
+    ~TrackpadTestView() override;
+
+    /// The page's instructions.
+    static const char* const how;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* makeChips();
+    QWidget* makeFoot();
+    void noteTouches(const std::vector<FingerPosition>& fingers);
+    void noteGesture(const std::string& word);
+    void write(const TrackpadTest& test);
+    void follow();
+
+    AppModel& m_model;
+    TrackpadArea* m_area = nullptr;
+    std::vector<Chip*> m_steps; // in the order of TrackpadTest::steps
+    Chip* m_force = nullptr;
+    Chip* m_pinch = nullptr;
+    TextLabel* m_fingers = nullptr;
+};
+
+} // namespace tessivo
