@@ -1,11 +1,16 @@
 #include "platform/linux/LinuxDefaults.h"
 
+#include "kit/support/Files.h"
+
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 
 namespace tessivo {
 
 namespace {
+
+constexpr std::uintmax_t largestFile = 64u << 20;
 
 std::optional<std::string> bytesOf(const QVariant& value) {
     if (!value.isValid()) return std::nullopt;
@@ -14,26 +19,45 @@ std::optional<std::string> bytesOf(const QVariant& value) {
 
 } // namespace
 
-LinuxDefaults::LinuxDefaults(const std::filesystem::path& file)
-    : m_file(QString::fromStdString(file.string())) {}
+LinuxDefaults::LinuxDefaults(const std::filesystem::path& file) : m_file(file) {}
 
 QVariant LinuxDefaults::value(const std::string& key) const {
-    return QSettings(m_file, QSettings::IniFormat).value(QString::fromStdString(key));
+    return QSettings(QString::fromStdString(m_file.string()), QSettings::IniFormat)
+        .value(QString::fromStdString(key));
 }
 
 void LinuxDefaults::store(const std::string& key, const QVariant& value) {
-    // A fresh object each time: its status then speaks of this write alone.
-    QSettings settings(m_file, QSettings::IniFormat);
-    const QString name = QString::fromStdString(key);
-    const QVariant before = settings.value(name);
-    settings.setValue(name, value);
+    // On a copy that then takes the file's place: a settings object whose write fails keeps the change in
+    // mind for the whole process and writes it at some later time.
+    std::error_code error;
+    const auto canonical = std::filesystem::canonical(m_file, error);
+    const auto file = error ? m_file : canonical;
+    std::filesystem::create_directories(file.parent_path(), error);
+    QTemporaryFile copy(QString::fromStdString((file.parent_path() / ".Tessivo-XXXXXX.ini").string()));
+    if (!copy.open()) return;
+    copy.close();
+    const std::filesystem::path copied = copy.fileName().toStdString();
+    std::filesystem::copy_file(file, copied, std::filesystem::copy_options::overwrite_existing, error);
+    if (error && std::filesystem::exists(file)) return;
+
+    QSettings settings(copy.fileName(), QSettings::IniFormat);
+    settings.setValue(QString::fromStdString(key), value);
     settings.sync();
-    if (settings.status() == QSettings::NoError) return;
-    // What waits in memory would go out with the next write.
-    if (before.isValid())
-        settings.setValue(name, before);
-    else
-        settings.remove(name);
+    // Lines that make no sense don't keep the value out; they are what can't be read anyhow.
+    if (settings.status() == QSettings::AccessError) return;
+    // A nearly full disk leaves a shortened copy without a word, so the copy is read back. Under another
+    // name: a settings object of the same name would answer from what it has in mind.
+    const std::filesystem::path proof = copied.string() + ".proof.ini";
+    std::filesystem::rename(copied, proof, error);
+    if (error) return;
+    const bool whole = QSettings(QString::fromStdString(proof.string()), QSettings::IniFormat)
+                           .value(QString::fromStdString(key)) == value;
+    try {
+        if (whole) Files::writeAtomically(file, Files::read(proof, largestFile));
+    } catch (const std::exception&) {
+        // The file stands as it was.
+    }
+    std::filesystem::remove(proof, error);
 }
 
 std::optional<std::string> LinuxDefaults::data(const std::string& key) const {

@@ -2,7 +2,6 @@
 
 #include "platform/Storage.h"
 
-#include <QString>
 #include <QVariant>
 
 namespace tessivo {
@@ -22,7 +21,7 @@ private:
     QVariant value(const std::string& key) const;
     void store(const std::string& key, const QVariant& value);
 
-    QString m_file;
+    std::filesystem::path m_file;
 };
 
 /// The user's data folder by the desktop's convention, below it "Tessivo".

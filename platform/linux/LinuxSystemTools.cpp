@@ -9,7 +9,7 @@
 #include <spawn.h>
 #include <sys/eventfd.h>
 #include <sys/ioctl.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -114,7 +114,7 @@ std::optional<ToolRun> LinuxSystemTools::run(const std::string& executable,
     const pid_t child = launch(tool, arguments, input);
     if (child == 0) return std::nullopt;
     input.reset();
-    const Descriptor ended(::pidfd_open(child, 0));
+    const Descriptor ended(int(::syscall(SYS_pidfd_open, child, 0)));
     const std::stop_callback wake(stop, [&] { ::eventfd_write(stopped, 1); });
 
     ToolRun result;

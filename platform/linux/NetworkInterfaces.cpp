@@ -74,7 +74,7 @@ Kind kind(const SystemTree& tree, const std::string& interface, std::int64_t typ
     if (bus == "thunderbolt" || driver.starts_with("thunderbolt")) return {"ThunderboltInterface"};
     if (bus == "usb") return {"USBEthernetInterface"};
     if (!tree.exists(device)) return {"VirtualInterface"};
-    if (type != ethernetType || !devtype.empty() || tree.exists(device + "/physfn"))
+    if (type != ethernetType || !devtype.empty() || tree.linkName(device + "/physfn"))
         return {"OtherInterface"};
     if (bus != "pci" && bus != "platform") return {"EthernetInterface"};
     if (isOnCable(tree, device)) return {"ThunderboltEthernetInterface"};
