@@ -1,0 +1,135 @@
+#include "app/readers/Readers.h"
+#include "platform/linux/LinuxSystemTools.h"
+#include "tests/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+#include <thread>
+
+namespace tessivo {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+std::optional<ToolRun> shell(const std::string& script, std::stop_token stop = {}) {
+    return LinuxSystemTools().run("/bin/sh", {"-c", script}, std::move(stop));
+}
+
+/// Whether a process lives; a zombie doesn't.
+bool lives(const std::string& pid) {
+    const std::string status = bytesOf("/proc/" + pid + "/stat");
+    return !status.empty() && status.substr(status.rfind(')') + 2, 1) != "Z";
+}
+
+bool diesSoon(const std::string& pid) {
+    for (int i = 0; i < 200 && lives(pid); ++i)
+        std::this_thread::sleep_for(10ms);
+    return !lives(pid);
+}
+
+/// Runs the script, stops it once it has written its process numbers into the file, and gives these.
+std::vector<std::string> stopped(const std::string& script) {
+    const TemporaryFolder folder;
+    const auto file = folder / "pids";
+    std::stop_source source;
+    std::optional<ToolRun> result = ToolRun();
+    std::thread runner([&] { result = shell("F=" + file.string() + "; " + script, source.get_token()); });
+    while (!std::filesystem::exists(folder / "pids.ready"))
+        std::this_thread::sleep_for(5ms);
+    const auto start = Clock::now();
+    source.request_stop();
+    runner.join();
+    EXPECT_LT(Clock::now() - start, 2s);
+    EXPECT_FALSE(result);
+    std::vector<std::string> pids;
+    std::istringstream words(bytesOf(file));
+    for (std::string pid; words >> pid;)
+        pids.push_back(pid);
+    return pids;
+}
+
+TEST(SystemTools, outcomes) {
+    struct Row {
+        const char* script;
+        int status;
+        const char* output;
+    };
+    const Row rows[] = {
+        {"echo out; echo err >&2", 0, "out\n"},
+        {"printf 'a\\0b'; exit 3", 3, nullptr},
+        {"kill -9 $$", 137, ""},
+        {"cat; echo end", 0, "end\n"}, // nothing waits on standard input
+        {"exec >&-; sleep 0.1; exit 7", 7, ""},
+        {"trap '' TERM PIPE; echo done", 0, "done\n"},
+    };
+    for (const Row& row : rows) {
+        const auto run = shell(row.script);
+        ASSERT_TRUE(run) << row.script;
+        EXPECT_EQ(run->exitStatus, row.status) << row.script;
+        EXPECT_EQ(run->standardOutput, row.output ? row.output : std::string("a\0b", 3)) << row.script;
+    }
+}
+
+TEST(SystemTools, whatCannotBeLaunchedGivesNothing) {
+    const TemporaryFolder folder;
+    folder.write("not-executable", "#!/bin/sh\n");
+    EXPECT_FALSE(LinuxSystemTools(folder.path()).run("/not-executable", {}, {}));
+    EXPECT_FALSE(LinuxSystemTools(folder.path()).run("/missing", {}, {}));
+    EXPECT_FALSE(LinuxSystemTools(folder.path()).run("/", {}, {}));
+    std::stop_source source;
+    source.request_stop();
+    EXPECT_FALSE(shell("true", source.get_token()));
+}
+
+TEST(SystemTools, aFloodIsReadToItsEndAndKeptWithinTheBound) {
+    const auto run = shell("head -c 9000000 /dev/zero; head -c 3000000 /dev/zero >&2; exit 5");
+    ASSERT_TRUE(run);
+    EXPECT_EQ(run->standardOutput.size(), SystemTools::largestOutput);
+    EXPECT_EQ(run->exitStatus, 5);
+}
+
+TEST(SystemTools, aChildThatHoldsThePipeDoesNotHoldTheRun) {
+    const auto start = Clock::now();
+    const auto run = shell("sleep 60 & echo $!");
+    ASSERT_TRUE(run);
+    EXPECT_LT(Clock::now() - start, 5s);
+    EXPECT_EQ(run->exitStatus, 0);
+    EXPECT_TRUE(diesSoon(run->standardOutput.substr(0, run->standardOutput.find('\n'))));
+    // Not even one that goes on writing.
+    EXPECT_EQ(shell("yes & exit 4").value_or(ToolRun()).exitStatus, 4);
+}
+
+TEST(SystemTools, aStopEndsTheToolAndWhatItStarted) {
+    const char* const scripts[] = {
+        "echo $$ > $F; : > $F.ready; sleep 60",
+        "echo $$ > $F; : > $F.ready; yes",
+        "trap '' TERM INT HUP PIPE; echo $$ > $F; : > $F.ready; exec >&-; while :; do sleep 1; done",
+        "sleep 60 & echo $$ $! > $F; sh -c 'echo $$ >> '$F'; : > '$F'.ready; exec sleep 60'",
+    };
+    for (const char* script : scripts) {
+        const auto pids = stopped(script);
+        EXPECT_FALSE(pids.empty());
+        for (const std::string& pid : pids)
+            EXPECT_TRUE(diesSoon(pid)) << script;
+    }
+}
+
+TEST(SystemTools, enrollmentThroughATool) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder / "usr/bin");
+    const auto tool = [&](const std::string& script) {
+        const auto file = folder.write("usr/bin/profiles", "#!/bin/sh\n" + script + "\n");
+        std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+        return readEnrollmentStatus(LinuxSystemTools(folder.path()), {});
+    };
+    const EnrollmentStatus managed{true, true, "Yes (User\uFFFD Approved)"};
+    EXPECT_EQ(tool("[ \"$*\" = 'status -type enrollment' ] || exit 1\n"
+                   "printf 'Enrolled via DEP: Yes\\nMDM enrollment: Yes (User\\377 Approved)\\n'"),
+              managed);
+    EXPECT_EQ(tool("printf 'Enrolled via DEP: No\\nMDM enrollment: No\\n'; exit 1"), std::nullopt);
+    EXPECT_EQ(tool("echo 'Enrolled via DEP: No'"), std::nullopt);
+}
+
+} // namespace
+} // namespace tessivo

@@ -1,0 +1,137 @@
+#include "app/readers/Readers.h"
+#include "kit/hardware/PortChecklist.h"
+#include "platform/linux/LinuxRegistry.h"
+#include "platform/linux/UsbDevices.h"
+#include "tests/platform/CapturedTree.h"
+
+#include <atomic>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace tessivo {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<USBDevice> read(const CapturedTree& tree) {
+    return readUSBDevices(LinuxRegistry(tree.tree()));
+}
+
+std::vector<std::string> printed(const CapturedTree& tree) {
+    std::vector<std::string> lines;
+    for (const USBDevice& device : read(tree)) {
+        char place[16];
+        std::snprintf(place, sizeof place, "%08x", device.locationID);
+        lines.push_back(std::string(place) + " " + std::to_string(device.vendorID) + ":" +
+                        std::to_string(device.productID) + " class " +
+                        (device.deviceClass ? std::to_string(*device.deviceClass) : "-") + " " +
+                        device.vendor.value_or("-") + " | " + device.summary());
+    }
+    return lines;
+}
+
+TEST(Usb, captures) {
+    EXPECT_THAT(printed(CapturedTree("macbook-pro-t2")),
+                ElementsAre("01100000 8457:10263 class 9 VIA Labs, Inc. | USB2.0 Hub · 480 Mb/s (USB 2)",
+                            "01140000 1921:21891 class 0 SanDisk | Ultra Fit · 480 Mb/s (USB 2)",
+                            "05100000 1452:33331 class 239 Apple Inc. | Apple T2 Bus · 480 Mb/s (USB 2)"));
+    EXPECT_TRUE(read(CapturedTree("laptop-two-batteries")).empty());
+    EXPECT_TRUE(read(CapturedTree("desktop-raid")).empty());
+    EXPECT_FALSE(LinuxRegistry(CapturedTree("desktop-raid").tree()).matchingServices("IOUSBHostDevice"));
+    // Names are mended and never dropped; a device in the middle of going away is passed over.
+    EXPECT_THAT(printed(CapturedTree("hostile")), ElementsAre("00000000 1:2 class - - | USB device",
+                                                              "03100000 0:0 class - - | Mou\uFFFDse \uFFFD"));
+}
+
+TEST(Usb, speeds) {
+    const std::pair<const char*, std::optional<std::int64_t>> rows[] = {{"1.5", 0},
+                                                                        {"12", 1},
+                                                                        {"480", 2},
+                                                                        {"5000", 3},
+                                                                        {"10000", 4},
+                                                                        {"20000", 5},
+                                                                        {"40000", std::nullopt},
+                                                                        {"480.0", std::nullopt},
+                                                                        {"-480", std::nullopt},
+                                                                        {"", std::nullopt},
+                                                                        {"fast", std::nullopt}};
+    for (const auto& [text, code] : rows) {
+        CapturedTree tree;
+        tree.add("sys/bus/usb/devices/1-1/idVendor = 05ac");
+        tree.add("sys/bus/usb/devices/1-1/idProduct = 024f");
+        tree.add(std::string("sys/bus/usb/devices/1-1/speed = ") + text);
+        ASSERT_EQ(read(tree).size(), 1u);
+        EXPECT_EQ(read(tree).front().speed, code) << text;
+    }
+}
+
+TEST(Usb, places) {
+    const std::pair<const char*, std::optional<std::uint32_t>> rows[] = {
+        {"20-3", 0x14300000},
+        {"1-1.2.3.4.5.6", 0x01123456},
+        {"1-1.2.3.4.5.6.7", std::nullopt},
+        // Root hubs with more than 15 ports: no two ports share a place.
+        {"1-15", 0x01f00000},
+        {"1-16", 0x11000000},
+        {"1-17", 0x11100000},
+        {"2-1.15", 0x021f0000},
+        {"2-1.16", std::nullopt},
+        {"255-1", 0xff100000},
+        {"256-1", std::nullopt},
+        {"1-0", std::nullopt},
+        {"1-", std::nullopt},
+        {"1-1.", std::nullopt},
+        {"-1", std::nullopt},
+        {"1-a", std::nullopt},
+        {"usb1", std::nullopt},
+    };
+    for (const auto& [name, place] : rows)
+        EXPECT_EQ(UsbDevices::locationID(name), place) << name;
+}
+
+TEST(Usb, aDeviceThatComesTicksAPortAndOneThatGoesDoesNot) {
+    CapturedTree tree("macbook-pro-t2");
+    PortChecklist checklist = PortChecklist::make(2);
+    EXPECT_FALSE(checklist.update(read(tree)));
+
+    // It is listed before its numbers can be read, and again while it goes away.
+    tree.add("sys/bus/usb/devices/2-1/product = Stick");
+    EXPECT_FALSE(checklist.update(read(tree)));
+    tree.add("sys/bus/usb/devices/2-1/idVendor = 0951");
+    EXPECT_FALSE(checklist.update(read(tree)));
+    tree.add("sys/bus/usb/devices/2-1/idProduct = 1666");
+    EXPECT_EQ(checklist.update(read(tree)).value_or(USBDevice()).name, "Stick");
+    EXPECT_FALSE(checklist.update(read(tree)));
+    tree.remove("sys/bus/usb/devices/2-1/idVendor");
+    EXPECT_FALSE(checklist.update(read(tree)));
+    tree.remove("sys/bus/usb/devices/2-1");
+    EXPECT_FALSE(checklist.update(read(tree)));
+    EXPECT_EQ(checklist.active, 2);
+}
+
+TEST(Usb, scansWhileDevicesComeAndGo) {
+    CapturedTree tree;
+    tree.add("sys/bus/usb/devices /");
+    std::atomic<bool> done = false;
+    std::thread hands([&] {
+        for (int round = 0; round < 60; ++round)
+            for (int port = 1; port <= 5; ++port) {
+                const std::string device = "sys/bus/usb/devices/1-" + std::to_string(port);
+                tree.add(device + "/product = Stick");
+                tree.add(device + "/idVendor = 0951");
+                tree.add(device + "/idProduct = 1666");
+                tree.remove("sys/bus/usb/devices/1-" + std::to_string(port % 5 + 1));
+            }
+        done = true;
+    });
+    while (!done)
+        for (const USBDevice& device : read(tree)) {
+            // Never another place than its own, which would pass for a new device.
+            EXPECT_EQ(device.locationID & 0xff0fffff, 0x01000000u);
+        }
+    hands.join();
+}
+
+} // namespace
+} // namespace tessivo
