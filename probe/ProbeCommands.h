@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// The commands of `tessivo-probe`: `machine`, `report`, `guard` and `history`.
+namespace tessivo::ProbeCommands {
+
+/// Runs one command and gives the exit status: 0, or 1 after a fault, or 2 after wrong usage. A fault is
+/// one line on standard error that names the file and what is wrong. Text on standard output ends with a
+/// line feed; a file of `--output` holds the exact text and is replaced whole or left as it was.
+int run(const std::vector<std::string>& arguments);
+
+} // namespace tessivo::ProbeCommands
