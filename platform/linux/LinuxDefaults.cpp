@@ -5,6 +5,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryFile>
+#include <algorithm>
 
 namespace tessivo {
 
@@ -50,8 +51,9 @@ void LinuxDefaults::store(const std::string& key, const QVariant& value) {
     const std::filesystem::path proof = copied.string() + ".proof.ini";
     std::filesystem::rename(copied, proof, error);
     if (error) return;
-    const bool whole = QSettings(QString::fromStdString(proof.string()), QSettings::IniFormat)
-                           .value(QString::fromStdString(key)) == value;
+    const QSettings read(QString::fromStdString(proof.string()), QSettings::IniFormat);
+    const bool whole = std::ranges::all_of(
+        settings.allKeys(), [&](const QString& each) { return read.value(each) == settings.value(each); });
     try {
         if (whole) Files::writeAtomically(file, Files::read(proof, largestFile));
     } catch (const std::exception&) {
