@@ -51,4 +51,10 @@ tessivo_test(app LABEL pages SHARDS 4)
 tessivo_test(platform LABEL hardware)
 tessivo_test(window TIMEOUT 600)
 tessivo_test(sound TIMEOUT 600)
+tessivo_test(threads TIMEOUT 600)
 tessivo_test(whole TIMEOUT 600)
+
+# These run the programs as a person would.
+if(TARGET whole_tests)
+    add_dependencies(whole_tests tessivo-probe)
+endif()

@@ -16,6 +16,21 @@ void writeTo(std::FILE* stream, const std::string& bytes, const std::string& nam
         throw std::system_error(errno, std::generic_category(), name);
 }
 
+void writeFile(const std::string& bytes, const std::filesystem::path& file) {
+    // A pipe or a device is written into; to replace it would be a surprise. So would a link.
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "we"),
+                                                                     &std::fclose);
+        if (!stream) throw std::system_error(errno, std::generic_category());
+        writeTo(stream.get(), bytes, file.string());
+        return;
+    }
+    const auto target = std::filesystem::canonical(file, error);
+    Files::writeAtomically(error ? file : target, bytes);
+}
+
 } // namespace
 
 void write(const std::string& bytes, Content content, const std::optional<std::string>& file) {
@@ -24,18 +39,11 @@ void write(const std::string& bytes, Content content, const std::optional<std::s
         writeTo(stdout, isOpenLine ? bytes + '\n' : bytes, "standard output");
         return;
     }
-    // A pipe or a device is written into; to replace it would be a surprise. So would a link.
-    std::error_code error;
-    const auto status = std::filesystem::status(*file, error);
-    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file->c_str(), "we"),
-                                                                     &std::fclose);
-        if (!stream) throw std::system_error(errno, std::generic_category(), *file);
-        writeTo(stream.get(), bytes, *file);
-        return;
+    try {
+        writeFile(bytes, *file);
+    } catch (const std::system_error& error) {
+        throw std::runtime_error(*file + ": " + error.code().message());
     }
-    const auto target = std::filesystem::canonical(*file, error);
-    Files::writeAtomically(error ? std::filesystem::path(*file) : target, bytes);
 }
 
 } // namespace tessivo::ProbeOutput

@@ -1,0 +1,79 @@
+#include "app/readers/Readers.h"
+#include "kit/Samples.h"
+#include "kit/listing/Lang.h"
+#include "kit/listing/ListingTemplate.h"
+#include "kit/report/ReportAssembler.h"
+#include "platform/simulated/ManualScheduler.h"
+#include "platform/simulated/SimulatedPlatform.h"
+#include "tests/TemporaryFolder.h"
+
+#include <QProcess>
+#include <gtest/gtest.h>
+
+using namespace tessivo;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* moment = "2026-03-05T16:07:09Z";
+
+std::vector<std::string> machines() {
+    std::vector<std::string> names;
+    for (const std::string& name : namesIn(TESSIVO_MACHINES))
+        names.push_back(fs::path(name).stem().string());
+    return names;
+}
+
+fs::path machineFile(const std::string& name) {
+    return fs::path(TESSIVO_MACHINES) / (name + ".json");
+}
+
+/// Compares with the file of that name in tests/data. What differs is left in the build folder under the
+/// same name, to be read line by line before it takes the place of the old one.
+void expectGolden(const fs::path& name, const std::string& actual) {
+    const fs::path golden = fs::path(TESSIVO_TEST_DATA) / name;
+    const std::string expected = bytesOf(golden);
+    EXPECT_FALSE(expected.empty()) << golden << " is missing";
+    EXPECT_EQ(actual, expected) << golden;
+    if (actual == expected) return;
+    const fs::path left = fs::path(TESSIVO_BUILD) / "golden" / name;
+    fs::create_directories(left.parent_path());
+    std::ofstream(left, std::ios::binary) << actual;
+}
+
+class GoldenReports : public testing::TestWithParam<std::string> {};
+
+TEST_P(GoldenReports, aFreshReportOfTheMachineReadsAsItsGoldenFile) {
+    QProcess probe;
+    probe.start(TESSIVO_BUILD "/tessivo-probe",
+                {"report", "--machine", QString::fromStdString(machineFile(GetParam()).string()), "--as",
+                 "text", "--at", moment, "--time-zone", "UTC"});
+    ASSERT_TRUE(probe.waitForFinished()) << probe.errorString().toStdString();
+    EXPECT_EQ(probe.exitCode(), 0) << probe.readAllStandardError().toStdString();
+    expectGolden("reports/" + GetParam() + ".txt", probe.readAllStandardOutput().toStdString());
+}
+
+TEST_P(GoldenReports, theListingOfASaleOfItReadsAsItsGoldenFiles) {
+    ManualScheduler clock;
+    SimulatedPlatform mac(loadMachineFile(machineFile(GetParam())), clock);
+    SessionState state = Samples::session(readMachineInfo(mac.machineFacts(), mac.registry()));
+    state.battery = readBattery(mac.registry(), mac.powerSources());
+    state.enrollment = readEnrollmentStatus(mac.systemTools(), {});
+    const auto report =
+        ReportAssembler::make(state, *Date::fromISO8601(moment), TESSIVO_VERSION, Samples::notes());
+    for (const char* language : {"en", "es"}) {
+        const auto writeUp =
+            Lang::with(language, [&] { return ListingTemplate::make(report, /*includeSerial=*/true); });
+        EXPECT_EQ(writeUp.language, language);
+        expectGolden("listings/" + GetParam() + "-" + language + ".txt", writeUp.text + "\n");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Machines, GoldenReports, testing::ValuesIn(machines()), [](const auto& info) {
+    std::string name = info.param;
+    std::ranges::replace(name, '-', '_');
+    return name;
+});
+
+} // namespace

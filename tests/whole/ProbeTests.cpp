@@ -1,0 +1,212 @@
+#include "kit/Samples.h"
+#include "kit/report/HistoryStore.h"
+#include "kit/report/ReportAssembler.h"
+#include "kit/support/PropertyJson.h"
+#include "tests/TemporaryFolder.h"
+
+#include <QProcess>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessivo {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Outcome {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+Outcome probe(const QStringList& arguments, const QString& output = {}) {
+    QProcess process;
+    if (!output.isEmpty()) process.setStandardOutputFile(output);
+    process.start(TESSIVO_BUILD "/tessivo-probe", arguments);
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit) return {};
+    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+
+QString q(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+const QStringList fixedDate = {"--at", "2026-03-05T16:07:09Z", "--time-zone", "UTC"};
+
+ConditionReport sampleReport() {
+    return ReportAssembler::make(Samples::session(), *Date::fromISO8601("2026-03-05T16:07:09Z"), "1.0",
+                                 Samples::notes());
+}
+
+TEST(Probe, reportOfThisComputer) {
+    const Outcome run = probe({"report", "--as", "text"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_THAT(run.out, StartsWith("CONDITION REPORT: "));
+    EXPECT_THAT(run.out, HasSubstr("\nMemory: "));
+    EXPECT_THAT(run.out, testing::Not(HasSubstr("\nMemory: 0 GB")));
+    EXPECT_THAT(run.out, HasSubstr("\nStorage: "));
+    EXPECT_THAT(run.out, EndsWith("Anyone can rerun the tests to compare.\n"));
+}
+
+TEST(Probe, aCapturedMachineGivesTheSameReport) {
+    const TemporaryFolder folder;
+    const Outcome machine = probe({"machine"});
+    ASSERT_EQ(machine.status, 0) << machine.err;
+    const auto file = folder.write("m.json", machine.out);
+    const Outcome here = probe(QStringList{"report", "--as", "text"} + fixedDate);
+    const Outcome replayed = probe(QStringList{"report", "--machine", q(file), "--as", "text"} + fixedDate);
+    EXPECT_EQ(replayed.status, 0);
+    EXPECT_EQ(replayed.err, "");
+    EXPECT_EQ(replayed.out, here.out);
+    EXPECT_THAT(replayed.out, HasSubstr(" on March 5, 2026 at 4:07 PM UTC\n"));
+}
+
+TEST(Probe, aSessionStandsAsItIsAndTakesANewMachine) {
+    const TemporaryFolder folder;
+    const SessionState session = Samples::session();
+    const auto file = folder.write("session.json", session.encode());
+    const auto machine = folder.write("m.json", R"({"sysctl": {"hw.model": "Macmini9,1"},
+        "operatingSystem": {"major": 15, "minor": 3, "patch": 1}, "physicalMemory": 8589934592})");
+
+    const Outcome same =
+        probe({"report", "--session", q(file), "--as", "session", "--output", q(folder / "out")});
+    EXPECT_EQ(same.status, 0) << same.err;
+    EXPECT_EQ(same.out, "");
+    EXPECT_EQ(SessionState::decode(bytesOf(folder / "out")), session);
+
+    const Outcome moved = probe({"report", "--session", q(file), "--machine", q(machine), "--as", "session"});
+    SessionState expected = session;
+    expected.machine = {"Macmini9,1", std::nullopt, std::nullopt, 8589934592, "macOS 15.3.1", std::nullopt};
+    EXPECT_EQ(SessionState::decode(moved.out), expected);
+}
+
+TEST(Probe, everyForm) {
+    const TemporaryFolder folder;
+    const auto file = folder.write("session.json", Samples::session().encode());
+    const auto as = [&](const QString& form, const QStringList& more = {}) {
+        return probe(
+            QStringList{"report", "--session", q(file), "--notes", "Scratch on the lid", "--as", form} +
+            fixedDate + more);
+    };
+    ConditionReport report = HistoryStore::decode(as("json").out);
+    ConditionReport expected = sampleReport();
+    expected.notes = "Scratch on the lid";
+    report.id = expected.id;
+    EXPECT_EQ(report, expected);
+
+    const std::string serial = expected.machine.serial.value();
+    EXPECT_THAT(as("listing-en").out, HasSubstr("Tested on March 5, 2026 with Tessivo."));
+    EXPECT_THAT(as("listing-en").out, testing::Not(HasSubstr(serial)));
+    EXPECT_THAT(as("listing-es", {"--serial"}).out,
+                testing::AllOf(HasSubstr("5 de marzo de 2026"), HasSubstr(serial)));
+    // The listing's date is the zone's: it is still the fifth in Los Angeles.
+    EXPECT_THAT(probe({"report", "--session", q(file), "--at", "2026-03-06T05:00:00Z", "--time-zone",
+                       "America/Los_Angeles", "--as", "listing-en"})
+                    .out,
+                HasSubstr("Tested on March 5, 2026"));
+    EXPECT_EQ(as("pdf", {"--output", q(folder / "report.pdf")}).status, 0);
+    EXPECT_THAT(bytesOf(folder / "report.pdf"), StartsWith("%PDF-"));
+}
+
+TEST(Probe, guardAndHistory) {
+    const TemporaryFolder folder;
+    const HistoryStore store{folder / "History"};
+    const ConditionReport report = sampleReport();
+    store.save(report);
+    std::ofstream(store.folder / "broken.json") << "{";
+    const auto key = report.machine.serial.value_or(report.machine.modelID);
+    const Outcome history = probe({"history", q(store.folder)});
+    const PropertyMap listed = parsePropertyMap("{\"groups\": " + history.out + "}");
+    const PropertyList groups{PropertyMap{{"key", key}, {"reports", PropertyList{report.id.text()}}}};
+    EXPECT_EQ(listed, (PropertyMap{{"groups", groups}}));
+
+    const auto file = folder.write("report.json", HistoryStore::encode(report));
+    const auto guard = [&](const std::string& draft, const QString& language) {
+        return probe({"guard", "--report", q(file), "--language", language, "--draft",
+                      q(folder.write("draft.txt", draft))});
+    };
+    const auto listing = probe({"report", "--session", q(folder.write("s.json", Samples::session().encode())),
+                                "--notes", QString::fromStdString(Samples::notes()), "--as", "listing-es",
+                                "--at", "2026-03-05T16:07:09Z"});
+    EXPECT_EQ(parsePropertyMap("{\"issues\": " + guard(listing.out, "es").out + "}"),
+              (PropertyMap{{"issues", PropertyList()}}));
+    EXPECT_EQ(parsePropertyMap("{\"issues\": " + guard(" ", "en").out + "}"),
+              (PropertyMap{{"issues", PropertyList{PropertyList{"empty", Property()}}}}));
+}
+
+TEST(Probe, aFaultIsOneLineThatNamesTheFile) {
+    const TemporaryFolder folder;
+    const QString missing = q(folder / "missing.json");
+    const QString broken = q(folder.write("broken.json", "{\"machine\": {"));
+    const QString deep = q(folder.write("deep.json", std::string(100000, '[')));
+    const QString report = q(folder.write("report.json", HistoryStore::encode(sampleReport())));
+    const QString folderItself = q(folder.path());
+    const QStringList rows[] = {
+        {missing, "report", "--as", "text", "--machine", missing},
+        {broken, "report", "--as", "text", "--machine", broken},
+        {folderItself, "report", "--as", "text", "--machine", folderItself},
+        {missing, "report", "--as", "text", "--session", missing},
+        {broken, "report", "--as", "text", "--session", broken},
+        {deep, "report", "--as", "text", "--session", deep},
+        {report, "report", "--as", "text", "--session", report},
+        {deep, "guard", "--report", deep, "--language", "en", "--draft", report},
+        {missing, "guard", "--report", report, "--language", "en", "--draft", missing},
+        {missing, "history", missing},
+        {report, "history", report},
+        {report + "/x", "report", "--as", "text", "--output", report + "/x"},
+        {"/dev/full", "report", "--as", "text", "--output", "/dev/full"},
+    };
+    for (const QStringList& row : rows) {
+        const Outcome run = probe(row.mid(1));
+        SCOPED_TRACE(row.join(' ').toStdString());
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.out, "");
+        EXPECT_THAT(run.err, HasSubstr(row.front().toStdString()));
+        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+        EXPECT_THAT(run.err, EndsWith("\n"));
+    }
+    const Outcome full = probe({"report", "--as", "json"}, "/dev/full");
+    EXPECT_EQ(full.status, 1);
+    EXPECT_THAT(full.err, HasSubstr("standard output"));
+}
+
+TEST(Probe, wrongUsage) {
+    const QStringList rows[] = {
+        {},
+        {"reprot"},
+        {"machine", "more"},
+        {"report"},
+        {"report", "--as"},
+        {"report", "--as", "html"},
+        {"report", "--as", "text", "--as", "text"},
+        {"report", "--as", "text", "--at", "yesterday"},
+        {"report", "--as", "text", "--time-zone", "Mars/Base"},
+        {"report", "--as", "text", "--loud"},
+        {"guard", "--report", "x", "--draft", "x"},
+        {"guard", "--report", "x", "--language", "fr", "--draft", "x"},
+        {"history"},
+        {"history", "a", "b"},
+    };
+    for (const QStringList& row : rows)
+        EXPECT_EQ(probe(row).status, 2) << row.join(' ').toStdString();
+}
+
+TEST(Probe, anOutputFileIsReplacedWholeOrLeft) {
+    const TemporaryFolder folder;
+    const auto file = folder.write("report.txt", "before");
+    std::filesystem::create_symlink(file, folder / "link");
+    EXPECT_EQ(probe({"report", "--as", "json", "--session", q(folder / "none"), "--output", q(file)}).status,
+              1);
+    EXPECT_EQ(bytesOf(file), "before");
+    EXPECT_EQ(probe({"report", "--as", "text", "--output", q(folder / "link")}).status, 0);
+    EXPECT_THAT(bytesOf(file), EndsWith("to compare."));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+    EXPECT_EQ(namesIn(folder.path()), (std::vector<std::string>{"link", "report.txt"}));
+}
+
+} // namespace
+} // namespace tessivo
