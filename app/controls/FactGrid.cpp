@@ -11,7 +11,6 @@ constexpr int columnGap = 32;
 
 } // namespace
 
-/// Label and value, with the divider of the row above drawn at its top.
 class FactGrid::Row final : public QWidget, public AccessibleTraits {
 public:
     Row(const QString& label, const QString& value, bool monospaced, const Look& look, QWidget* parent)
@@ -28,19 +27,13 @@ public:
     }
 
     TextLabel& value() const { return *m_value; }
-    void setDivided(bool divided) {
-        if (divided == m_divided) return;
-        m_divided = divided;
-        updateGeometry();
-        update();
-    }
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override {
         const int line = theme().lineHeight(TextRole::body);
         const int text =
             std::max(m_value->heightForWidth(valueWidth(width)), m_label->heightForWidth(labelWidth()));
-        return theme().scaled(m_look.rowHeight) - line + text + (m_divided ? 1 : 0);
+        return theme().scaled(m_look.rowHeight) - line + text;
     }
     QSize sizeHint() const override {
         const int width = valueLeft() + m_value->sizeHint().width();
@@ -57,20 +50,13 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent*) override {
-        const int top =
-            (theme().scaled(m_look.rowHeight) - theme().lineHeight(TextRole::body)) / 2 + (m_divided ? 1 : 0);
+        const int top = (theme().scaled(m_look.rowHeight) - theme().lineHeight(TextRole::body)) / 2;
         const auto put = [this](QWidget* widget, const QRect& place) {
             widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
         };
         put(m_label, QRect(0, top, labelWidth(), m_label->heightForWidth(labelWidth())));
         put(m_value,
             QRect(valueLeft(), top, valueWidth(width()), m_value->heightForWidth(valueWidth(width()))));
-    }
-
-    void paintEvent(QPaintEvent*) override {
-        if (!m_divided) return;
-        QPainter painter(this);
-        painter.fillRect(0, 0, width(), 1, theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
     }
 
 private:
@@ -81,12 +67,13 @@ private:
     Look m_look;
     TextLabel* m_label;
     TextLabel* m_value;
-    bool m_divided = false;
 };
 
 class FactGrid::GridLayout final : public FlowingLayout {
 public:
     GridLayout(QWidget* parent, bool twoColumns) : FlowingLayout(parent), m_twoColumns(twoColumns) {}
+
+    const QList<QRect>& dividers() const { return m_dividers; }
 
 protected:
     int naturalWidth() const override {
@@ -103,16 +90,21 @@ protected:
         for (QLayoutItem* item : m_items)
             if (!item->isEmpty()) shown.push_back(item);
         int y = rect.top();
+        if (apply) m_dividers.clear();
         for (size_t start = 0; start < shown.size(); start += size_t(columns)) {
             const size_t end = std::min(shown.size(), start + size_t(columns));
             int height = 0;
-            for (size_t i = start; i < end; ++i) {
-                static_cast<Row*>(shown[i]->widget())->setDivided(start > 0);
-                height = std::max(height, itemHeight(shown[i], width));
+            if (start > 0) {
+                for (size_t i = start; apply && i < end; ++i)
+                    m_dividers.append(
+                        visual(rect, {rect.left() + int(i - start) * (width + columnGap), y, width, 1}));
+                y += 1;
             }
+            for (size_t i = start; i < end; ++i)
+                height = std::max(height, itemHeight(shown[i], width));
             for (size_t i = start; apply && i < end; ++i) {
                 const QRect place(rect.left() + int(i - start) * (width + columnGap), y, width, height);
-                shown[i]->setGeometry(QStyle::visualRect(parentWidget()->layoutDirection(), rect, place));
+                shown[i]->setGeometry(visual(rect, place));
             }
             y += height;
         }
@@ -120,7 +112,12 @@ protected:
     }
 
 private:
+    QRect visual(const QRect& rect, const QRect& place) const {
+        return QStyle::visualRect(parentWidget()->layoutDirection(), rect, place);
+    }
+
     bool m_twoColumns;
+    mutable QList<QRect> m_dividers;
 };
 
 FactGrid::FactGrid(const Look& look, QWidget* parent)
@@ -145,6 +142,12 @@ void FactGrid::setValue(int index, const QString& value) {
 
 void FactGrid::setFactVisible(int index, bool visible) {
     if (Row* row = m_rows.value(index)) row->setVisible(visible);
+}
+
+void FactGrid::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    for (const QRect& divider : m_grid->dividers())
+        painter.fillRect(divider, theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
 }
 
 QString FactGrid::value(int index) const {

@@ -33,6 +33,9 @@ public:
     QString value(int index) const;
     int count() const { return int(m_rows.size()); }
 
+protected:
+    void paintEvent(QPaintEvent*) override;
+
 private:
     class Row;
     class GridLayout;

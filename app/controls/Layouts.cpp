@@ -24,30 +24,40 @@ QLayoutItem* FlowingLayout::takeAt(int index) {
 }
 
 void FlowingLayout::invalidate() {
-    m_cachedWidth = -1;
+    m_heights.clear();
+    m_sizeHint = m_minimumSize = QSize();
     QLayout::invalidate();
 }
 
 int FlowingLayout::heightForWidth(int width) const {
-    if (width != m_cachedWidth) {
-        const QMargins margins = contentsMargins();
-        const int inner = std::max(0, width - margins.left() - margins.right());
-        m_cachedHeight = arrange(QRect(0, 0, inner, 0), false) + margins.top() + margins.bottom();
-        m_cachedWidth = width;
-    }
-    return m_cachedHeight;
+    constexpr size_t remembered = 8;
+    for (const Measure& measure : m_heights)
+        if (measure.width == width) return measure.height;
+    const QMargins margins = contentsMargins();
+    const int inner = std::max(0, width - margins.left() - margins.right());
+    const int height = arrange(QRect(0, 0, inner, 0), false) + margins.top() + margins.bottom();
+    if (m_heights.size() >= remembered) m_heights.erase(m_heights.begin());
+    m_heights.push_back({width, height});
+    return height;
 }
 
 QSize FlowingLayout::sizeHint() const {
-    const QMargins margins = contentsMargins();
-    const int width = naturalWidth() + margins.left() + margins.right();
-    return {width, heightForWidth(width)};
+    if (!m_sizeHint.isValid()) {
+        const QMargins margins = contentsMargins();
+        const int width = naturalWidth() + margins.left() + margins.right();
+        const int height = heightForWidth(width);
+        m_sizeHint = {width, height};
+    }
+    return m_sizeHint;
 }
 
 QSize FlowingLayout::minimumSize() const {
     // The height depends on the width alone; whoever lays this out asks for it.
-    const QMargins margins = contentsMargins();
-    return {leastWidth() + margins.left() + margins.right(), 0};
+    if (!m_minimumSize.isValid()) {
+        const QMargins margins = contentsMargins();
+        m_minimumSize = {leastWidth() + margins.left() + margins.right(), 0};
+    }
+    return m_minimumSize;
 }
 
 int FlowingLayout::leastWidth() const {

@@ -39,8 +39,13 @@ protected:
     std::vector<QLayoutItem*> m_items;
 
 private:
-    mutable int m_cachedWidth = -1;
-    mutable int m_cachedHeight = 0;
+    // Layouts stand in layouts, and each level asks the one below it several times.
+    struct Measure {
+        int width;
+        int height;
+    };
+    mutable std::vector<Measure> m_heights;
+    mutable QSize m_sizeHint, m_minimumSize;
 };
 
 /// One under another at full width, each with its own gap above; a hidden one takes its gap along.

@@ -93,7 +93,11 @@ QSize SidebarRow::sizeHint() const {
 }
 
 QSize SidebarRow::minimumSizeHint() const {
-    return {theme().scaled(120), sizeHint().height()};
+    return {theme().scaled(90), sizeHint().height()};
+}
+
+void SidebarRow::resizeEvent(QResizeEvent*) {
+    setToolTip(width() < sizeHint().width() ? m_title : QString());
 }
 
 void SidebarRow::paintEvent(QPaintEvent* event) {

@@ -46,6 +46,7 @@ public:
     QString spokenName() const override;
 
 protected:
+    void resizeEvent(QResizeEvent*) override;
     void paintEvent(QPaintEvent*) override;
 
 private:

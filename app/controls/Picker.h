@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/controls/Accessible.h"
 #include "app/controls/FocusRing.h"
 #include "app/controls/Theme.h"
 
@@ -9,7 +10,7 @@ namespace tessivo {
 
 /// A button that shows the choice made and opens a menu of all. Signals of QComboBox: `activated(int)` for a
 /// choice by the person.
-class Picker final : public QComboBox, public FocusShape {
+class Picker final : public QComboBox, public AccessibleTraits, public FocusShape {
     Q_OBJECT
 public:
     explicit Picker(const QString& name, const QStringList& choices = {}, QWidget* parent = nullptr);
@@ -21,6 +22,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void showPopup() override;
+
+    // Of a combo box of its own the bridge would tell the choice in place of the name.
+    QAccessible::Role spokenRole() const override { return QAccessible::ComboBox; }
+    QString spokenValue() const override { return currentText(); }
     QWidget* focusShapeWidget() override { return this; }
     QRectF focusShapeRect() const override { return rect(); }
     double focusShapeCorner() const override;

@@ -10,10 +10,17 @@
 
 #include <cmath>
 
+/// The drawings lie in a static library, which brings its resources along only when asked. At global scope, as
+/// the macro demands.
+static void bringDrawings() {
+    Q_INIT_RESOURCE(tessivo);
+}
+
 namespace tessivo {
 namespace {
 
 QString resource(const QString& name) {
+    [[maybe_unused]] static const bool brought = (bringDrawings(), true);
     return QStringLiteral(":/symbols/") + name + QStringLiteral(".svg");
 }
 

@@ -63,7 +63,10 @@ bool click(QWidget* widget) {
 
 bool doubleClick(QWidget* widget) {
     if (!widget || !widget->isVisible() || !widget->isEnabled()) return false;
+    // As the desktop sends it: the second press comes as a double click, and then its release.
+    QTest::mouseClick(widget, Qt::LeftButton);
     QTest::mouseDClick(widget, Qt::LeftButton);
+    QTest::mouseRelease(widget, Qt::LeftButton);
     settle();
     return true;
 }

@@ -4,7 +4,12 @@
 #include <QStringList>
 #include <QWidget>
 #include <functional>
-#include <memory>
+#include <ostream>
+
+/// So that a failed comparison can be read.
+inline void PrintTo(const QString& text, std::ostream* stream) {
+    *stream << '"' << text.toStdString() << '"';
+}
 
 /// What page tests share: finding controls as a screen reader names them, acting as a person would, and
 /// reading what is shown.

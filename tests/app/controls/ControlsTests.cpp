@@ -1,0 +1,291 @@
+#include "tests/app/PageTesting.h"
+
+#include "app/controls/AnswerButtons.h"
+#include "app/controls/Button.h"
+#include "app/controls/Checkbox.h"
+#include "app/controls/FactGrid.h"
+#include "app/controls/ListRows.h"
+#include "app/controls/Meters.h"
+#include "app/controls/Picker.h"
+#include "app/controls/ScrollColumn.h"
+#include "app/controls/SegmentedPicker.h"
+#include "app/controls/Stepper.h"
+#include "app/controls/TextLabel.h"
+#include "app/controls/TileGrid.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace tessivo {
+namespace {
+
+using namespace tessivo::pagetest;
+
+QString text(const char* words) {
+    return QString::fromUtf8(words);
+}
+
+QAccessible::Role roleOf(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->role();
+}
+
+TEST(AnswerButtons, areChosenTakenBackAndChanged) {
+    AnswerButtons answers(text("None seen"), text("Yes, I saw some"));
+    std::vector<ManualAnswer> said;
+    QObject::connect(&answers, &AnswerButtons::answered, [&](ManualAnswer answer) {
+        said.push_back(answer);
+        answers.setAnswer(answer);
+    });
+    showAt(answers, {400, 40});
+    auto* none = findByName<Button>(&answers, text("None seen"));
+    auto* some = findByName<Button>(&answers, text("Yes, I saw some"));
+    ASSERT_TRUE(none && some);
+    EXPECT_EQ(findByName<Button>(&answers, text("Not on this keyboard")), nullptr);
+    const int width = none->sizeHint().width();
+
+    EXPECT_TRUE(click(none));
+    EXPECT_TRUE(isChecked(none));
+    EXPECT_EQ(none->sizeHint().width(), width) << "a chosen answer must not push its neighbour";
+    EXPECT_TRUE(click(some));
+    EXPECT_FALSE(isChecked(none));
+    EXPECT_TRUE(click(some));
+    EXPECT_FALSE(isChecked(some));
+    EXPECT_TRUE(doubleClick(none));
+    EXPECT_EQ(answers.answer(), ManualAnswer::unanswered);
+    using enum ManualAnswer;
+    EXPECT_EQ(said, (std::vector{works, problem, unanswered, works, unanswered}));
+}
+
+TEST(Buttons, takeKeysButNoFocusFromTheMouse) {
+    QWidget page;
+    auto* column = new ColumnLayout(&page);
+    auto* start = new Button(text("Start"), text("play.fill"), Button::Kind::prominent);
+    auto* clear = new Button(text("Clear"));
+    column->add(start);
+    column->add(clear, 8);
+    start->setDefaultAction(true);
+    int starts = 0, clears = 0;
+    QObject::connect(start, &Button::clicked, [&] { ++starts; });
+    QObject::connect(clear, &Button::clicked, [&] { ++clears; });
+    showAt(page, {300, 120});
+
+    EXPECT_TRUE(click(clear));
+    EXPECT_FALSE(clear->hasFocus());
+    QTest::keyClick(page.window()->windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(starts, 1) << "Return is the default action's";
+    clear->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(page.window()->windowHandle(), Qt::Key_Return);
+    QTest::keyClick(clear, Qt::Key_Space);
+    EXPECT_EQ(std::pair(starts, clears), std::pair(1, 3)) << "unless another button has the focus";
+    start->setEnabled(false);
+    clear->clearFocus();
+    QTest::keyClick(page.window()->windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(starts, 1);
+}
+
+TEST(Buttons, wrapRatherThanClipAWordyLabel) {
+    Button button(text("Heard it clearly, in that ear only?"), text("checkmark"));
+    const int natural = button.sizeHint().width();
+    EXPECT_EQ(button.heightForWidth(natural), button.sizeHint().height());
+    EXPECT_GT(button.heightForWidth(natural / 2), button.sizeHint().height());
+}
+
+TEST(SegmentedPicker, isChosenByMouseAndArrows) {
+    SegmentedPicker picker(text("System Information shows"),
+                           {text("Not checked yet"), text("Disabled"), text("Enabled")});
+    std::vector<int> chosen;
+    QObject::connect(&picker, &SegmentedPicker::chosen, [&](int index) { chosen.push_back(index); });
+    showAt(picker, picker.sizeHint());
+    const auto segment = [&](const char* name) { return findByName<QAbstractButton>(&picker, text(name)); };
+    EXPECT_EQ(roleOf(segment("Disabled")), QAccessible::RadioButton);
+    EXPECT_TRUE(click(segment("Disabled")));
+    EXPECT_TRUE(click(segment("Disabled")));
+    EXPECT_TRUE(isChecked(segment("Disabled")));
+    segment("Disabled")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_TRUE(segment("Enabled")->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+    EXPECT_EQ(chosen, (std::vector{1, 2, 1}));
+    picker.setCurrent(0);
+    EXPECT_EQ(chosen.size(), 3u) << "only a person's choice is told";
+    EXPECT_GT(picker.heightForWidth(picker.sizeHint().width() - 1), picker.sizeHint().height());
+}
+
+TEST(Picker, isChosenFromItsMenuAndNeverByTheWheel) {
+    Picker picker(text("Layout"), {text("US (ANSI)"), text("International (ISO)")});
+    std::vector<int> chosen;
+    QObject::connect(&picker, &QComboBox::activated, [&](int index) { chosen.push_back(index); });
+    showAt(picker, {200, 30});
+    EXPECT_TRUE(click(&picker));
+    auto* menu = picker.findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    ASSERT_EQ(menu->actions().size(), 2);
+    EXPECT_TRUE(menu->actions().at(0)->isChecked());
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+    settle();
+    EXPECT_EQ(chosen, std::vector{1});
+    EXPECT_EQ(picker.currentText(), text("International (ISO)"));
+    QWheelEvent wheel({10, 10}, picker.mapToGlobal(QPointF(10, 10)), {}, {0, 120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&picker, &wheel);
+    EXPECT_EQ(picker.currentIndex(), 1);
+    picker.setChoices({text("Only one")});
+    EXPECT_EQ(picker.currentIndex(), 0);
+    EXPECT_EQ(chosen.size(), 1u);
+}
+
+TEST(Stepper, stepsWithinItsBounds) {
+    Stepper stepper(text("Ports on this Mac: %lld"), 1, 3, 194);
+    std::vector<int> values;
+    QObject::connect(&stepper, &Stepper::stepped, [&](int value) { values.push_back(value); });
+    stepper.setValue(2);
+    showAt(stepper, stepper.sizeHint());
+    EXPECT_EQ(stepper.width(), 260);
+    EXPECT_TRUE(clickOn(&stepper, text("Increment")));
+    EXPECT_FALSE(clickOn(&stepper, text("Increment"))) << "at its top it offers no more";
+    stepper.setFocus();
+    QTest::keyClick(&stepper, Qt::Key_Down);
+    QTest::keyClick(&stepper, Qt::Key_Down);
+    QTest::keyClick(&stepper, Qt::Key_Down);
+    EXPECT_EQ(values, (std::vector{3, 2, 1}));
+    EXPECT_EQ(accessibleNameOf(&stepper), text("Ports on this Mac: 1"));
+    EXPECT_EQ(accessibleValueOf(&stepper), text("1"));
+}
+
+TEST(RowList, isOneTabStopWithArrows) {
+    RowList list(text("Pages"));
+    for (const char* title : {"This Mac", "Keyboard", "Report"}) {
+        auto* row = new SidebarRow(text(title), text("keyboard"));
+        if (*title == 'K') row->setStatus(TestStatus::works);
+        list.addRow(row);
+    }
+    QObject::connect(&list, &RowList::chosen, [&](ListRow* row) { list.setCurrent(row); });
+    list.setCurrent(list.rows().at(0));
+    showAt(list, {230, 200});
+    list.rows().at(0)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(accessibleNameOf(list.current()), text("Keyboard, Works"));
+    EXPECT_TRUE(list.current()->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+    EXPECT_EQ(list.current(), list.rows().at(2));
+    EXPECT_EQ(list.rows().at(0)->focusPolicy(), Qt::NoFocus);
+    list.rows().at(1)->hide();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    EXPECT_EQ(list.current(), list.rows().at(0)) << "a hidden row is stepped over";
+    list.setCurrent(nullptr);
+    EXPECT_FALSE(list.rows().at(0)->isSelected());
+}
+
+TEST(TextLabel, showsMarkupAsTypedAndElidesWithItsWholeText) {
+    TextLabel label(text("<b>5 < 6</b> &amp; a \xE2\x80\x8F\xD7\x90\xD7\x91 \xF0\x9F\x8C\x90 tail"));
+    EXPECT_EQ(accessibleNameOf(&label), label.text());
+    label.setSelectable(true);
+    showAt(label, {400, 20});
+    label.setFocus();
+    QTest::keyClick(&label, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&label, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), label.text());
+
+    TextLabel summary(
+        text("Every key works and a good deal more is told here than two short lines can hold at all"),
+        TextRole::callout);
+    summary.setMaximumLines(2);
+    summary.setReservedLines(2);
+    showAt(summary, {160, 40});
+    EXPECT_TRUE(summary.isElided());
+    EXPECT_EQ(summary.toolTip(), summary.text());
+    EXPECT_EQ(summary.heightForWidth(160), 36);
+    summary.setText(text("Short"));
+    EXPECT_FALSE(summary.isElided());
+    EXPECT_TRUE(summary.toolTip().isEmpty());
+    EXPECT_EQ(summary.heightForWidth(160), 36) << "its room stays";
+}
+
+TEST(TextLabel, aChangingCountStaysStill) {
+    TextLabel count(text("11 of 77 keys"));
+    count.setTabularDigits(true);
+    const QSize size = count.sizeHint();
+    count.setText(text("40 of 77 keys"));
+    EXPECT_EQ(count.sizeHint(), size);
+}
+
+TEST(Tiles, fillTheWidthInColumns) {
+    struct Case {
+        int width, columns;
+    };
+    TileGrid grid;
+    for (int i = 0; i < 4; ++i)
+        grid.add(new Tile(text("Keyboard"), text("keyboard")));
+    showAt(grid, {894, 300});
+    for (const Case& each :
+         {Case{894, 3}, Case{774, 3}, Case{773, 2}, Case{564, 2}, Case{512, 2}, Case{511, 1}, Case{200, 1}}) {
+        grid.resize(each.width, 400);
+        EXPECT_EQ(grid.columns(), each.columns) << each.width;
+    }
+    auto* tile = grid.findChild<Tile*>();
+    tile->setStatus(TestStatus::problem, text("Dead or stuck pixels seen"));
+    EXPECT_EQ(accessibleNameOf(tile), text("Keyboard: Problem. Dead or stuck pixels seen"));
+}
+
+TEST(FactGrid, isReadByRowsAndMakesTwoColumnsFrom720) {
+    FactGrid grid(FactGrid::identity());
+    const int serial = grid.addFact(text("Serial number"), text("J4N7WQX2PL"), true);
+    grid.addFact(text("Chip"), text("Apple M2"));
+    EXPECT_EQ(grid.heightForWidth(720), 30);
+    EXPECT_EQ(grid.heightForWidth(719), 61);
+    showAt(grid, {720, 60});
+    auto* row = findNamed(&grid, text("Serial number, J4N7WQX2PL"), [](QWidget*) { return true; });
+    ASSERT_TRUE(row);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(row)->childCount(), 0);
+    grid.setValue(serial, text("Couldn't read it"));
+    EXPECT_EQ(accessibleNameOf(row), text("Serial number, Couldn't read it"));
+    EXPECT_EQ(grid.value(serial), text("Couldn't read it"));
+}
+
+TEST(ScrollColumn, centresItsColumnAndKeepsTheFocusInSight) {
+    ScrollColumn page;
+    auto* first = new Button(text("First"));
+    page.add(first);
+    for (int i = 0; i < 40; ++i)
+        page.add(new TextLabel(text("A line of words")), 10);
+    auto* last = new Checkbox(text("Last"));
+    page.add(last, 10, Qt::AlignLeft);
+    showAt(page, {1180, 400});
+    EXPECT_EQ(first->mapTo(&page, QPoint()).x(), (1180 - 980) / 2 + 28);
+    EXPECT_EQ(first->width(), 980 - 2 * 28);
+    page.resize(620, 400);
+    settle();
+    EXPECT_EQ(first->mapTo(&page, QPoint()), QPoint(28, 28));
+    EXPECT_EQ(first->width(), 620 - 2 * 28) << "the thumb lies in the padding";
+
+    last->setFocus(Qt::TabFocusReason);
+    settle();
+    EXPECT_TRUE(page.rect().contains(QRect(last->mapTo(&page, QPoint()), last->size())));
+    auto* ring = page.findChild<FocusRing*>();
+    ASSERT_TRUE(ring && ring->isVisible());
+    EXPECT_EQ(last->mapFromGlobal(ring->mapToGlobal(QPoint())), QPoint(-4, -3))
+        << "two outside the box, which stands one down in its line";
+    last->setEnabled(false);
+    settle();
+    EXPECT_FALSE(ring->isVisible() && ring->followed() == last);
+}
+
+TEST(Meters, speakTheirValues) {
+    ProgressBar bar;
+    bar.setProgress(8, 13);
+    EXPECT_EQ(accessibleValueOf(&bar), text("8 of 13"));
+    LevelMeter meter;
+    meter.setLevel(7, text("-3 decibels"));
+    EXPECT_EQ(meter.level(), 1);
+    EXPECT_EQ(accessibleNameOf(&meter), text("Level"));
+    EXPECT_EQ(accessibleValueOf(&meter), text("-3 decibels"));
+}
+
+} // namespace
+} // namespace tessivo
