@@ -1,10 +1,13 @@
 #include "platform/linux/LinuxSystemTools.h"
 
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/SystemTree.h"
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
+#include <map>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/eventfd.h>
@@ -60,6 +63,26 @@ bool hasEnded(pid_t child) {
     siginfo_t info{};
     const int fault = ::waitid(P_PID, id_t(child), &info, WEXITED | WNOHANG | WNOWAIT);
     return fault != 0 ? errno != EINTR : info.si_pid == child;
+}
+
+/// All processes that descend from the child, also those that left its group.
+std::vector<pid_t> descendants(pid_t child) {
+    const SystemTree system;
+    std::multimap<pid_t, pid_t> children;
+    for (const std::string& name : system.names("proc").value_or(std::vector<std::string>())) {
+        const auto pid = wholeNumber(name);
+        const auto status = pid ? system.bytes("proc/" + name + "/stat") : std::nullopt;
+        // "pid (name) state parent ...", and the name may hold anything.
+        const std::size_t end = status ? status->rfind(')') : std::string::npos;
+        if (end == std::string::npos || end + 4 >= status->size()) continue;
+        children.emplace(std::atoi(status->c_str() + end + 4), pid_t(*pid));
+    }
+    std::vector<pid_t> found{child};
+    for (std::size_t i = 0; i < found.size(); ++i)
+        for (auto [one, last] = children.equal_range(found[i]); one != last; ++one)
+            found.push_back(one->second);
+    found.erase(found.begin());
+    return found;
 }
 
 /// Ends what is left of the child's group, then takes the child's status.
@@ -126,6 +149,9 @@ std::optional<ToolRun> LinuxSystemTools::run(const std::string& executable,
     }
     const bool wasStopped = stop.stop_requested();
     if (!wasStopped && open) drain(output, result.standardOutput);
+    if (wasStopped)
+        for (const pid_t descendant : descendants(child))
+            ::kill(descendant, SIGKILL);
     const auto status = endAndReap(child);
     if (wasStopped || !status) return std::nullopt;
     result.exitStatus = *status;

@@ -106,6 +106,8 @@ TEST(SystemTools, aStopEndsTheToolAndWhatItStarted) {
         "echo $$ > $F; : > $F.ready; yes",
         "trap '' TERM INT HUP PIPE; echo $$ > $F; : > $F.ready; exec >&-; while :; do sleep 1; done",
         "sleep 60 & echo $$ $! > $F; sh -c 'echo $$ >> '$F'; : > '$F'.ready; exec sleep 60'",
+        // In a group of its own.
+        "echo $$ > $F; setsid sh -c 'echo $$ >> '$F'; : > '$F'.ready; exec sleep 60' & wait",
     };
     for (const char* script : scripts) {
         const auto pids = stopped(script);
