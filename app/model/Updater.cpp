@@ -69,8 +69,9 @@ void Updater::finish(Feed feed) {
     m_checking = false;
     m_timeout.reset();
     if (m_reply) {
+        // It goes on the next turn of the event loop, and its connection with it: in the midst of telling
+        // what it received it can't be aborted.
         m_reply->disconnect(this);
-        m_reply->abort();
         m_reply->deleteLater();
         m_reply.clear();
     }

@@ -1,0 +1,451 @@
+#include "app/model/AppModel.h"
+#include "kit/Samples.h"
+#include "kit/rules/Rules.h"
+#include "platform/simulated/ManualScheduler.h"
+#include "platform/simulated/SimulatedControls.h"
+#include "tests/TemporaryFolder.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gmock/gmock.h>
+
+using namespace tessivo;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+
+namespace {
+
+constexpr int patience = 5000; // milliseconds that another thread may take
+
+class AppModelTests : public testing::Test {
+protected:
+    AppModel& model() {
+        if (!m_model) m_model = std::make_unique<AppModel>(mac);
+        return *m_model;
+    }
+    void letGo() { m_model.reset(); }
+
+    std::string stored() { return mac.defaults().data("session").value_or("nothing"); }
+    void store(const SessionState& session, const std::string& notes = "kept") {
+        mac.defaults().setData("session", session.encode());
+        mac.defaults().setText("notes", notes);
+    }
+    bool finishReading() {
+        return QTest::qWaitFor([this] { return !model().reading(); }, patience);
+    }
+
+    ManualScheduler clock{Date{700'000'000.125}};
+    SimulatedPlatform mac{loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock};
+    SimulatedControls controls{mac};
+
+private:
+    std::unique_ptr<AppModel> m_model;
+};
+
+SessionState answered() {
+    SessionState session = Samples::session();
+    session.machine.serial = "FK2X91TQ7W";
+    return session;
+}
+
+TEST_F(AppModelTests, aFirstLaunchBeginsANewSessionAndStoresNothing) {
+    EXPECT_EQ(model().state(), SessionState(model().state().machine, clock.now()));
+    EXPECT_EQ(model().state().machine.serial, "FK2X91TQ7W");
+    EXPECT_EQ(model().notes(), "");
+    EXPECT_EQ(model().page(), Page::overview);
+    clock.advance(1h);
+    EXPECT_EQ(controls.defaultsWrites(), 0u);
+}
+
+TEST_F(AppModelTests, aSessionComesBackOnlyToTheMacItWasMadeOn) {
+    struct Row {
+        std::optional<std::string> before, now;
+        bool restored;
+    };
+    const Row rows[] = {{"FK2X91TQ7W", "FK2X91TQ7W", true},  {"OTHER00001", "FK2X91TQ7W", false},
+                        {"fk2x91tq7w", "FK2X91TQ7W", false}, {"", "FK2X91TQ7W", false},
+                        {std::nullopt, "FK2X91TQ7W", false}, {"FK2X91TQ7W", std::nullopt, false},
+                        {std::nullopt, std::nullopt, true}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.before.value_or("absent") + " to " + row.now.value_or("absent"));
+        letGo();
+        controls.mendReading(SimulatedReading::serial);
+        if (!row.now) controls.breakReading(SimulatedReading::serial);
+        SessionState before = answered();
+        before.machine.serial = row.before;
+        before.machine.memoryBytes = 1;
+        before.machine.osVersion = "macOS 1";
+        before.machine.storageBytes.reset();
+        store(before);
+        const std::string bytes = stored();
+
+        if (!row.restored) {
+            EXPECT_EQ(model().state(), SessionState(model().state().machine, clock.now()));
+            EXPECT_EQ(model().notes(), "");
+            EXPECT_EQ(stored(), bytes) << "what was stored stays until the first save";
+            continue;
+        }
+        EXPECT_EQ(model().notes(), "kept");
+        EXPECT_EQ(model().state().machine.osVersion, "macOS 15.3.1 (24D70)");
+        EXPECT_EQ(model().state().machine.memoryBytes, 17179869184u);
+        EXPECT_EQ(model().state().machine.storageBytes, 245107195904);
+        SessionState restored = model().state();
+        restored.machine = before.machine;
+        EXPECT_EQ(restored, before);
+    }
+}
+
+TEST_F(AppModelTests, storedBytesThatAreNoSessionBeginANewOne) {
+    const std::string whole = answered().encode();
+    const auto with = [&](const std::string& from, const std::string& to) {
+        std::string changed = whole;
+        const auto at = changed.find(from);
+        EXPECT_NE(at, std::string::npos) << from;
+        return changed.replace(at, from.size(), to);
+    };
+    const std::string started = "\"started\":";
+    const std::string number =
+        whole.substr(whole.find(started), whole.find(',', whole.find(started)) - whole.find(started));
+    std::vector<std::string> rows = {"",
+                                     " ",
+                                     "null",
+                                     "[]",
+                                     "{}",
+                                     "\"session\"",
+                                     std::string("\0", 1),
+                                     "\xEF\xBB\xBF{",
+                                     std::string(10'000'000, ' '),
+                                     std::string(10'000'000, 'x'),
+                                     std::string(100'000, '['),
+                                     std::string(100'000, '[') + std::string(100'000, ']'),
+                                     whole + whole,
+                                     with("FK2X91TQ7W", "FK2X91TQ7W\xFF"),
+                                     with("FK2X91TQ7W", "FK2X91TQ7W\xED\xA0\x80"),
+                                     with(number, started + "NaN"),
+                                     with(number, started + "1e400"),
+                                     with(number, started + "\"now\""),
+                                     with("\"enrollmentChecked\":true", "\"enrollmentChecked\":1"),
+                                     with("\"memoryBytes\":", "\"memoryBytes\":-"),
+                                     with("\"memoryBytes\":", "\"memoryBytes\":99999999999"),
+                                     with("\"layout\":\"ansi\"", "\"layout\":\"qwerty\"")};
+    for (size_t cut = 1; cut < whole.size(); cut += 97)
+        rows.push_back(whole.substr(0, cut));
+    for (const std::string& bytes : rows) {
+        SCOPED_TRACE(bytes.substr(0, 80));
+        letGo();
+        mac.defaults().setData("session", bytes);
+        mac.defaults().setText("notes", "of another session");
+        EXPECT_EQ(model().state(), SessionState(model().state().machine, clock.now()));
+        EXPECT_EQ(model().notes(), "");
+        EXPECT_EQ(stored(), bytes);
+    }
+}
+
+TEST_F(AppModelTests, whatALaterVersionAddsAndAKeySaidTwiceDoNoHarm) {
+    const std::string whole = answered().encode();
+    const std::string nested = std::string(500, '[') + std::string(500, ']');
+    for (const std::string& bytes : {"{\"later\":{\"a\":[1,null]}," + whole.substr(1), " \n" + whole + "\n",
+                                     "{\"battery\":null,\"enrollmentChecked\":true," + whole.substr(1),
+                                     "{\"deep\":" + nested + "," + whole.substr(1)}) {
+        SCOPED_TRACE(bytes.substr(0, 60));
+        letGo();
+        mac.defaults().setData("session", bytes);
+        EXPECT_EQ(model().state().keyboard, answered().keyboard);
+    }
+}
+
+TEST_F(AppModelTests, theMomentOfTheStartSurvivesAHundredLaunchesToTheLastBit) {
+    SessionState session = answered();
+    session.started = Date{726'105'612.12345678};
+    store(session);
+    for (int launch = 0; launch < 100; ++launch) {
+        letGo();
+        model().persist();
+    }
+    EXPECT_EQ(SessionState::decode(stored()).started, session.started);
+}
+
+TEST_F(AppModelTests, aBurstOfWritesIsStoredOnceOneSecondAfterTheLast) {
+    for (int round = 0; round < 5; ++round) {
+        model().setNotes("note " + std::to_string(round));
+        clock.advance(500ms);
+    }
+    EXPECT_EQ(controls.defaultsWrites(), 0u);
+    clock.advance(499ms);
+    EXPECT_EQ(controls.defaultsWrites(), 0u);
+    clock.advance(1ms);
+    EXPECT_EQ(controls.defaultsWrites(), 2u); // the session and the notes
+    EXPECT_EQ(mac.defaults().text("notes"), "note 4");
+    EXPECT_EQ(SessionState::decode(stored()), model().state());
+    clock.advance(1h);
+    EXPECT_EQ(controls.defaultsWrites(), 2u);
+}
+
+TEST_F(AppModelTests, anEqualWriteIsStoredButToldToNobody) {
+    QSignalSpy state(&model(), &AppModel::stateChanged), notes(&model(), &AppModel::notesChanged),
+        page(&model(), &AppModel::pageChanged), sheet(&model(), &AppModel::showWriteUpChanged),
+        message(&model(), &AppModel::messageChanged), history(&model(), &AppModel::historyChanged);
+    model().setState(model().state());
+    clock.advance(1s);
+    EXPECT_EQ(controls.defaultsWrites(), 2u);
+    model().setNotes("");
+    clock.advance(1s);
+    EXPECT_EQ(controls.defaultsWrites(), 4u);
+    model().setPage(Page::overview);
+    model().setShowWriteUp(false);
+    model().setMessage(std::nullopt);
+    model().refreshHistory();
+    for (const QSignalSpy* spy : {&state, &notes, &page, &sheet, &message, &history})
+        EXPECT_EQ(spy->count(), 0);
+
+    model().setPage(std::nullopt);
+    model().setShowWriteUp(true);
+    model().setMessage("said");
+    clock.advance(1h);
+    EXPECT_EQ(controls.defaultsWrites(), 4u) << "the page and what the window shows are never stored";
+    model().change([](SessionState& s) { s.activationLock = ActivationLockAnswer::disabled; });
+    model().setNotes("a note");
+    for (const QSignalSpy* spy : {&state, &notes, &page, &sheet, &message})
+        EXPECT_EQ(spy->count(), 1);
+}
+
+TEST_F(AppModelTests, aStoreThatFailsLeavesWhatWasStoredAndTheNextSaveHolds) {
+    store(answered(), "before");
+    model().setNotes("after");
+    controls.failDefaults(true);
+    clock.advance(1s);
+    EXPECT_EQ(mac.defaults().text("notes"), "before");
+    controls.failDefaults(false);
+    model().setNotes("after that");
+    clock.advance(1s);
+    EXPECT_EQ(mac.defaults().text("notes"), "after that");
+}
+
+TEST_F(AppModelTests, withoutAnApplicationSupportFolderThereIsNoModel) {
+    SimulatedPlatform homeless(loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock,
+                               {.applicationSupport = std::vector<std::filesystem::path>{}});
+    EXPECT_THROW(AppModel{homeless}, std::runtime_error);
+}
+
+// Statuses
+
+TEST_F(AppModelTests, aPageShowsTheWorstOfItsTests) {
+    using S = TestStatus;
+    using Lock = ActivationLockAnswer;
+    const EnrollmentStatus clean{.mdmDetail = "No"}, managed{.mdmEnrolled = true, .mdmDetail = "Yes"};
+    struct Row {
+        const char* what;
+        std::optional<EnrollmentStatus> enrollment;
+        bool checked;
+        Lock lock;
+        std::set<TestID> leftOut;
+        S expected;
+    };
+    const Row rows[] = {
+        {"nothing read", {}, false, Lock::disabled, {}, S::notRun},
+        {"nothing read, lock open", {}, false, Lock::unanswered, {}, S::checkByHand},
+        {"unreadable", {}, true, Lock::disabled, {}, S::checkByHand},
+        {"managed among hand checks", managed, true, Lock::unanswered, {}, S::problem},
+        {"locked", clean, true, Lock::enabled, {}, S::problem},
+        {"all well", clean, true, Lock::disabled, {}, S::works},
+        {"one left out", clean, true, Lock::disabled, {TestID::identity}, S::works},
+        {"the bad one left out", managed, true, Lock::disabled, {TestID::enrollment}, S::works},
+        {"all left out",
+         {},
+         false,
+         Lock::unanswered,
+         {TestID::identity, TestID::enrollment, TestID::activationLock},
+         S::notIncluded},
+    };
+    for (const Row& row : rows) {
+        model().change([&](SessionState& state) {
+            state.enrollment = row.enrollment;
+            state.enrollmentChecked = row.checked;
+            state.activationLock = row.lock;
+            state.overrides.clear();
+            for (const TestID test : row.leftOut)
+                state.overrides[test] = {.notIncluded = true};
+        });
+        EXPECT_EQ(model().status(Page::overview), row.expected) << row.what;
+    }
+    for (const Page page : {Page::report, Page::pickup, Page::history, Page::handover})
+        EXPECT_EQ(model().status(page), std::nullopt);
+    model().setState(answered());
+    for (const Page page : AppModel::testPages(std::nullopt))
+        EXPECT_EQ(model().status(page), model().result(tests(page).front()).status);
+}
+
+TEST_F(AppModelTests, doneCountsVerdictsAndNotWhatIsLeftToAPerson) {
+    EXPECT_EQ(model().state().tests().size(), 13u);
+    EXPECT_EQ(model().doneCount(), 2); // its identity, and a storage size this model was sold with
+    model().change([](SessionState& state) { state.activationLock = ActivationLockAnswer::enabled; });
+    EXPECT_EQ(model().doneCount(), 3);
+    model().change([](SessionState& state) {
+        state.overrides[TestID::cameras] = {.notIncluded = true};
+        state.overrides[TestID::ethernet] = {.notIncluded = true}; // no test of a laptop
+    });
+    EXPECT_EQ(model().doneCount(), 4);
+}
+
+TEST_F(AppModelTests, onlyALaptopGoesWithoutThePageOfTheEthernetPort) {
+    EXPECT_EQ(AppModel::testPages(MacKind::laptop).size(), 10u);
+    for (const auto kind :
+         {std::optional(MacKind::desktop), std::optional(MacKind::allInOne), std::optional<MacKind>()}) {
+        const auto pages = AppModel::testPages(kind);
+        EXPECT_EQ(pages.size(), 11u);
+        EXPECT_EQ(pages.front(), Page::keyboard);
+        EXPECT_EQ(pages[8], Page::ethernet);
+        EXPECT_EQ(pages.back(), Page::battery);
+    }
+}
+
+// Readings
+
+TEST_F(AppModelTests, oneEnrollmentReadingRunsAtATime) {
+    controls.hangEnrollmentTool();
+    QSignalSpy reading(&model(), &AppModel::readingChanged);
+    model().readEnrollment();
+    model().readEnrollment();
+    EXPECT_TRUE(model().reading());
+    EXPECT_FALSE(model().state().enrollmentChecked);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return controls.enrollmentRuns() == 1; }, patience));
+    controls.setEnrolled(true);
+    ASSERT_TRUE(finishReading());
+    EXPECT_TRUE(model().state().enrollment->isManaged());
+    EXPECT_TRUE(model().state().enrollmentChecked);
+    EXPECT_EQ(reading.count(), 2);
+    EXPECT_EQ(controls.enrollmentRuns(), 1u);
+
+    controls.removeEnrollmentTool();
+    model().readEnrollment();
+    ASSERT_TRUE(finishReading());
+    EXPECT_EQ(model().state().enrollment, std::nullopt) << "what was read before doesn't stand in";
+    EXPECT_TRUE(model().state().enrollmentChecked);
+}
+
+TEST_F(AppModelTests, lettingGoOfTheModelEndsAToolThatHangs) {
+    controls.hangEnrollmentTool();
+    model().readEnrollment();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return controls.enrollmentRuns() == 1; }, patience));
+    QElapsedTimer timer;
+    timer.start();
+    letGo();
+    EXPECT_LT(timer.elapsed(), patience);
+    QCoreApplication::processEvents();
+}
+
+TEST_F(AppModelTests, startingOverReadsAnewAndLeavesHistoryAlone) {
+    store(answered(), "my notes");
+    ASSERT_TRUE(model().saveToHistory(model().makeReport()));
+    model().setPage(Page::history);
+    controls.facts().physicalMemory = 8ull << 30;
+    clock.advance(1h);
+
+    model().reset();
+    ASSERT_TRUE(finishReading());
+    EXPECT_EQ(model().notes(), "");
+    EXPECT_EQ(model().page(), Page::overview);
+    SessionState fresh(model().state().machine, clock.now());
+    fresh.battery = model().state().battery;
+    fresh.enrollment = EnrollmentStatus{.mdmDetail = "No"};
+    fresh.enrollmentChecked = true;
+    EXPECT_EQ(model().state(), fresh);
+    EXPECT_EQ(model().state().machine.memoryBytes, 8ull << 30);
+    ASSERT_TRUE(model().state().battery);
+    EXPECT_EQ(model().state().battery->cycleCount, 118);
+    EXPECT_EQ(model().history().size(), 1u);
+    EXPECT_EQ(model().message(), "Saved to History.");
+    clock.advance(1s);
+    EXPECT_EQ(SessionState::decode(stored()), model().state());
+}
+
+TEST_F(AppModelTests, aReadingThatRunsWhileStartingOverAnswersTheNewSession) {
+    controls.hangEnrollmentTool();
+    model().readEnrollment();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return controls.enrollmentRuns() == 1; }, patience));
+    model().reset();
+    EXPECT_FALSE(model().state().enrollmentChecked);
+    controls.setEnrolled(true);
+    ASSERT_TRUE(finishReading());
+    EXPECT_TRUE(model().state().enrollment->isManaged());
+    EXPECT_EQ(controls.enrollmentRuns(), 1u);
+}
+
+TEST_F(AppModelTests, readingTheMachineTouchesNothingElse) {
+    store(answered());
+    SessionState expected = model().state();
+    controls.facts().physicalMemory = 8ull << 30;
+    expected.machine.memoryBytes = 8ull << 30;
+    model().readMachine();
+    EXPECT_EQ(model().state(), expected);
+}
+
+// Reports
+
+TEST_F(AppModelTests, untickingTheLastStepLeavesAnUntouchedChecklist) {
+    model().setHandover(HandoverStep::backup, false);
+    EXPECT_FALSE(model().state().handover);
+    model().setHandover(HandoverStep::backup, true);
+    model().setHandover(HandoverStep::music, true);
+    model().setHandover(HandoverStep::backup, false);
+    EXPECT_THAT(model().state().handover->ticked, ElementsAre(HandoverStep::music));
+    model().setHandover(HandoverStep::music, false);
+    EXPECT_FALSE(model().state().handover);
+}
+
+TEST_F(AppModelTests, aReportIsMadeOfTheSessionTheNotesAndTheHour) {
+    store(answered(), "two scratches");
+    const ConditionReport report = model().makeReport();
+    EXPECT_EQ(report.created, clock.now());
+    EXPECT_EQ(report.notes, "two scratches");
+    EXPECT_EQ(report.appVersion, TESSIVO_VERSION);
+    EXPECT_EQ(report.results, Rules::results(model().state()));
+    EXPECT_NE(report.id, model().makeReport().id);
+}
+
+TEST_F(AppModelTests, aHistoryThatCannotBeWrittenIsTold) {
+    const auto folder = mac.folders().applicationSupport().front();
+    std::ofstream(folder / "History") << "a file in the folder's place";
+    EXPECT_FALSE(model().saveToHistory(model().makeReport()));
+    EXPECT_EQ(model().message()->find("Couldn't save to History: "), 0u) << *model().message();
+    EXPECT_GT(model().message()->size(), 30u);
+    EXPECT_TRUE(model().history().empty());
+    std::filesystem::remove(folder / "History");
+    EXPECT_TRUE(model().saveToHistory(model().makeReport()));
+    EXPECT_EQ(model().message(), "Saved to History.");
+    EXPECT_EQ(model().history().size(), 1u);
+    letGo();
+    EXPECT_EQ(model().history().size(), 1u) << "listed at the start";
+}
+
+TEST_F(AppModelTests, addedReportFilesAreCounted) {
+    const TemporaryFolder folder;
+    const auto file = [&](const char* name) {
+        return folder.write(name, HistoryStore::encode(model().makeReport()));
+    };
+    const auto one = file("1.json"), two = file("2.json"), three = file("3.json");
+    const auto other = folder.write("notes.json", "{\"a\":1}");
+    struct Row {
+        std::vector<std::filesystem::path> files;
+        const char* message;
+        size_t listed;
+    };
+    const Row rows[] = {
+        {{}, "Added 0 reports.", 0},
+        {{other, folder / "missing.json"}, "Added 0 of 2. The others aren't Tessivo report files.", 0},
+        {{one}, "Added 1 report.", 1},
+        {{one, two, three}, "Added 3 reports.", 3},
+        {{other, two}, "Added 1 of 2. The others aren't Tessivo report files.", 3},
+    };
+    for (const Row& row : rows) {
+        model().addReportFiles(row.files);
+        EXPECT_EQ(model().message(), row.message);
+        EXPECT_EQ(model().history().size(), row.listed);
+    }
+    model().deleteFromHistory(model().history().front().id);
+    EXPECT_EQ(model().history().size(), 2u);
+    model().deleteFromHistory(model().makeReport().id);
+    EXPECT_EQ(model().history().size(), 2u);
+}
+
+} // namespace
