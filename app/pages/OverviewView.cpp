@@ -20,6 +20,7 @@ enum Fact { serialNumber, modelID, chip, memory, storage, system };
 
 constexpr int identityPadding = 8; // a row brings its own room
 constexpr int underHeadline = 2;
+constexpr int underName = -2; // the large line has room to spare below
 constexpr int tilesGap = 24;
 
 QString text(const std::string& words) {
@@ -67,7 +68,8 @@ void OverviewView::addHeader() {
     auto* words = new Column;
     words->add(m_name);
     words->add(new TextLabel(tr("Test it, then make a whole-machine condition report for your listing."),
-                             TextRole::body, ColorRole::text2));
+                             TextRole::body, ColorRole::text2),
+               underName);
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
