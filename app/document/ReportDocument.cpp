@@ -151,8 +151,9 @@ void writePickup(ReportWriter& writer, const ConditionReport& report) {
     writer.run(ReportText::disclaimer, {.size = 8.5, .color = grey});
 }
 
-std::unique_ptr<QTextDocument> build(const ConditionReport& report, const std::string& timeZone) {
-    ReportWriter writer(longestText);
+std::unique_ptr<QTextDocument> build(const ConditionReport& report, const std::string& timeZone,
+                                     const ReportWriter::Limits& limits) {
+    ReportWriter writer(limits);
     writeHead(writer, report, timeZone);
     writeSpecs(writer, report.machine);
     writer.paragraph({.after = 8});
@@ -173,7 +174,7 @@ std::unique_ptr<QTextDocument> build(const ConditionReport& report, const std::s
 
 std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
                                     const std::string& timeZone) {
-    auto document = build(report, timeZone);
+    auto document = build(report, timeZone, {longestText, longestDocument});
     document->setDocumentMargin(0);
     document->setTextWidth(width);
     return document;
@@ -181,7 +182,7 @@ std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
 
 std::unique_ptr<QTextDocument> paged(const ConditionReport& report, QSizeF paper, double margin,
                                      const std::string& timeZone) {
-    auto document = build(report, timeZone);
+    auto document = build(report, timeZone, {});
     document->setDocumentMargin(ReportWriter::lengthOf(margin));
     document->setPageSize(paper);
     return document;

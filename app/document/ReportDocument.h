@@ -9,9 +9,10 @@
 /// Everything in it is plain text; nothing is ever loaded from an address that stands in a report.
 namespace tessivo::ReportDocument {
 
-/// What a text may hold before the document shows its beginning alone, in UTF-16 units. The file and the
-/// copied text always hold the whole.
+/// What a text, and all texts together, may hold before the sheet on the screen shows a beginning alone, in
+/// UTF-16 units. Print, PDF, the file and the copied text always hold the whole.
 inline constexpr int longestText = 50'000;
+inline constexpr int longestDocument = 1'000'000;
 
 /// The document laid out in points, `width` wide and as tall as it needs. A pure function of the report
 /// and the time zone (empty: the system's). Main thread, or any one thread with the application's fonts.

@@ -3,7 +3,9 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QRawFont>
+#include <QTextBoundaryFinder>
 #include <algorithm>
+#include <map>
 
 namespace tessivo::ReportFonts {
 
@@ -37,10 +39,10 @@ QFont text(double size, QFont::Weight weight) {
 }
 
 QFont italic(double size) {
+    static const bool hasItalic =
+        std::ranges::any_of(QFontDatabase::styles(textFamily()),
+                            [](const QString& style) { return QFontDatabase::italic(textFamily(), style); });
     QFont font = text(size);
-    const QStringList styles = QFontDatabase::styles(textFamily());
-    const bool hasItalic = std::ranges::any_of(
-        styles, [](const QString& style) { return QFontDatabase::italic(textFamily(), style); });
     font.setItalic(hasItalic);
     return font;
 }
@@ -53,21 +55,54 @@ QFont monospaced(double size, QFont::Weight weight) {
 }
 
 QFont symbol(double size, QFont::Weight weight, char32_t glyph) {
-    for (const QString& family : {textFamily(), QStringLiteral("DejaVu Sans"), QStringLiteral("Symbola")}) {
-        QFont font = make(family, size, weight);
-        font.setFamilies({family});
-        if (QRawFont::fromFont(font).supportsCharacter(glyph)) return font;
+    // Looking into a face costs more than setting a line.
+    static std::map<std::pair<char32_t, QFont::Weight>, QString> families;
+    const auto [known, isNew] = families.try_emplace({glyph, weight}, textFamily());
+    if (isNew) {
+        for (const QString& family :
+             {textFamily(), QStringLiteral("DejaVu Sans"), QStringLiteral("Symbola")}) {
+            QFont font = make(family, size, weight);
+            font.setFamilies({family});
+            if (!QRawFont::fromFont(font).supportsCharacter(glyph)) continue;
+            known->second = family;
+            break;
+        }
     }
-    return text(size, weight);
+    return make(known->second, size, weight);
 }
 
-bool isPlain(const QString& text) {
+bool isPlain(QStringView text) {
     // Up to Latin Extended-B, the general punctuation and the report's own glyphs.
     return std::ranges::all_of(text, [](QChar c) {
         const char16_t u = c.unicode();
         return u < 0x0250 || (u >= 0x2010 && u <= 0x2028) || u == 0x203A || (u >= 0x2610 && u <= 0x2612) ||
                (u >= 0x2713 && u <= 0x2715);
     });
+}
+
+QStringList stretches(const QString& text) {
+    if (isPlain(text)) return {text};
+    QStringList found;
+    // Whole characters as people see them: a letter stays with the accents that combine with it.
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype start = 0;
+    bool startIsPlain = true;
+    for (qsizetype at = 0; at < text.size();) {
+        qsizetype next = finder.toNextBoundary();
+        if (next <= at) next = text.size();
+        const QStringView character = QStringView(text).sliced(at, next - at);
+        const bool plain = isPlain(character);
+        if (at == 0) startIsPlain = plain;
+        // A blank goes with what it follows.
+        if (plain != startIsPlain && character != u" ") {
+            found.append(text.sliced(start, at - start));
+            start = at;
+            startIsPlain = plain;
+        }
+        at = next;
+    }
+    found.append(text.sliced(start));
+    return found;
 }
 
 QFont fitted(QFont font, const QString& text) {

@@ -14,7 +14,9 @@ QFont monospaced(double size, QFont::Weight weight);
 QFont symbol(double size, QFont::Weight weight, char32_t glyph);
 
 /// Whether the text is of a script that needs no shaping and no room beyond the face's own.
-bool isPlain(const QString& text);
+bool isPlain(QStringView text);
+/// The text in stretches that are plain or aren't, in turn; joined they are the text.
+QStringList stretches(const QString& text);
 
 /// The font as it is to be set for this text. Plain Latin text goes unshaped, so that every character of
 /// it can be searched and copied in a PDF; scripts that need shaping get it.

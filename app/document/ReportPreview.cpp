@@ -11,6 +11,8 @@ namespace tessivo {
 
 namespace {
 
+constexpr double unknownHeight = 700; // of a text that isn't laid out yet
+
 bool readsTheSame(const ConditionReport& a, ConditionReport b) {
     // The minute is all of the date that the document shows.
     const bool sameMinute = std::floor(a.created.seconds / 60) == std::floor(b.created.seconds / 60);
@@ -42,14 +44,17 @@ void ReportPreview::setReport(const ConditionReport& report) {
 void ReportPreview::layOut() {
     if (m_document || !m_report) return;
     m_document = ReportDocument::make(*m_report, sheetWidth - 2 * inset);
-    setAccessibleDescription(m_document->toPlainText());
     updateGeometry();
-    if (width() > 0) setFixedHeight(heightForWidth(std::min(width(), sheetWidth)));
     update();
+    announceValueChange(this);
+}
+
+QString ReportPreview::spokenValue() const {
+    return m_document ? m_document->toPlainText() : QString();
 }
 
 int ReportPreview::heightForWidth(int width) const {
-    const double tall = (m_document ? m_document->size().height() : 700) + 2 * inset;
+    const double tall = (m_document ? m_document->size().height() : unknownHeight) + 2 * inset;
     return int(std::ceil(tall * std::min(width, sheetWidth) / sheetWidth));
 }
 
@@ -58,18 +63,12 @@ QSize ReportPreview::sizeHint() const {
 }
 
 QSize ReportPreview::minimumSizeHint() const {
-    return {sheetWidth / 3, heightForWidth(sheetWidth / 3)};
+    return {sheetWidth / 3, 0};
 }
 
 void ReportPreview::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     layOut();
-}
-
-void ReportPreview::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    const int tall = heightForWidth(width());
-    if (m_document && height() != tall) setFixedHeight(tall);
 }
 
 void ReportPreview::paintEvent(QPaintEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/controls/Accessible.h"
 #include "kit/report/ConditionReport.h"
 
 #include <QTextDocument>
@@ -11,7 +12,7 @@ namespace tessivo {
 
 /// The report on a white sheet of paper, as wide as a US Letter page and as tall as its text, drawn at the
 /// width it is given and sharp at every scale. Laid out when it is shown, not before. Main thread.
-class ReportPreview final : public QWidget {
+class ReportPreview final : public QWidget, public AccessibleTraits {
     Q_OBJECT
 
 public:
@@ -27,6 +28,10 @@ public:
     /// The text as it is laid out; null before the first layout.
     const QTextDocument* document() const { return m_document.get(); }
 
+    QAccessible::Role spokenRole() const override { return QAccessible::Document; }
+    /// The whole text, as far as it is laid out.
+    QString spokenValue() const override;
+
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
@@ -34,7 +39,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:

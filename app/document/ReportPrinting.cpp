@@ -22,13 +22,15 @@ bool print(const ConditionReport& report, QPagedPaintDevice& device, const std::
     return true;
 }
 
-std::string pdf(const ConditionReport& report, const QPageSize& paper, const std::string& timeZone) {
+std::string pdf(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages,
+                const std::string& timeZone) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     {
         QPdfWriter writer(&buffer);
-        writer.setPageSize(paper);
+        writer.setPageLayout(layout);
+        writer.setPageRanges(pages);
         writer.setTitle(QString::fromStdString(report.baseFileName()));
         writer.setCreator(QStringLiteral("Tessivo"));
         writer.setResolution(1200);
@@ -40,14 +42,22 @@ std::string pdf(const ConditionReport& report, const QPageSize& paper, const std
     return bytes.toStdString();
 }
 
-bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file,
-             const std::string& timeZone) {
+std::string pdf(const ConditionReport& report, const QPageSize& paper, const std::string& timeZone) {
+    return pdf(report, QPageLayout(paper, QPageLayout::Portrait, {}), {}, timeZone);
+}
+
+bool savePDF(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages,
+             const std::filesystem::path& file) {
     try {
-        Files::writeAtomically(file, pdf(report, paper, timeZone));
+        Files::writeAtomically(file, pdf(report, layout, pages));
         return true;
     } catch (const std::exception&) {
         return false;
     }
+}
+
+bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file) {
+    return savePDF(report, QPageLayout(paper, QPageLayout::Portrait, {}), {}, file);
 }
 
 QPageSize defaultPaper() {

@@ -3,6 +3,7 @@
 #include "kit/report/ConditionReport.h"
 
 #include <QPageLayout>
+#include <QPageRanges>
 #include <QPagedPaintDevice>
 #include <filesystem>
 
@@ -16,12 +17,16 @@ inline constexpr double margin = 50; ///< points, on all four sides
 bool print(const ConditionReport& report, QPagedPaintDevice& device, const std::string& timeZone = {});
 
 /// The finished PDF in memory: real text, embedded fonts, the document's title set, no links. Throws
-/// std::runtime_error if no whole PDF came out.
+/// std::runtime_error if no whole PDF came out. The layout tells the paper and its orientation; no page
+/// ranges are all pages.
+std::string pdf(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages = {},
+                const std::string& timeZone = {});
 std::string pdf(const ConditionReport& report, const QPageSize& paper, const std::string& timeZone = {});
 
 /// The PDF under this name, whole or not at all. False if it couldn't be made or written.
-bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file,
-             const std::string& timeZone = {});
+bool savePDF(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages,
+             const std::filesystem::path& file);
+bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file);
 
 /// The paper of the user's place: US Letter or A4.
 QPageSize defaultPaper();

@@ -4,6 +4,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QPdfWriter>
+#include <QTextBoundaryFinder>
 #include <QTextTable>
 #include <limits>
 
@@ -15,6 +16,30 @@ const QColor boxBackground = QColor::fromRgbF(0.92f, 0.97f, 0.94f);
 const QColor boxBorder = QColor::fromRgbF(0.55f, 0.78f, 0.64f);
 constexpr double boxPadding = 10;
 constexpr double lineSpacing = 1.22; ///< line height as a multiple of the size
+
+/// A line feed stays a line of the same paragraph; what else isn't text has no picture.
+QChar printable(QChar c) {
+    if (c == u'\n' || c == QChar::ParagraphSeparator) return QChar::LineSeparator;
+    if (c == u'\t') return c;
+    // The layout's own marks for objects and frames.
+    if (c == QChar::ObjectReplacementCharacter || c.unicode() == 0xFDD0 || c.unicode() == 0xFDD1)
+        return QChar::ReplacementCharacter;
+    return c.category() == QChar::Other_Control ? QChar(u' ') : c;
+}
+
+/// Laying a block out takes time by the square of its length, so a longer text goes into several that follow
+/// on each other without a space between.
+constexpr qsizetype longestBlock = 4000;
+
+/// Where a text may be cut, near its end: behind a blank, else between two characters.
+qsizetype cutBefore(QStringView text) {
+    for (qsizetype at = text.size(); at > text.size() / 2; --at)
+        if (text.at(at - 1).isSpace()) return at;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.data(), text.size());
+    finder.toEnd();
+    const qsizetype before = finder.toPreviousBoundary();
+    return before > 0 ? before : text.size();
+}
 
 /// A device on which one unit is one point: what the document is measured for.
 class PointDevice final : public QPaintDevice {
@@ -75,12 +100,14 @@ double ReportWriter::lengthOf(double points) {
     return points * point();
 }
 
-ReportWriter::ReportWriter(int longestRun)
-    : m_document(std::make_unique<QTextDocument>()), m_cursor(m_document.get()), m_longestRun(longestRun) {
+ReportWriter::ReportWriter(const Limits& limits)
+    : m_document(std::make_unique<QTextDocument>()), m_cursor(m_document.get()), m_limits(limits) {
     m_document->setUndoRedoEnabled(false);
     m_document->setDefaultFont(ReportFonts::text(10.5));
     m_document->setUseDesignMetrics(true);
     m_document->documentLayout()->setPaintDevice(&pointDevice());
+    // One change for the layout, not one for each run.
+    m_cursor.beginEditBlock();
 }
 
 void ReportWriter::paragraph(const Paragraph& style) {
@@ -115,25 +142,32 @@ void ReportWriter::insert(const QString& text, const QFont& font, const QColor& 
         m_cursor.mergeBlockFormat(format);
     }
     QTextCharFormat format;
-    format.setFont(font);
+    format.setFont(ReportFonts::fitted(font, text));
     format.setForeground(color);
-    m_cursor.insertText(text, format);
+    QStringView rest(text);
+    while (rest.size() > longestBlock) {
+        const qsizetype cut = cutBefore(rest.first(longestBlock));
+        m_cursor.insertText(rest.first(cut).toString(), format);
+        rest = rest.sliced(cut);
+        QTextBlockFormat next = m_cursor.blockFormat();
+        next.setTopMargin(0);
+        next.setTextIndent(0);
+        m_cursor.insertBlock(next);
+    }
+    m_cursor.insertText(rest.toString(), format);
 }
 
 void ReportWriter::run(const std::string& text, const Run& style) {
     QString shown = QString::fromStdString(text);
-    if (shown.size() > m_longestRun) {
-        shown.truncate(m_longestRun);
+    const qsizetype room = std::min<qsizetype>(m_limits.run, m_limits.document - m_written);
+    if (shown.size() > room) {
+        // Not between the halves of a surrogate pair.
+        shown.truncate(room > 0 && shown.at(room - 1).isHighSurrogate() ? room - 1 : room);
         shown.append(QChar(0x2026));
     }
-    // A line feed stays a line of the same paragraph; what else isn't text has no picture.
-    for (QChar& c : shown) {
-        if (c == u'\n' || c == QChar::ParagraphSeparator)
-            c = QChar::LineSeparator;
-        else if (c == QChar::ObjectReplacementCharacter ||
-                 (c.category() == QChar::Other_Control && c != u'\t'))
-            c = u' ';
-    }
+    m_written += shown.size();
+    for (QChar& c : shown)
+        c = printable(c);
     QFont font;
     switch (style.face) {
     case Face::regular:
@@ -146,13 +180,15 @@ void ReportWriter::run(const std::string& text, const Run& style) {
         font = ReportFonts::monospaced(style.size, style.weight);
         break;
     }
-    insert(shown, ReportFonts::fitted(font, shown), style.color);
+    // Each stretch of one kind is set for itself: a foreign name doesn't cost the words around it their
+    // place in a search.
+    for (const QString& stretch : ReportFonts::stretches(shown))
+        insert(stretch, font, style.color);
 }
 
 void ReportWriter::symbol(char32_t glyph, const Run& style) {
     const QString text = QString::fromUcs4(&glyph, 1);
-    insert(text, ReportFonts::fitted(ReportFonts::symbol(style.size, style.weight, glyph), text),
-           style.color);
+    insert(text, ReportFonts::symbol(style.size, style.weight, glyph), style.color);
 }
 
 void ReportWriter::beginBox(double after) {
@@ -184,6 +220,7 @@ void ReportWriter::endBox() {
 }
 
 std::unique_ptr<QTextDocument> ReportWriter::take() {
+    m_cursor.endEditBlock();
     m_cursor = QTextCursor();
     return std::move(m_document);
 }

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,8 +31,14 @@ public:
         Face face = Face::regular;
     };
 
-    /// A run longer than `longestRun` UTF-16 units is cut there with an ellipsis.
-    explicit ReportWriter(int longestRun);
+    /// How much text a run and the whole document may hold, in UTF-16 units; what is beyond is cut off with
+    /// an ellipsis.
+    struct Limits {
+        qsizetype run = std::numeric_limits<qsizetype>::max();
+        qsizetype document = std::numeric_limits<qsizetype>::max();
+    };
+
+    explicit ReportWriter(const Limits& limits);
 
     void paragraph(const Paragraph& style);
     void run(const std::string& text, const Run& style);
@@ -50,7 +57,8 @@ private:
 
     std::unique_ptr<QTextDocument> m_document;
     QTextCursor m_cursor;
-    int m_longestRun;
+    Limits m_limits;
+    qsizetype m_written = 0;
     double m_pendingSpace = 0; ///< the last paragraph's space after, which adds to the next one's before
     double m_lineHeight = 0;   ///< of the paragraph that is being written
     bool m_blockIsFresh = true;

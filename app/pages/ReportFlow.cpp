@@ -4,11 +4,22 @@
 #include "kit/report/ReportText.h"
 #include "kit/support/Files.h"
 
+#include <QFile>
 #include <QPrinter>
 
 namespace tessivo::ReportFlow {
 
 namespace {
+
+/// Whether the print job was made whole. A job that goes to a file is written as a saved PDF is: whole, or
+/// not at all.
+bool printed(const ConditionReport& report, QPrinter& printer) {
+    const QString file = printer.outputFileName();
+    if (!file.isEmpty())
+        return ReportPrinting::savePDF(report, printer.pageLayout(), printer.pageRanges(),
+                                       QFile::encodeName(file).toStdString());
+    return ReportPrinting::print(report, printer) && printer.printerState() != QPrinter::Error;
+}
 
 QString offeredName(const ConditionReport& report, const char* extension) {
     return QString::fromStdString(report.baseFileName()) + QLatin1String(extension);
@@ -33,7 +44,7 @@ void print(const PageContext& context, const ConditionReport& report, QWidget* p
     printer.setDocName(QString::fromStdString(report.baseFileName()));
     printer.setCreator(QStringLiteral("Tessivo"));
     if (!context.dialogs.choosePrinter(parent, printer)) return;
-    if (!ReportPrinting::print(report, printer))
+    if (!printed(report, printer))
         context.dialogs.inform(parent, QObject::tr("The report couldn’t be printed"),
                                QObject::tr("Check the printer and its paper, then print it again."));
 }

@@ -19,7 +19,7 @@ namespace {
 constexpr int dividerWidth = 1;
 constexpr int leastControls = 280;
 constexpr int messageLines = 2;
-constexpr int frame = 16; // milliseconds
+constexpr std::chrono::milliseconds frame(16);
 // Of the time between two rebuilds, one part for the rebuild and this many for the person.
 constexpr int shareOfPerson = 3;
 
@@ -38,8 +38,6 @@ ReportPage::ReportPage(const PageContext& context, QWidget* parent)
       m_notes(new GrowingTextField),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
     makeControls();
-    m_nextRebuild.setSingleShot(true);
-    connect(&m_nextRebuild, &QTimer::timeout, this, &ReportPage::rebuild);
     AppModel& model = m_context.model;
     connect(&model, &AppModel::stateChanged, this, &ReportPage::follow);
     connect(&model, &AppModel::notesChanged, this, &ReportPage::follow);
@@ -84,11 +82,13 @@ void ReportPage::makeControls() {
 }
 
 void ReportPage::follow() {
-    if (isVisible() && !m_nextRebuild.isActive())
-        m_nextRebuild.start(std::max<qint64>(frame, shareOfPerson * m_rebuildTook));
+    if (!isVisible() || m_nextRebuild) return;
+    m_nextRebuild = m_context.model.platform().scheduler().after(
+        std::max(frame, shareOfPerson * m_rebuildTook), [this] { rebuild(); });
 }
 
 void ReportPage::rebuild() {
+    m_nextRebuild.reset();
     QElapsedTimer timer;
     timer.start();
     const ConditionReport report = m_context.model.makeReport();
@@ -97,7 +97,7 @@ void ReportPage::rebuild() {
     m_unfinished->setVisible(report.count(TestStatus::notRun) + report.count(TestStatus::unfinished) > 0);
     m_notes->setText(QString::fromStdString(m_context.model.notes()));
     m_sheet->setReport(report);
-    m_rebuildTook = timer.elapsed();
+    m_rebuildTook = std::chrono::milliseconds(timer.elapsed());
 }
 
 void ReportPage::showMessage() {
@@ -112,7 +112,6 @@ void ReportPage::showWriteUp() {
 }
 
 void ReportPage::showEvent(QShowEvent* event) {
-    m_nextRebuild.stop();
     rebuild();
     QWidget::showEvent(event);
     // A menu command may have asked for it before the page was there.

@@ -3,7 +3,6 @@
 #include "app/pages/PageContext.h"
 
 #include <QPointer>
-#include <QTimer>
 #include <QWidget>
 
 namespace tessivo {
@@ -35,7 +34,7 @@ private:
     void showWriteUp();
 
     PageContext m_context;
-    QTimer m_nextRebuild;
+    std::unique_ptr<Scheduled> m_nextRebuild;
     SheetView* m_sheet;
     Divider* m_divider;
     ScrollColumn* m_controls;
@@ -44,7 +43,7 @@ private:
     GrowingTextField* m_notes;
     TextLabel* m_message;
     QPointer<WriteUpSheet> m_writeUp;
-    qint64 m_rebuildTook = 0; ///< milliseconds
+    std::chrono::milliseconds m_rebuildTook{0};
 };
 
 } // namespace tessivo

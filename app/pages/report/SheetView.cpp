@@ -9,7 +9,13 @@
 namespace tessivo {
 
 SheetView::SheetView(QWidget* parent) : ScrollColumn(parent, fullWidth), m_preview(new ReportPreview) {
+    setFocusPolicy(Qt::TabFocus);
     add(m_preview);
+}
+
+void SheetView::setReport(const ConditionReport& report) {
+    m_preview->setReport(report);
+    setAccessibleName(m_preview->accessibleName());
 }
 
 void SheetView::scrollToTop() {

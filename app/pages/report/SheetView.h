@@ -1,12 +1,14 @@
 #pragma once
 
+#include "app/controls/FocusRing.h"
 #include "app/controls/ScrollColumn.h"
 #include "app/document/ReportPreview.h"
 
 namespace tessivo {
 
-/// A report's sheet of paper on a well, scrolling: at full size, or drawn smaller to fit the width.
-class SheetView final : public ScrollColumn {
+/// A report's sheet of paper on a well, scrolling: at full size, or drawn smaller to fit the width. With the
+/// keyboard's focus it scrolls by arrows and pages.
+class SheetView final : public ScrollColumn, public FocusShape {
     Q_OBJECT
 
 public:
@@ -17,8 +19,12 @@ public:
 
     ReportPreview& preview() const { return *m_preview; }
     /// Where the person has scrolled to stays, unless `scrollToTop`.
-    void setReport(const ConditionReport& report) { m_preview->setReport(report); }
+    void setReport(const ConditionReport& report);
     void scrollToTop();
+
+    QWidget* focusShapeWidget() override { return m_preview; }
+    QRectF focusShapeRect() const override { return m_preview->rect(); }
+    double focusShapeCorner() const override { return 0; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
