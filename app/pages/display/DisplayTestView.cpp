@@ -71,7 +71,7 @@ QWidget* DisplayTestView::makeColors() {
     auto* on = new QHBoxLayout(m_on);
     on->setContentsMargins(0, 0, 0, 0);
     on->setSpacing(Space::s);
-    on->addWidget(new TextLabel(QStringLiteral("On"), TextRole::body, ColorRole::text2));
+    on->addWidget(new TextLabel(QStringLiteral("On"), TextRole::body, ColorRole::text2), 0, Qt::AlignVCenter);
     m_picker = new Picker(QStringLiteral("On"));
     m_picker->setPreferredWidth(screenPickerWidth);
     connect(m_picker, &Picker::activated, this, [this](int index) { m_screenIndex = index; });

@@ -174,11 +174,13 @@ private:
     void drawLabel(QPainter& painter, const QColor& color) const {
         const QString text = label();
         if (text.isEmpty()) return;
-        const bool word = text.size() > 2 && m_key.kind != KeyKind::function;
+        const bool arrow = text.front() >= QChar(0x25A0);
+        const bool word = arrow || (text.size() > 2 && m_key.kind != KeyKind::function);
         const double scale = theme().textScale();
         const double least = 7, room = m_upper.width() - 4;
         double size = word ? std::min(m_unit * 0.205, 11 * scale) : std::min(m_unit * 0.27, 14 * scale);
-        size = std::max(size, least);
+        // The triangles fill their line; words and letters don't.
+        size = std::max(arrow ? size * 0.8 : size, least);
         QFont font = theme().font(TextRole::control);
         font.setPixelSize(qRound(size));
         for (double width; size > least && (width = QFontMetricsF(font).horizontalAdvance(text)) > room;) {
@@ -200,7 +202,7 @@ private:
 };
 
 KeyboardDiagram::KeyboardDiagram(QWidget* parent) : QWidget(parent) {
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     setLayoutID(KeyboardLayout::ID::ansi);

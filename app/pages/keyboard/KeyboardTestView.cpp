@@ -69,7 +69,8 @@ QWidget* KeyboardTestView::makeControls() {
     auto* pickingRow = new QHBoxLayout(picking);
     pickingRow->setContentsMargins(0, 0, 0, 0);
     pickingRow->setSpacing(Space::s);
-    pickingRow->addWidget(new TextLabel(QStringLiteral("Layout"), TextRole::body, ColorRole::text2));
+    pickingRow->addWidget(new TextLabel(QStringLiteral("Layout"), TextRole::body, ColorRole::text2), 0,
+                          Qt::AlignVCenter);
     QStringList titles;
     for (const auto id : allCases<KeyboardLayout::ID>())
         titles.append(QString::fromUtf8(KeyboardLayout::title(id)));
@@ -105,10 +106,11 @@ QWidget* KeyboardTestView::makeRunningLine() {
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Space::s);
     row->addWidget(
-        new SymbolView(QStringLiteral("keyboard.badge.ellipsis"), SymbolSize::sidebar, ColorRole::accent));
+        new SymbolView(QStringLiteral("keyboard.badge.ellipsis"), SymbolSize::sidebar, ColorRole::accent), 0,
+        Qt::AlignVCenter);
     row->addWidget(new TextLabel(QStringLiteral("Testing keys. Press Esc twice to stop."), TextRole::body,
                                  ColorRole::accent),
-                   1);
+                   1, Qt::AlignVCenter);
     m_runningLine->setMinimumHeight(theme().scaled(runningLineHeight));
     // The diagram below stays where it is when the line comes and goes.
     QSizePolicy policy = m_runningLine->sizePolicy();

@@ -20,7 +20,7 @@ constexpr double gap = 3;
 
 TrackpadArea::TrackpadArea(QWidget* surface, QWidget* parent) : QWidget(parent), m_surface(surface) {
     surface->setParent(this);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }

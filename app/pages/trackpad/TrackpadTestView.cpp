@@ -14,8 +14,7 @@ namespace tessivo {
 const char* const TrackpadTestView::how =
     "Keep the pointer over the gray area. Slide a finger over the whole trackpad, edges and corners too, "
     "until every square fills in. Then click, click with two fingers, scroll with two fingers, and "
-    "pinch. "
-    "On a desktop Mac, test the Magic Trackpad that comes with it, or mark it not included.";
+    "pinch. On a desktop Mac, test the Magic Trackpad that comes with it, or mark it not included.";
 
 TrackpadTestView::TrackpadTestView(const PageContext& context, QWidget* parent)
     : Column(parent), m_model(context.model) {
