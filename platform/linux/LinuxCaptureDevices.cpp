@@ -2,6 +2,8 @@
 
 #include "platform/linux/PulseRecording.h"
 
+#include <future>
+
 namespace tessivo {
 
 LinuxCaptureDevices::LinuxCaptureDevices(std::shared_ptr<PulseServer> server,
@@ -52,6 +54,13 @@ void LinuxCaptureDevices::requestAccess(MediaType type, std::function<void(bool)
         m_cameras.list(std::move(listed));
     else
         m_server->whenSettled(std::move(listed));
+}
+
+bool LinuxCaptureDevices::waitForCameras(std::chrono::milliseconds time) {
+    if (m_cameras.devices()) return true;
+    const auto listed = std::make_shared<std::promise<void>>();
+    m_cameras.list([listed] { listed->set_value(); });
+    return listed->get_future().wait_for(time) == std::future_status::ready;
 }
 
 std::shared_ptr<CaptureSession> LinuxCaptureDevices::makeSession(MediaType type, const std::string& deviceID,

@@ -5,6 +5,7 @@
 #include "platform/linux/QtCameras.h"
 
 #include <QObject>
+#include <chrono>
 
 namespace tessivo {
 
@@ -20,6 +21,10 @@ public:
     void requestAccess(MediaType type, std::function<void(bool)> answer) override;
     std::shared_ptr<CaptureSession> makeSession(MediaType type, const std::string& deviceID,
                                                 std::shared_ptr<CaptureDelegate> delegate) override;
+
+    /// Lists the cameras and waits for it, for a support tool that has no page to keep usable. False when
+    /// the time is over.
+    bool waitForCameras(std::chrono::milliseconds time);
 
 private:
     std::shared_ptr<PulseServer> m_server;

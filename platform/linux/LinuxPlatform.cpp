@@ -25,6 +25,7 @@ LinuxPlatform::LinuxPlatform(const std::filesystem::path& root)
 
 void LinuxPlatform::waitForDevices() {
     m_soundServer->waitUntilSettled(deviceWait);
+    m_captureDevices.waitForCameras(deviceWait);
 }
 
 } // namespace tessivo

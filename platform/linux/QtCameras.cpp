@@ -164,19 +164,24 @@ QtCameras::Thread& QtCameras::thread() {
     return *m_thread;
 }
 
-AuthorizationStatus QtCameras::authorizationStatus() const {
-    bool refused = false;
+std::vector<std::filesystem::path> QtCameras::deviceFiles() const {
+    std::vector<std::filesystem::path> files;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(m_deviceFolder, error)) {
-        if (!entry.path().filename().string().starts_with("video")) continue;
-        if (access(entry.path().c_str(), R_OK | W_OK) == 0) return AuthorizationStatus::authorized;
-        refused = true;
-    }
-    return refused ? AuthorizationStatus::denied : AuthorizationStatus::authorized;
+    for (const auto& entry : std::filesystem::directory_iterator(m_deviceFolder, error))
+        if (entry.path().filename().string().starts_with("video")) files.push_back(entry.path());
+    return files;
+}
+
+AuthorizationStatus QtCameras::authorizationStatus() const {
+    const auto files = deviceFiles();
+    const auto letsIn = [](const auto& file) { return access(file.c_str(), R_OK | W_OK) == 0; };
+    return files.empty() || std::ranges::any_of(files, letsIn) ? AuthorizationStatus::authorized
+                                                               : AuthorizationStatus::denied;
 }
 
 std::optional<std::vector<CaptureDevice>> QtCameras::devices() const {
-    return m_thread ? m_thread->devices() : std::nullopt;
+    if (m_thread) return m_thread->devices();
+    return deviceFiles().empty() ? std::optional(std::vector<CaptureDevice>()) : std::nullopt;
 }
 
 void QtCameras::list(std::function<void()> listed) {

@@ -8,7 +8,7 @@
 namespace tessivo {
 
 /// The cameras of this computer, on a thread of their own that alone touches them. The thread begins with
-/// the first question. Made and let go on the main thread, while the application object lives.
+/// the first list. Made and let go on the main thread, while the application object lives.
 class QtCameras final {
 public:
     /// The folder in which the system puts the cameras' device files.
@@ -19,7 +19,7 @@ public:
 
     /// Denied where there are camera files and none lets us in.
     AuthorizationStatus authorizationStatus() const;
-    /// The newest list; nothing until it has been made once.
+    /// The newest list; nothing until it has been made once, unless there is no camera file at all.
     std::optional<std::vector<CaptureDevice>> devices() const;
     /// Makes the list, or makes it anew, and then calls on the cameras' thread.
     void list(std::function<void()> listed);
@@ -32,6 +32,7 @@ private:
     class Session;
 
     Thread& thread();
+    std::vector<std::filesystem::path> deviceFiles() const;
 
     std::filesystem::path m_deviceFolder;
     std::shared_ptr<Thread> m_thread;

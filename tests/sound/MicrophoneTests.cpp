@@ -152,12 +152,18 @@ TEST_F(MicrophoneTest, nothingWaitsForAServerThatHangs) {
     ::kill(pid_t(m_daemon.processID()), SIGCONT);
 }
 
-TEST_F(MicrophoneTest, withoutCamerasTheListIsEmptyAndTheThreadEnds) {
-    const TemporaryFolder empty;
-    LinuxCaptureDevices devices(m_server, empty.path());
+TEST_F(MicrophoneTest, withoutCamerasTheListIsEmpty) {
+    const TemporaryFolder folder;
+    LinuxCaptureDevices devices(m_server, folder.path());
+    EXPECT_EQ(devices.authorizationStatus(MediaType::video), AuthorizationStatus::authorized);
+    EXPECT_TRUE(listCameras(devices).empty());
+
+    folder.write("video0", "no camera");
+    EXPECT_EQ(devices.authorizationStatus(MediaType::video), AuthorizationStatus::notDetermined);
     std::optional<bool> answer;
     QObject page;
     requestCaptureAccess(devices, MediaType::video, &page, [&](bool allowed) { answer = allowed; });
+    EXPECT_EQ(answer, std::nullopt) << "the list is made away from the main thread";
     EXPECT_TRUE(QTest::qWaitFor([&] { return answer.has_value(); }, SoundDaemon::patience));
     EXPECT_EQ(answer, true);
     EXPECT_EQ(devices.authorizationStatus(MediaType::video), AuthorizationStatus::authorized);
