@@ -4,7 +4,7 @@ find_package(Qt6 REQUIRED COMPONENTS Test)
 include(GoogleTest)
 
 set(test_environment
-    "LC_ALL=en_US.UTF-8;TZ=America/Los_Angeles;QT_QPA_PLATFORM=offscreen;QT_QPA_PLATFORMTHEME=;ASAN_OPTIONS=detect_leaks=0;TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1")
+    "LC_ALL=en_US.UTF-8;TZ=America/Los_Angeles;QT_QPA_PLATFORM=offscreen;QT_QPA_PLATFORMTHEME=;ASAN_OPTIONS=detect_leaks=0;TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1 die_after_fork=0")
 
 function(tessivo_test folder)
     cmake_parse_arguments(arg "KIT_ONLY" "LABEL;SHARDS;TIMEOUT" "" ${ARGN})
