@@ -48,12 +48,12 @@ void ProgressBar::paintEvent(QPaintEvent*) {
              theme().color(ColorRole::text1, 12), theme().color(ColorRole::accent), {});
 }
 
-LevelMeter::LevelMeter(QWidget* parent) : QWidget(parent) {
+LevelBar::LevelBar(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAccessibleName(QStringLiteral("Level"));
 }
 
-void LevelMeter::setLevel(double level, const QString& spoken) {
+void LevelBar::setLevel(double level, const QString& spoken) {
     level = std::clamp(level, 0.0, 1.0);
     if (level != m_level) {
         m_level = level;
@@ -65,15 +65,15 @@ void LevelMeter::setLevel(double level, const QString& spoken) {
     }
 }
 
-QSize LevelMeter::sizeHint() const {
+QSize LevelBar::sizeHint() const {
     return {160, theme().scaled(Height::meter)};
 }
 
-QSize LevelMeter::minimumSizeHint() const {
+QSize LevelBar::minimumSizeHint() const {
     return {60, sizeHint().height()};
 }
 
-void LevelMeter::paintEvent(QPaintEvent*) {
+void LevelBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paintBar(painter, rect(), m_level, theme().color(ColorRole::track), theme().color(ColorRole::meter),
              theme().color(ColorRole::text1, 8));

@@ -28,10 +28,10 @@ private:
 };
 
 /// A sound level from 0 to 1 as a green bar; steps, never animates.
-class LevelMeter final : public QWidget, public AccessibleTraits {
+class LevelBar final : public QWidget, public AccessibleTraits {
     Q_OBJECT
 public:
-    explicit LevelMeter(QWidget* parent = nullptr);
+    explicit LevelBar(QWidget* parent = nullptr);
 
     double level() const { return m_level; }
     /// `spoken` is the value for a screen reader: "-23 decibels" or "not listening".

@@ -12,16 +12,15 @@
 #include "app/pages/keyboard/KeyboardTestView.h"
 #include "app/pages/report/PickupView.h"
 #include "app/pages/report/ReportPage.h"
+#include "app/pages/sound/CamerasView.h"
+#include "app/pages/sound/HeadphonesView.h"
+#include "app/pages/sound/MicrophonesView.h"
+#include "app/pages/sound/SpeakersView.h"
 #include "app/pages/trackpad/TrackpadTestView.h"
 
 namespace tessivo {
 
 namespace {
-
-/// The frame of a test's page, without controls of its own.
-QWidget* testPage(TestID test, const PageContext& context, QWidget* parent) {
-    return new TestPage(context.model, test, {}, new Column, parent);
-}
 
 /// The frame of a test's page with the test's own view in it.
 template <class View>
@@ -42,13 +41,13 @@ QWidget* makePage(Page page, const PageContext& context, QWidget* parent) {
     case Page::display:
         return testPage<DisplayTestView>(TestID::display, context, parent);
     case Page::speakers:
-        return testPage(TestID::speakers, context, parent);
+        return testPage<SpeakersView>(TestID::speakers, context, parent);
     case Page::headphones:
-        return testPage(TestID::headphones, context, parent);
+        return testPage<HeadphonesView>(TestID::headphones, context, parent);
     case Page::microphones:
-        return testPage(TestID::microphones, context, parent);
+        return testPage<MicrophonesView>(TestID::microphones, context, parent);
     case Page::cameras:
-        return testPage(TestID::cameras, context, parent);
+        return testPage<CamerasView>(TestID::cameras, context, parent);
     case Page::ports:
         return testPage<PortsView>(TestID::ports, context, parent);
     case Page::ethernet:

@@ -122,7 +122,7 @@ ControlsSheet::ControlsSheet(QWidget* parent) : QWidget(parent) {
     }
     auto* progress = new ProgressBar;
     progress->setProgress(6, 10);
-    auto* meter = new LevelMeter;
+    auto* meter = new LevelBar;
     meter->setLevel(0.62, text("-23 decibels"));
     auto* met = new Chip(text("Click"));
     met->setMet(true);

@@ -280,7 +280,7 @@ TEST(Meters, speakTheirValues) {
     ProgressBar bar;
     bar.setProgress(8, 13);
     EXPECT_EQ(accessibleValueOf(&bar), text("8 of 13"));
-    LevelMeter meter;
+    LevelBar meter;
     meter.setLevel(7, text("-3 decibels"));
     EXPECT_EQ(meter.level(), 1);
     EXPECT_EQ(accessibleNameOf(&meter), text("Level"));
