@@ -26,8 +26,8 @@ HardwareRow::HardwareRow(int height, QWidget* parent)
     row->setContentsMargins(Space::xl, Space::xs, Space::xl, Space::xs);
     row->setSpacing(Space::l);
     row->addWidget(m_symbol);
-    row->addWidget(m_name);
-    row->addWidget(m_text, 1);
+    row->addWidget(m_name, 0, Qt::AlignVCenter);
+    row->addWidget(m_text, 1, Qt::AlignVCenter);
     m_name->setMaximumLines(1);
     setMinimumHeight(Theme::current().scaled(height));
 }

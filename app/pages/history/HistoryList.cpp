@@ -54,7 +54,7 @@ private:
         const QString serial = index.data(HistoryRows::serialRole).toString();
         const QFontMetrics metrics(Theme::current().font(TextRole::sidebarSection));
         // The name gives way; the serial number stays whole.
-        const int serialWidth = std::min(metrics.horizontalAdvance(serial), area.width());
+        const int serialWidth = std::min(metrics.horizontalAdvance(serial) + 2, area.width());
         const QString name = index.data(Qt::DisplayRole).toString();
         const int nameWidth = std::min(metrics.horizontalAdvance(name) + 1, area.width() - serialWidth);
         drawElided(painter, QRect(area.left(), area.top(), nameWidth, area.height()),
@@ -189,17 +189,21 @@ void HistoryList::setHistory(const std::vector<ConditionReport>& history) {
 
 void HistoryList::setSelection(const std::optional<Uuid>& id) {
     const int row = id ? m_rows->rowOf(*id) : -1;
-    setCurrentIndex(row >= 0 ? m_rows->index(row) : QModelIndex());
+    if (row >= 0)
+        setCurrentIndex(m_rows->index(row));
+    else
+        clearSelection();
 }
 
 const ConditionReport* HistoryList::selectedReport() const {
-    return m_selection ? m_rows->report(currentIndex().row()) : nullptr;
+    const QModelIndexList selected = selectedIndexes();
+    return selected.isEmpty() ? nullptr : m_rows->report(selected.front().row());
 }
 
-void HistoryList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QListView::currentChanged(current, previous);
+void HistoryList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListView::selectionChanged(selected, deselected);
     if (m_updating) return;
-    const ConditionReport* report = m_rows->report(current.row());
+    const ConditionReport* report = selectedReport();
     const auto selection = report ? std::optional(report->id) : std::nullopt;
     if (selection == m_selection) return;
     m_selection = selection;

@@ -56,7 +56,7 @@ Q_SIGNALS:
     void deleteRequested(const tessivo::Uuid& id);
 
 protected:
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:

@@ -61,7 +61,7 @@ HistoryView::HistoryView(const PageContext& context, QWidget* parent)
     rightLayout->setContentsMargins(0, 0, 0, 0);
     rightLayout->setSpacing(0);
     rightLayout->addWidget(m_detail, 1);
-    rightLayout->addWidget(m_nothingSelected);
+    rightLayout->addWidget(m_nothingSelected, 1, Qt::AlignVCenter);
 
     auto* split = new QHBoxLayout(this);
     split->setContentsMargins(0, 0, 0, 0);
@@ -97,9 +97,7 @@ QWidget* HistoryView::makeListPane() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_list, 1);
-    column->addStretch(1);
-    column->addWidget(m_empty);
-    column->addStretch(1);
+    column->addWidget(m_empty, 1, Qt::AlignVCenter);
     column->addWidget(new Divider);
     column->addLayout(foot);
     connect(add, &Button::clicked, this, [this] {

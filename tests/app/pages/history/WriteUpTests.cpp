@@ -1,0 +1,133 @@
+#include "app/controls/Button.h"
+#include "app/pages/writeup/ListingText.h"
+#include "app/pages/writeup/WriteUpSheet.h"
+#include "kit/Samples.h"
+#include "kit/listing/Lang.h"
+#include "platform/simulated/SimulatedWording.h"
+#include "tests/app/pages/PageFixture.h"
+
+#include <QTest>
+
+using namespace tessivo;
+using namespace tessivo::pagetest;
+
+namespace {
+
+constexpr int patience = 5000; // milliseconds that another thread may take
+
+class WriteUpTests : public PageFixture {
+protected:
+    void SetUp() override {
+        PageFixture::SetUp();
+        SessionState session = Samples::session(Samples::machine());
+        session.overrides[TestID::display].problem = "One green dot near the left edge";
+        model->setState(session);
+        controls->wording().setAvailability(WordingAvailability::available);
+    }
+
+    void openSheet(const char* language = "en") {
+        open(Page::report);
+        Lang::with(language, [this] { model->setShowWriteUp(true); });
+        settle();
+    }
+    WriteUpSheet* sheet() { return view->window()->findChild<WriteUpSheet*>(); }
+    std::string text() { return sheet()->findChild<ListingText*>()->toPlainText().toStdString(); }
+    bool onSheet(const char* words) { return shows(sheet(), QString::fromUtf8(words)); }
+    bool pressOnSheet(const char* name) { return clickOn(sheet(), QString::fromUtf8(name)); }
+    bool polish(const char* button = "Polish Wording") {
+        if (!pressOnSheet(button)) return false;
+        return QTest::qWaitFor(
+            [&] {
+                auto* control = findByName<Button>(sheet(), QString::fromUtf8(button));
+                return control && control->isEnabled();
+            },
+            patience);
+    }
+    /// The template's own words with another first line: a rewording that changes no fact.
+    std::string faithful() {
+        return "Hello, here is my Mac.\n" + ListingTemplate::make(model->makeReport(), false).text;
+    }
+};
+
+} // namespace
+
+TEST_F(WriteUpTests, aFaithfulRewordingIsKeptAndTheSerialNumberGoesBackToTheTemplate) {
+    openSheet();
+    ASSERT_NE(sheet(), nullptr);
+    const std::string asTemplate = text();
+    EXPECT_THAT(asTemplate, testing::Not(testing::HasSubstr(Samples::machine().serial.value())));
+    controls->wording().setAnswers({{.text = faithful()}});
+    ASSERT_TRUE(polish());
+    EXPECT_TRUE(onSheet("Reworded on this Mac. Every number and problem matched the report."));
+    EXPECT_THAT(text(), testing::StartsWith("Hello, here is my Mac."));
+    EXPECT_TRUE(pressOnSheet("Copy"));
+    EXPECT_THAT(controls->pasteboardText().value_or(""), testing::StartsWith("Hello"));
+    EXPECT_EQ(model->message(), "Copied. Read it once more before you post.");
+    EXPECT_TRUE(pressOnSheet("Template"));
+    EXPECT_EQ(text(), asTemplate);
+
+    EXPECT_TRUE(pressOnSheet("Include the serial number"));
+    EXPECT_THAT(text(), testing::HasSubstr("Serial number: " + Samples::machine().serial.value()));
+    EXPECT_FALSE(onSheet("Polished")) << "a rewording belongs to one template text";
+    EXPECT_FALSE(onSheet("Reworded on this Mac. Every number and problem matched the report."));
+}
+
+TEST_F(WriteUpTests, anUnfaithfulRewordingIsThrownAwayWithAtMostFiveReasons) {
+    openSheet();
+    const std::string asTemplate = text();
+    controls->wording().setAnswers({{.text = "A perfect Mac in mint condition, like new, 99 % battery."}});
+    ASSERT_TRUE(polish());
+    EXPECT_EQ(text(), asTemplate);
+    const QString all = shownTexts(sheet()).join(QLatin1Char('\n'));
+    EXPECT_TRUE(all.contains("The reworded version was thrown away, so the template stays:"));
+    EXPECT_EQ(all.count("• "), 5);
+    EXPECT_TRUE(all.contains("• It left out or changed “MacBook Air (M2, 2022)”."));
+}
+
+TEST_F(WriteUpTests, aFailedRewordingKeepsTheEarlierOne) {
+    openSheet();
+    controls->wording().setAnswers({{.text = faithful()}});
+    ASSERT_TRUE(polish());
+    controls->wording().setAnswers({{.text = "The model is busy.", .fails = true}});
+    ASSERT_TRUE(polish());
+    EXPECT_TRUE(onSheet("Couldn't polish the wording: The model is busy."));
+    EXPECT_THAT(text(), testing::StartsWith("Hello, here is my Mac."));
+}
+
+TEST_F(WriteUpTests, withoutAModelTheSheetSaysWhy) {
+    const std::pair<WordingAvailability, const char*> rows[] = {
+        {WordingAvailability::turnedOff, "Apple Intelligence is off."},
+        {WordingAvailability::notReady, "Apple's on-device model isn't ready yet"},
+        {WordingAvailability::unsupported, "Polish Wording uses Apple Intelligence on this Mac"},
+    };
+    for (const auto& [availability, reason] : rows) {
+        controls->wording().setAvailability(availability);
+        openSheet();
+        EXPECT_TRUE(shownTexts(sheet()).join(QLatin1Char('\n')).contains(QString::fromUtf8(reason)))
+            << reason;
+        EXPECT_EQ(findByName<Button>(sheet(), "Polish Wording"), nullptr);
+        EXPECT_TRUE(pressOnSheet("Done"));
+        EXPECT_FALSE(model->showWriteUp());
+    }
+}
+
+TEST_F(WriteUpTests, inSpanishTheSheetAndTheListingAreSpanish) {
+    openSheet("es");
+    EXPECT_THAT(text(), testing::HasSubstr("Problemas encontrados"));
+    EXPECT_FALSE(onSheet("Listing Write-Up"));
+    EXPECT_FALSE(onSheet("Done"));
+    EXPECT_EQ(unnamedControls(sheet()).join("\n").toStdString(), "");
+}
+
+TEST_F(WriteUpTests, escClosesTheSheetAndALateAnswerIsDropped) {
+    openSheet();
+    controls->wording().setAnswers({{.text = faithful(), .waits = true}});
+    EXPECT_TRUE(pressOnSheet("Polish Wording"));
+    EXPECT_TRUE(onSheet("Polishing on this Mac…"));
+    QTest::keyClick(sheet(), Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(model->showWriteUp());
+    controls->wording().release();
+    QTest::qWait(50);
+    EXPECT_FALSE(model->message());
+}
