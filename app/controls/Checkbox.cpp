@@ -10,6 +10,7 @@ namespace tessivo {
 namespace {
 
 constexpr int textGap = 10;
+constexpr double tickWeight = 3.2;
 constexpr int wrapFlags = Qt::AlignLeading | Qt::AlignTop | Qt::TextWordWrap;
 
 } // namespace
@@ -70,7 +71,7 @@ void Checkbox::paintEvent(QPaintEvent*) {
         paintRounded(painter, box, Corner::checkbox, theme().color(fill));
         const double inset = box.width() / 9;
         drawSymbol(painter, box.adjusted(inset, inset, -inset, -inset), QStringLiteral("checkmark"),
-                   theme().color(ColorRole::onAccent));
+                   theme().color(ColorRole::onAccent), tickWeight);
     } else {
         const ColorRole fill = isDown()      ? ColorRole::controlPressed
                                : isHovered() ? ColorRole::controlHover

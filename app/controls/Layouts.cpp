@@ -73,9 +73,13 @@ void FlowingLayout::setGeometry(const QRect& rect) {
 }
 
 int FlowingLayout::itemHeight(QLayoutItem* item, int width) {
-    const int height = item->hasHeightForWidth() ? item->heightForWidth(width) : item->sizeHint().height();
-    return std::clamp(height, item->minimumSize().height(),
-                      std::max(item->minimumSize().height(), item->maximumSize().height()));
+    const int least = item->minimumSize().height();
+    // A height that follows from the width isn't bound by the one for the natural width, whatever the policy.
+    if (item->hasHeightForWidth()) {
+        const int most = item->widget() ? item->widget()->maximumHeight() : QWIDGETSIZE_MAX;
+        return std::max(least, std::min(item->heightForWidth(width), most));
+    }
+    return std::max(least, std::min(item->sizeHint().height(), item->maximumSize().height()));
 }
 
 void ColumnLayout::add(QWidget* widget, int gapAbove, Qt::Alignment alignment) {

@@ -10,8 +10,8 @@
 
 #include <cmath>
 
-/// The drawings lie in a static library, which brings its resources along only when asked. At global scope, as
-/// the macro demands.
+/// The drawings lie in a static library, which brings its resources along only when asked. At global scope,
+/// as the macro demands.
 static void bringDrawings() {
     Q_INIT_RESOURCE(tessivo);
 }
@@ -24,12 +24,29 @@ QString resource(const QString& name) {
     return QStringLiteral(":/symbols/") + name + QStringLiteral(".svg");
 }
 
+/// Small drawings need heavier lines to look alike, large ones lighter.
+double weightFor(double size) {
+    if (size <= 16) return 1.9;
+    if (size <= 18) return 1.75;
+    return size >= 40 ? 1.25 : 1.6;
+}
+
+QByteArray drawing(const QString& name, double weight) {
+    QFile file(resource(name));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QByteArray bytes = file.readAll();
+    return bytes.replace("stroke-width=\"1.6\"", "stroke-width=\"" + QByteArray::number(weight) + '"');
+}
+
 /// The drawing at `pixels` device pixels, tinted; from the application's pixmap cache where it has it.
-QPixmap tinted(const QString& name, int pixels, const QColor& color) {
-    const QString key = QStringLiteral("symbol/%1/%2/%3").arg(name).arg(pixels).arg(color.rgba(), 0, 16);
+QPixmap tinted(const QString& name, int pixels, const QColor& color, double weight) {
+    const QString key =
+        QStringLiteral("symbol/%1/%2/%3/%4").arg(name).arg(pixels).arg(color.rgba(), 0, 16).arg(weight);
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap)) return pixmap;
-    QSvgRenderer renderer(resource(name));
+    const QByteArray bytes = drawing(name, weight);
+    if (bytes.isEmpty()) return {};
+    QSvgRenderer renderer(bytes);
     if (!renderer.isValid()) return {};
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -68,12 +85,14 @@ private:
 
 } // namespace
 
-void drawSymbol(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color) {
+void drawSymbol(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color,
+                double weight) {
     const double ratio = painter.device()->devicePixelRatioF();
     const double side = std::min(rect.width(), rect.height());
     const int pixels = int(std::lround(side * ratio));
     if (pixels <= 0) return;
-    const QPixmap pixmap = tinted(name, pixels, color);
+    const QPixmap pixmap =
+        tinted(name, pixels, color, weight > 0 ? weight : weightFor(side / theme().textScale()));
     if (pixmap.isNull()) return;
     // On whole device pixels, or the lines of the drawing would blur.
     const QPointF corner = rect.center() - QPointF(side / 2, side / 2);
@@ -85,7 +104,7 @@ void drawSymbol(QPainter& painter, const QRectF& rect, const QString& name, cons
 }
 
 QPixmap symbolPixmap(const QString& name, int size, const QColor& color, double devicePixelRatio) {
-    QPixmap pixmap = tinted(name, int(std::lround(size * devicePixelRatio)), color);
+    QPixmap pixmap = tinted(name, int(std::lround(size * devicePixelRatio)), color, weightFor(size));
     pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;
 }

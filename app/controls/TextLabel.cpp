@@ -210,7 +210,12 @@ void TextLabel::paintEvent(QPaintEvent*) {
         range.format.setForeground(palette().highlightedText());
         selections.append(range);
     }
-    m_layout.draw(&painter, QPointF(0, 0), selections);
+    m_layout.draw(&painter, QPointF(0, topOf()), selections);
+}
+
+/// In more room than the text needs, as beside a taller control, it stands in the middle.
+int TextLabel::topOf() const {
+    return std::max(0, (height() - heightForWidth(width())) / 2);
 }
 
 /// The font offers no way to its tabular digits here, so each digit is centred in the widest one's cell.
@@ -222,7 +227,7 @@ void TextLabel::drawTabular(QPainter& painter) const {
     double x = 0;
     if (m_alignment & Qt::AlignHCenter) x = (width() - naturalWidth()) / 2;
     if (m_alignment & Qt::AlignRight) x = width() - naturalWidth();
-    const double y = baseline();
+    const double y = baseline() + topOf();
     for (qsizetype i = 0; i < m_text.size();) {
         if (m_text.at(i).isDigit()) {
             const QString digit = m_text.mid(i++, 1);
@@ -276,7 +281,7 @@ void TextLabel::select(int start, int end) {
 int TextLabel::positionAt(const QPointF& point) const {
     const int count = m_layout.lineCount();
     if (count == 0) return 0;
-    const int line = std::clamp(int(point.y() / theme().lineHeight(m_role)), 0, count - 1);
+    const int line = std::clamp(int((point.y() - topOf()) / theme().lineHeight(m_role)), 0, count - 1);
     return std::min(m_layout.lineAt(line).xToCursor(point.x()), int(m_text.size()));
 }
 

@@ -39,7 +39,7 @@ public:
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    /// Where the first line's baseline lies, from the top.
+    /// Where the first line's baseline lies, from its top.
     double baseline() const;
 
     QAccessible::Role spokenRole() const override;
@@ -65,6 +65,7 @@ protected:
 private:
     bool singleLine() const { return m_tabular || m_maximumLines == 1; }
     void relayout();
+    int topOf() const;
     int layOut(QTextLayout& layout, double width, bool* elided) const;
     double naturalWidth() const;
     int positionAt(const QPointF& point) const;

@@ -254,7 +254,7 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     case CT_MenuItem: {
         const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
         if (!item) break;
-        if (item->menuItemType == QStyleOptionMenuItem::Separator) return {0, 2 * menuPadding + 1};
+        if (item->menuItemType == QStyleOptionMenuItem::Separator) return {2 * menuInset, 2 * menuPadding + 1};
         const bool checks = item->menuHasCheckableItems || item->maxIconWidth > 0;
         const QFontMetrics metrics(item->font);
         const QStringList parts = item->text.split(QLatin1Char('\t'));

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int padding = 12;
 constexpr int edge = 13; // the padding inside the hairline
-constexpr int symbolGap = 9;
+constexpr int symbolGap = 10;
 constexpr int glyphGap = 8;
 constexpr int summaryGap = 3;
 

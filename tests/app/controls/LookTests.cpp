@@ -9,6 +9,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
 #include <QPainter>
 #include <gtest/gtest.h>
 
@@ -72,6 +75,51 @@ TEST(Look, everyControlStandsWholeAtEveryTextSizeAndScale) {
     showWhole(sheet);
     EXPECT_EQ(clippedControls(&sheet), QStringList());
     save(pictureOf(sheet), "24pt");
+}
+
+TEST(Look, menusAndDialogsAreDrawnInBothAppearances) {
+    QDir(QStringLiteral(TESSIVO_BUILD)).mkpath(QStringLiteral("gallery"));
+    for (const bool dark : {false, true}) {
+        const DesktopLook look(dark);
+        QMenu menu;
+        QAction* ansi = menu.addAction(QStringLiteral("US (ANSI)"));
+        ansi->setCheckable(true);
+        ansi->setChecked(true);
+        menu.setActiveAction(menu.addAction(QStringLiteral("International (ISO)")));
+        menu.addSeparator();
+        menu.addAction(QStringLiteral("Disabled item"))->setEnabled(false);
+        menu.addAction(QStringLiteral("Print Report…"))->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+        menu.popup({0, 0});
+        settle();
+        QMessageBox box(QMessageBox::NoIcon, QString(), QStringLiteral("Start over?"));
+        box.setInformativeText(
+            QStringLiteral("This clears every result on this Mac. Reports saved to History stay."));
+        box.addButton(QStringLiteral("Start Over"), QMessageBox::AcceptRole);
+        box.addButton(QStringLiteral("Cancel"), QMessageBox::RejectRole);
+        QWidget window;
+        auto* bar = new QMenuBar(&window);
+        for (const char* title : {"File", "Go", "Help"})
+            bar->addMenu(QString::fromLatin1(title));
+        bar->resize(300, 28);
+        showAt(window, {300, 60});
+        showAt(box, box.sizeHint());
+
+        const QImage pictures[] = {menu.grab().toImage(), box.grab().toImage(), window.grab().toImage()};
+        const QImage& opened = pictures[0];
+        EXPECT_EQ(opened.pixelColor(opened.width() / 2, 14).rgb(), theme().color(ColorRole::card).rgb());
+        EXPECT_EQ(opened.height(), 5 + 28 + 28 + 11 + 28 + 28 + 5);
+        int y = 0;
+        QImage sheet(500, 400, QImage::Format_RGB32);
+        sheet.fill(theme().color(ColorRole::window));
+        QPainter painter(&sheet);
+        for (const QImage& picture : pictures) {
+            painter.drawImage(8, y + 8, picture);
+            y += picture.height() + 16;
+        }
+        painter.end();
+        EXPECT_TRUE(sheet.save(QStringLiteral(TESSIVO_BUILD "/gallery/menus-%1.png")
+                                   .arg(QLatin1String(dark ? "dark" : "light"))));
+    }
 }
 
 TEST(Look, followsTheDesktopWhileRunning) {
