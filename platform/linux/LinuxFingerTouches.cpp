@@ -78,7 +78,7 @@ private:
                     std::size_t(libevdev_get_num_slots(m_device.get()))),
           m_handlers(handlers),
           m_notifier(m_file, QSocketNotifier::Read) {
-        m_decoder.resync(slotsOf(m_device.get()), countedFingers(m_device.get()));
+        takeState();
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { read(); });
     }
 
@@ -108,7 +108,12 @@ private:
         while (libevdev_next_event(m_device.get(), LIBEVDEV_READ_FLAG_SYNC, &event) ==
                LIBEVDEV_READ_STATUS_SYNC) {
         }
-        m_decoder.resync(slotsOf(m_device.get()), countedFingers(m_device.get()));
+        takeState();
+    }
+
+    void takeState() {
+        m_decoder.resync(slotsOf(m_device.get()), std::size_t(libevdev_get_current_slot(m_device.get())),
+                         countedFingers(m_device.get()));
     }
 
     void tell() {

@@ -31,6 +31,7 @@ bool TouchpadDecoder::handle(const input_event& event) {
     if (event.type == EV_SYN && event.code == SYN_DROPPED) {
         m_lost = true;
         std::ranges::fill(m_slots, Slot{});
+        m_current = m_slots.size();
         m_counted = 0;
         return false;
     }
@@ -77,10 +78,11 @@ void TouchpadDecoder::change(int Slot::*field, int value) {
     if (m_current < m_slots.size()) m_slots[m_current].*field = value;
 }
 
-void TouchpadDecoder::resync(const std::vector<Slot>& state, int fingerCount) {
+void TouchpadDecoder::resync(const std::vector<Slot>& state, std::size_t current, int fingerCount) {
     m_lost = false;
     std::ranges::fill(m_slots, Slot{});
     std::copy_n(state.begin(), std::min(state.size(), m_slots.size()), m_slots.begin());
+    m_current = current;
     m_counted = fingerCount;
 }
 

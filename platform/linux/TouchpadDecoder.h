@@ -29,13 +29,13 @@ public:
     /// A device with an empty range has no fingers.
     TouchpadDecoder(Range x, Range y, std::size_t slotCount);
 
-    /// True if the event ends a report in which the fingers may have changed.
+    /// True if the event ends a report in which the fingers may have changed. After an event that tells of
+    /// lost ones every finger is forgotten, and what comes before the next report's end passed over.
     bool handle(const input_event& event);
 
-    /// Events were lost: every finger is forgotten, and what comes before the next report's end passed over.
-    bool lostEvents() const { return m_lost; }
-    /// The device's slots as the kernel has them now, after lost events.
-    void resync(const std::vector<Slot>& state, int fingerCount);
+    /// The device's slots as the kernel has them now, after lost events; `current` is the one that further
+    /// events are for.
+    void resync(const std::vector<Slot>& state, std::size_t current, int fingerCount);
 
     /// Fingers counted by the device, also those it can't place.
     int fingerCount() const;
