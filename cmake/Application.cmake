@@ -21,11 +21,18 @@ target_compile_definitions(platform PRIVATE
 tessivo_sources(app_sources app)
 list(FILTER app_sources EXCLUDE REGEX "app/Tessivo(App|Demo|Gallery)\\.cpp$")
 list(FILTER app_sources EXCLUDE REGEX "app/demo/")
+if(TESSIVO_WINDOWLESS)
+    list(FILTER app_sources INCLUDE REGEX "app/(readers|model)/")
+endif()
 add_library(app STATIC ${app_sources} app/resources/tessivo.qrc)
 target_link_libraries(app PUBLIC platform Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::Concurrent)
 set_target_properties(app PROPERTIES LINKER_LANGUAGE CXX)
 target_compile_definitions(app PRIVATE TESSIVO_HELP_URL="${TESSIVO_HELP_URL}")
 target_precompile_headers(app PRIVATE cmake/ApplicationPrecompiled.h)
+
+if(TESSIVO_WINDOWLESS)
+    return()
+endif()
 
 if(EXISTS ${CMAKE_SOURCE_DIR}/app/TessivoApp.cpp)
     add_executable(tessivo app/TessivoApp.cpp)
