@@ -46,13 +46,17 @@ public:
 
     QStringList actionNames() const override {
         const auto* button = qobject_cast<QAbstractButton*>(widget());
-        if (!button) return QAccessibleWidget::actionNames();
+        if (!button)
+            return widget()->isEnabled() ? m_traits->spokenActions() + QAccessibleWidget::actionNames()
+                                         : QStringList{};
         return button->isEnabled() ? QStringList{pressAction(), setFocusAction()} : QStringList{};
     }
     void doAction(const QString& name) override {
         auto* button = qobject_cast<QAbstractButton*>(widget());
         if (button && name == pressAction())
             button->click();
+        else if (m_traits->spokenActions().contains(name))
+            m_traits->actOn(name);
         else
             QAccessibleWidget::doAction(name);
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QAccessible>
-#include <QString>
+#include <QStringList>
 
 namespace tessivo {
 
@@ -16,6 +16,9 @@ public:
     virtual QString spokenValue() const { return {}; }
     /// Adds to the state that follows from the widget itself (focus, disabled, hidden).
     virtual void addSpokenState(QAccessible::State&) const {}
+    /// What it can be asked to do besides a press, by the bridge's own names: "Increase".
+    virtual QStringList spokenActions() const { return {}; }
+    virtual void actOn(const QString&) {}
     /// True where the widget is read as one element and its children are passed over.
     virtual bool isOneElement() const { return false; }
 };

@@ -71,7 +71,8 @@ private:
 
 class FactGrid::GridLayout final : public FlowingLayout {
 public:
-    GridLayout(QWidget* parent, bool twoColumns) : FlowingLayout(parent), m_twoColumns(twoColumns) {}
+    GridLayout(QWidget* parent, const Look& look)
+        : FlowingLayout(parent), m_twoColumns(look.twoColumns), m_dividerRoom(look.dividerRoom) {}
 
     const QList<QRect>& dividers() const { return m_dividers; }
 
@@ -98,7 +99,7 @@ protected:
                 for (size_t i = start; apply && i < end; ++i)
                     m_dividers.append(
                         visual(rect, {rect.left() + int(i - start) * (width + columnGap), y, width, 1}));
-                y += 1;
+                y += m_dividerRoom;
             }
             for (size_t i = start; i < end; ++i)
                 height = std::max(height, itemHeight(shown[i], width));
@@ -117,11 +118,12 @@ private:
     }
 
     bool m_twoColumns;
+    int m_dividerRoom;
     mutable QList<QRect> m_dividers;
 };
 
 FactGrid::FactGrid(const Look& look, QWidget* parent)
-    : QWidget(parent), m_look(look), m_grid(new GridLayout(this, look.twoColumns)) {}
+    : QWidget(parent), m_look(look), m_grid(new GridLayout(this, look)) {}
 
 FactGrid::FactGrid(QWidget* parent) : FactGrid(Look{}, parent) {}
 

@@ -20,9 +20,10 @@ public:
         int gap = Space::xl; ///< between label and value
         int rowHeight = Height::factRow;
         bool twoColumns = false;
+        int dividerRoom = 1; ///< 0 draws the divider within the lower row
     };
     /// The look of the identity grid of This Mac.
-    static Look identity() { return {Width::identityLabel, 0, Height::identityRow, true}; }
+    static Look identity() { return {Width::identityLabel, 0, Height::identityRow, true, 0}; }
     explicit FactGrid(const Look& look, QWidget* parent = nullptr);
     explicit FactGrid(QWidget* parent = nullptr);
 

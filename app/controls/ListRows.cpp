@@ -12,8 +12,8 @@
 namespace tessivo {
 namespace {
 
-constexpr int rowInset = 10;
-constexpr int symbolGap = 7;
+constexpr int rowInset = 8;
+constexpr int symbolGap = 9;
 constexpr int glyphInset = 8;
 constexpr int twoLineInset = 8;
 constexpr double ringWidth = 2;

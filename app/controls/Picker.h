@@ -26,6 +26,8 @@ public:
     // Of a combo box of its own the bridge would tell the choice in place of the name.
     QAccessible::Role spokenRole() const override { return QAccessible::ComboBox; }
     QString spokenValue() const override { return currentText(); }
+    QStringList spokenActions() const override { return {QAccessibleActionInterface::showMenuAction()}; }
+    void actOn(const QString&) override { showPopup(); }
     QWidget* focusShapeWidget() override { return this; }
     QRectF focusShapeRect() const override { return rect(); }
     double focusShapeCorner() const override;

@@ -90,6 +90,14 @@ QString Stepper::spokenName() const {
     return m_label->text();
 }
 
+QStringList Stepper::spokenActions() const {
+    return {QAccessibleActionInterface::increaseAction(), QAccessibleActionInterface::decreaseAction()};
+}
+
+void Stepper::actOn(const QString& action) {
+    step(action == QAccessibleActionInterface::increaseAction() ? 1 : -1);
+}
+
 QRectF Stepper::focusShapeRect() const {
     return m_minus->geometry().united(m_plus->geometry());
 }

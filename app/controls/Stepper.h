@@ -22,6 +22,8 @@ public:
     QAccessible::Role spokenRole() const override { return QAccessible::SpinBox; }
     QString spokenName() const override;
     QString spokenValue() const override { return QString::number(m_value); }
+    QStringList spokenActions() const override;
+    void actOn(const QString& action) override;
     QWidget* focusShapeWidget() override { return this; }
     QRectF focusShapeRect() const override;
     double focusShapeCorner() const override;

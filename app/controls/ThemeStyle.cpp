@@ -29,6 +29,14 @@ void roundedBox(QPainter& painter, const QRectF& rect, double corner, const QCol
     painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), corner - half, corner - half);
 }
 
+/// The application's own menu comes first and stands out.
+QFont menuBarFont(const QStyleOptionMenuItem& item, const QWidget* bar) {
+    QFont font = item.font;
+    if (bar && !bar->actions().isEmpty() && bar->actions().constFirst()->text() == item.text)
+        font.setWeight(QFont::Bold);
+    return font;
+}
+
 /// The bar's ground and the hairline under it.
 void fillMenuBar(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect, theme().color(ColorRole::sidebar));
@@ -205,11 +213,7 @@ void ThemeStyle::drawMenuBarItem(const QStyleOption* option, QPainter* painter, 
     if (option->state & (State_Selected | State_Sunken))
         roundedBox(*painter, option->rect.adjusted(0, 3, 0, -3), Corner::segment,
                    theme().color(ColorRole::text1, 9), QColor());
-    QFont font = item->font;
-    // The application's own menu comes first and stands out.
-    if (widget && !widget->actions().isEmpty() && widget->actions().constFirst()->text() == item->text)
-        font.setWeight(QFont::Bold);
-    painter->setFont(font);
+    painter->setFont(menuBarFont(*item, widget));
     painter->setPen(theme().color(ColorRole::text1, option->state & State_Enabled ? 100 : 45));
     painter->drawText(option->rect, Qt::AlignCenter | Qt::TextHideMnemonic, item->text);
 }
@@ -254,7 +258,8 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     case CT_MenuItem: {
         const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
         if (!item) break;
-        if (item->menuItemType == QStyleOptionMenuItem::Separator) return {2 * menuInset, 2 * menuPadding + 1};
+        if (item->menuItemType == QStyleOptionMenuItem::Separator)
+            return {2 * menuInset, 2 * menuPadding + 1};
         const bool checks = item->menuHasCheckableItems || item->maxIconWidth > 0;
         const QFontMetrics metrics(item->font);
         const QStringList parts = item->text.split(QLatin1Char('\t'));
@@ -264,8 +269,13 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
         if (item->menuItemType == QStyleOptionMenuItem::SubMenu) width += Space::page;
         return {width, theme().scaled(Height::menuItem)};
     }
-    case CT_MenuBarItem:
-        return {size.width() + 2 * Space::m - 2, theme().scaled(Height::menuBar)};
+    case CT_MenuBarItem: {
+        const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        if (!item) break;
+        const QFontMetrics metrics(menuBarFont(*item, widget));
+        return {metrics.size(Qt::TextHideMnemonic, item->text).width() + 2 * Space::m,
+                theme().scaled(Height::menuBar)};
+    }
     case CT_PushButton:
         return {std::max(size.width() + 2 * Space::l + 8, theme().scaled(76)),
                 theme().scaled(Height::control) + 4};

@@ -119,18 +119,18 @@ TEST(GrowingTextField, aKeyPressStaysQuickAtAHundredThousandCharacters) {
     field.setText(longText());
     field.moveCursor(QTextCursor::End);
     field.grab();
-    qint64 total = 0;
-    constexpr int presses = 20;
-    for (int i = 0; i < presses; ++i) {
+    std::vector<double> presses;
+    for (int i = 0; i < 15; ++i) {
         QElapsedTimer timer;
         timer.start();
         QTest::keyClick(&field, Qt::Key_X);
         field.repaint();
-        total += timer.nsecsElapsed();
+        presses.push_back(double(timer.nsecsElapsed()) / 1e6);
     }
-    const double each = double(total) / presses / 1e6;
-    RecordProperty("millisecondsPerKey", std::to_string(each));
-    EXPECT_LT(each, 16);
+    // The middle one, since other work on the machine isn't the field's.
+    std::nth_element(presses.begin(), presses.begin() + 7, presses.end());
+    RecordProperty("millisecondsPerKey", std::to_string(presses[7]));
+    EXPECT_LT(presses[7], 16);
 }
 
 TEST(OverrideControls, sayWhatThePersonRuled) {
