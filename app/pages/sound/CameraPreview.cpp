@@ -1,8 +1,8 @@
 #include "app/pages/sound/CameraPreview.h"
 
 #include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
 
+#include <QPainter>
 #include <QPainterPath>
 
 namespace tessivo {
@@ -45,23 +45,27 @@ void CameraPreview::refresh() {
 
 void CameraPreview::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintRounded(painter, rect(), Corner::picture, Qt::black);
-    if (m_picture.isNull()) return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath all;
+    all.addRoundedRect(rect(), Corner::picture, Corner::picture);
     const double ratio = devicePixelRatioF();
-    const QSize room = m_picture.size().scaled(size() * ratio, Qt::KeepAspectRatio);
-    if (room.isEmpty()) return;
+    const QSize most = (QSizeF(size()) * ratio).toSize();
+    QSize room = m_picture.size().scaled(most, Qt::KeepAspectRatio);
+    if (m_picture.isNull() || room.isEmpty()) return painter.fillPath(all, Qt::black);
+    // Rounding alone leaves no bar at the side.
+    if (most.width() - room.width() <= 1 && most.height() - room.height() <= 1) room = most;
     // Averaged over all pixels, so that a single bad one still shows.
     if (m_scaled.size() != room)
         m_scaled = m_picture.scaled(room, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 
     const QSizeF shown = QSizeF(room) / ratio;
     const QPointF corner((width() - shown.width()) / 2, (height() - shown.height()) / 2);
-    QPainterPath area, clip;
+    QPainterPath area;
     area.addRect(QRectF(corner, shown));
-    clip.addRoundedRect(rect(), Corner::picture, Corner::picture);
+    if (room != most) painter.fillPath(all.subtracted(area), Qt::black);
     QBrush brush(m_scaled);
     brush.setTransform(QTransform::fromTranslate(corner.x(), corner.y()).scale(1 / ratio, 1 / ratio));
-    painter.fillPath(area.intersected(clip), brush);
+    painter.fillPath(room == most ? all : area.intersected(all), brush);
 }
 
 } // namespace tessivo

@@ -1,6 +1,5 @@
 #include "app/pages/sound/CamerasView.h"
 
-#include "app/controls/Metrics.h"
 #include "app/pages/sound/CameraRow.h"
 #include "app/pages/sound/CaptureDeviceList.h"
 
@@ -43,7 +42,7 @@ void CamerasView::hideEvent(QHideEvent* event) {
 }
 
 void CamerasView::makeRows() {
-    m_list->rows().clear();
+    m_list->clearRows();
     m_rows.clear();
     for (const CaptureDevice& device : m_list->devices()) {
         auto* row = new CameraRow(QString::fromStdString(device.localizedName), m_monitor,
@@ -52,7 +51,7 @@ void CamerasView::makeRows() {
         connect(row, &CameraRow::answered, this, [this, device](ManualAnswer answer) {
             changeReading(device.uniqueID, [answer](CameraReading& reading) { reading.answer = answer; });
         });
-        m_list->rows().addRow(row, Space::block);
+        m_list->addRow(row);
         m_rows.push_back(row);
     }
     showAnswers();

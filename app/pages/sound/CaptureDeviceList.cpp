@@ -33,18 +33,34 @@ CaptureDeviceList::CaptureDeviceList(AppModel& model, MediaType type, const QStr
       m_type(type),
       m_rows(new Panel(Panel::Kind::list)),
       m_empty(new Panel),
-      m_denied(new Panel) {
+      m_denied(new Panel),
+      m_settings(new Button(openSettings)),
+      m_lastStop(m_settings) {
     m_empty->add(sentence(noneFound));
     for (const std::string& detail : denial(type))
         m_denied->add(sentence(QString::fromStdString(detail)));
-    auto* settings = new Button(openSettings);
-    m_denied->add(settings, Space::l, Qt::AlignHCenter);
+    m_denied->add(m_settings, Space::l, Qt::AlignHCenter);
     for (Panel* part : {m_rows, m_empty, m_denied}) {
         add(part);
         part->hide();
     }
-    connect(settings, &Button::clicked, this,
+    connect(m_settings, &Button::clicked, this,
             [this] { openPrivacySettings(m_model.platform().desktop(), m_type); });
+}
+
+void CaptureDeviceList::clearRows() {
+    m_rows->clear();
+    m_lastStop = m_settings;
+}
+
+void CaptureDeviceList::addRow(QWidget* row) {
+    m_rows->addRow(row, Space::block);
+    // What is made late would else come last, after the controls below the rows.
+    for (QWidget* child : row->findChildren<QWidget*>())
+        if (child->focusPolicy() & Qt::TabFocus) {
+            QWidget::setTabOrder(m_lastStop, child);
+            m_lastStop = child;
+        }
 }
 
 void CaptureDeviceList::appear() {

@@ -6,10 +6,12 @@
 
 namespace tessivo {
 
+class Button;
+
 /// What the pages of microphones and cameras share. When the page appears it asks for access; it tells of a
 /// denial and of the lack of devices, and lists the devices into the session. While there is nothing to show
 /// it looks once a second, so that a device plugged in, or access given in the settings, is found; a list
-/// with devices stays as it is, for a device that drops out would lose its reading. The owner fills `rows`.
+/// with devices stays as it is, for a device that drops out would lose its reading. The owner makes the rows.
 class CaptureDeviceList final : public Column {
     Q_OBJECT
 
@@ -18,7 +20,9 @@ public:
                       QWidget* parent = nullptr);
 
     const std::vector<CaptureDevice>& devices() const { return m_devices; }
-    Panel& rows() { return *m_rows; }
+    /// Takes all rows out and deletes them.
+    void clearRows();
+    void addRow(QWidget* row);
 
     void appear();
     void disappear();
@@ -45,6 +49,8 @@ private:
     Panel* m_rows;
     Panel* m_empty;
     Panel* m_denied;
+    Button* m_settings;
+    QWidget* m_lastStop; ///< of the Tab key, among the rows
     std::unique_ptr<Scheduled> m_next;
 };
 

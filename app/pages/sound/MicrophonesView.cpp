@@ -1,6 +1,5 @@
 #include "app/pages/sound/MicrophonesView.h"
 
-#include "app/controls/Metrics.h"
 #include "app/pages/sound/CaptureDeviceList.h"
 #include "app/pages/sound/MicrophoneRow.h"
 
@@ -44,12 +43,12 @@ void MicrophonesView::hideEvent(QHideEvent* event) {
 }
 
 void MicrophonesView::makeRows() {
-    m_list->rows().clear();
+    m_list->clearRows();
     m_rows.clear();
     for (const CaptureDevice& device : m_list->devices()) {
         auto* row = new MicrophoneRow(QString::fromStdString(device.localizedName));
         connect(row, &MicrophoneRow::toggled, this, [this, device] { toggle(device); });
-        m_list->rows().addRow(row, Space::block);
+        m_list->addRow(row);
         m_rows.push_back(row);
     }
     showReadings();

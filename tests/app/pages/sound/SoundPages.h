@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/controls/TextLabel.h"
+#include "tests/app/pages/PageFixture.h"
+
+#include <QAbstractButton>
+#include <thread>
+
+namespace tessivo::pagetest {
+
+/// Names that devices have and nobody expects.
+inline const std::vector<std::string> oddNames = {
+    "Line\nfeed", "\xD7\x9E\xD7\x99\xD7\xA7\xD7\xA8\xD7\x95\xD7\xA4\xD7\x95\xD7\x9F (USB)",
+    std::string(10'000, 'x'), "", "bad \xff byte"};
+
+/// A page of blocks or rows, each a group named by its side or its device.
+class SoundFixture : public PageFixture {
+protected:
+    QAbstractButton* button(const std::string& group, const char* name) {
+        return findByName<QAbstractButton>(view.get(), QString::fromStdString(group),
+                                           QString::fromUtf8(name));
+    }
+    bool press(const std::string& group, const char* name) { return click(button(group, name)); }
+    using PageFixture::press;
+
+    /// The capture queue closes devices in its own time.
+    bool released(const std::string& device) {
+        for (int i = 0; i < 2000 && controls->isOpen(device); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        return !controls->isOpen(device);
+    }
+    /// What the Tab key reaches, in its order.
+    QStringList tabStops() {
+        QStringList stops;
+        for (QWidget* at = view->nextInFocusChain(); at != view.get(); at = at->nextInFocusChain())
+            if (at->focusPolicy() & Qt::TabFocus && at->isVisible() && at->isEnabled())
+                stops << accessibleNameOf(at);
+        return stops;
+    }
+    /// Whether everything has a name, and room, at the first width and the smallest.
+    void expectWhole() {
+        for (const int width : {950, 620}) {
+            view->resize(width, 752);
+            settle();
+            EXPECT_EQ(clippedControls(view.get()).join('\n').left(1000).toStdString(), "") << width;
+        }
+        EXPECT_EQ(unnamedControls(view.get()).join('\n').toStdString(), "");
+    }
+};
+
+} // namespace tessivo::pagetest
