@@ -1,0 +1,104 @@
+// How long a write to the session takes until every visible badge is painted anew, on This Mac and on a
+// test's page. `window_benchmark`; set QT_QPA_PLATFORM to choose where it paints.
+
+#include "app/controls/Theme.h"
+#include "app/window/AppDelegate.h"
+#include "app/window/RootView.h"
+#include "kit/Samples.h"
+#include "platform/simulated/MachineFile.h"
+#include "platform/simulated/ManualScheduler.h"
+#include "platform/simulated/SimulatedPlatform.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <set>
+
+using namespace tessivo;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int rounds = 400;
+constexpr QSize windowSize(1180, 780);
+
+class NoDialogs final : public Dialogs {
+public:
+    std::optional<std::filesystem::path> savePath(QWidget*, FileKind, const QString&) override { return {}; }
+    std::vector<std::filesystem::path> openReportFiles(QWidget*, const QString&) override { return {}; }
+    bool choosePrinter(QWidget*, QPrinter&) override { return false; }
+    bool confirm(QWidget*, const QString&, const QString&, const QString&, const QString&) override {
+        return false;
+    }
+    void inform(QWidget*, const QString&, const QString&) override {}
+};
+
+/// Which widgets have been painted since it was last cleared.
+class Painted final : public QObject {
+public:
+    explicit Painted(QWidget& window) {
+        for (QWidget* widget : window.findChildren<QWidget*>())
+            widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) widgets.insert(watched);
+        return false;
+    }
+    std::set<QObject*> widgets;
+};
+
+void print(const char* what, std::size_t widgets, std::vector<double> times) {
+    std::ranges::sort(times);
+    std::printf("%-44s %3zu widgets painted, median %.3f ms, 99th percentile %.3f ms, largest %.3f ms\n",
+                what, widgets, times[times.size() / 2], times[times.size() * 99 / 100], times.back());
+}
+
+/// Writes in turn two sessions that differ; each time from before the write until nothing is left to paint.
+void measure(const char* what, Page page, const std::function<void(SessionState&, bool)>& write) {
+    ManualScheduler clock;
+    SimulatedPlatform platform(loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock);
+    NoDialogs dialogs;
+    AppDelegate application(platform, dialogs);
+    AppModel& model = application.model();
+    model.setState(Samples::session(model.state().machine));
+    model.setPage(page);
+    application.window().resize(windowSize);
+    application.open();
+    for (int i = 0; i < 5; ++i)
+        QApplication::processEvents();
+    std::vector<double> times;
+    Painted painted(application.window());
+    for (int round = 0; round < rounds; ++round) {
+        const auto start = Clock::now();
+        model.change([&](SessionState& state) { write(state, round % 2 == 0); });
+        QApplication::sendPostedEvents();
+        QApplication::processEvents();
+        times.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+    }
+    painted.widgets.clear();
+    model.change([&](SessionState& state) { write(state, true); });
+    QApplication::processEvents();
+    print(what, painted.widgets.size(), times);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const Theme theme(application);
+    const auto everyBadge = [](SessionState& state, bool leaveOut) {
+        for (const TestID test : state.tests())
+            state.overrides[test].notIncluded = leaveOut;
+    };
+    const auto oneKey = [](SessionState& state, bool pressed) {
+        state.keyboard = {};
+        if (pressed) state.keyboard.press(0);
+    };
+    measure("This Mac, every badge", Page::overview, everyBadge);
+    measure("This Mac, one key", Page::overview, oneKey);
+    measure("Keyboard, every badge", Page::keyboard, everyBadge);
+    measure("Keyboard, one key", Page::keyboard, oneKey);
+    measure("Keyboard, an equal write", Page::keyboard, [](SessionState&, bool) {});
+}
