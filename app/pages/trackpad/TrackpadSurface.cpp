@@ -1,6 +1,5 @@
 #include "app/pages/trackpad/TrackpadSurface.h"
 
-#include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QWheelEvent>

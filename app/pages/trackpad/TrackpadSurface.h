@@ -2,6 +2,7 @@
 
 #include "platform/Input.h"
 
+#include <QMouseEvent>
 #include <QWidget>
 
 class QTouchEvent;
@@ -26,6 +27,7 @@ protected:
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    void mouseReleaseEvent(QMouseEvent* event) override { event->accept(); }
     void wheelEvent(QWheelEvent* event) override;
 
 private:
