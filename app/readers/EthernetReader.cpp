@@ -4,37 +4,17 @@
 
 namespace tessivo {
 
-namespace {
-
-constexpr std::int64_t linkIsUp = 3; // "valid" and "active", the two lowest bits
-
-/// A property that must be of the boolean type; a number doesn't count.
-bool flag(const PropertyMap& map, const std::string& key) {
-    const auto entry = map.find(key);
-    const bool* value = entry == map.end() ? nullptr : std::get_if<bool>(&entry->second.value);
-    return value && *value;
-}
-
-} // namespace
-
 std::vector<WiredInterface> readWiredInterfaces(const Registry& registry) {
     std::vector<WiredInterface> interfaces;
     const auto services = registry.matchingServices("IONetworkInterface");
     if (!services) return interfaces;
-    const PropertyMap none;
     for (const RegistryEntry& service : *services) {
-        const auto name = service.properties ? text(*service.properties, "BSD Name") : std::nullopt;
-        if (!name || !service.parent) continue;
-        const PropertyMap& link = service.parent->properties ? *service.parent->properties : none;
-        WiredInterface interface;
-        interface.bsdName = *name;
-        interface.builtIn = flag(*service.properties, "IOBuiltin");
-        interface.controllerClass = service.parent->className;
-        interface.interfaceClass = service.className;
-        interface.linkActive = (integer(link, "IOLinkStatus").value_or(0) & linkIsUp) == linkIsUp;
-        if (const auto speed = integer(link, "IOLinkSpeed"); speed && *speed >= 0)
-            interface.linkSpeed = std::uint64_t(*speed);
-        interfaces.push_back(std::move(interface));
+        if (!service.properties || !service.parent) continue;
+        const RegistryEntry& controller = *service.parent;
+        auto wired =
+            WiredInterface::make(*service.properties, service.className,
+                                 controller.properties.value_or(PropertyMap()), controller.className);
+        if (wired) interfaces.push_back(std::move(*wired));
     }
     std::stable_sort(
         interfaces.begin(), interfaces.end(),

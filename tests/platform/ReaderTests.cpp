@@ -1,0 +1,94 @@
+#include "app/readers/Readers.h"
+#include "kit/support/PropertyJson.h"
+#include "platform/simulated/ManualScheduler.h"
+#include "platform/simulated/SimulatedPlatform.h"
+
+#include <gmock/gmock.h>
+
+namespace tessivo {
+namespace {
+
+using testing::ElementsAre;
+
+struct Mac {
+    explicit Mac(const std::string& json) : platform(parsePropertyMap(json), clock) {}
+
+    ManualScheduler clock;
+    SimulatedPlatform platform;
+};
+
+/// A Mac whose registry holds these entries of one class.
+Mac withEntries(const std::string& className, const std::string& entries) {
+    return Mac(R"({"registry": {")" + className + R"(": [)" + entries + "]}}");
+}
+
+TEST(Readers, anInterfaceIsWhatItsPropertiesSay) {
+    Mac mac = withEntries("IONetworkInterface", R"(
+        {"class": "I", "properties": {"BSD Name": "en3", "IOBuiltin": true},
+         "parent": {"class": "C", "properties": {"IOLinkStatus": 3, "IOLinkSpeed": 1000000000}}},
+        {"class": "I", "properties": {"BSD Name": "en0", "IOBuiltin": true},
+         "parent": {"class": "C", "properties": {"IOLinkStatus": -1, "IOLinkSpeed": -1}}},
+        {"class": "I", "properties": {"BSD Name": "en1", "IOBuiltin": 1}, "parent": {"class": "C"}},
+        {"class": "I", "properties": {"BSD Name": "en4"}},
+        {"class": "I", "properties": {"BSD Name": 5}, "parent": {"class": "C"}},
+        {"class": "I", "parent": {"class": "C"}})");
+    EXPECT_THAT(readWiredInterfaces(mac.platform.registry()),
+                ElementsAre(WiredInterface{"en0", true, "C", "I", false, {}},
+                            WiredInterface{"en1", false, "C", "I", false, {}},
+                            WiredInterface{"en3", true, "C", "I", true, 1'000'000'000}));
+    EXPECT_TRUE(readWiredInterfaces(Mac("{}").platform.registry()).empty());
+}
+
+TEST(Readers, aDeviceWithoutPropertiesIsPassedOver) {
+    Mac mac = withEntries("IOUSBHostDevice", R"({"properties": {"locationID": 4294967295}}, {},
+        {"properties": {"locationID": 1, "USB Product Name": "Stick"}})");
+    EXPECT_THAT(readUSBDevices(mac.platform.registry()),
+                ElementsAre(USBDevice{.name = "Stick", .locationID = 1},
+                            USBDevice{.name = "USB device", .locationID = 4294967295}));
+    EXPECT_TRUE(readUSBDevices(Mac("{}").platform.registry()).empty());
+}
+
+TEST(Readers, theFirstInternalBatterySpeaksForAll) {
+    Mac mac(R"({"registry": {"AppleSmartBattery": [{}, {"properties": {"BatteryInstalled": true}}]},
+        "powerSources": ["InternalBattery", {"Type": "UPS", "BatteryHealth": "Poor"},
+                         {"Type": "InternalBattery", "BatteryHealth": "Good"},
+                         {"Type": "InternalBattery", "BatteryHealth": "Poor"}]})");
+    EXPECT_EQ(readBattery(mac.platform.registry(), mac.platform.powerSources()),
+              (BatteryReading{
+                  .present = true, .condition = "Normal", .source = BatteryReading::Source::powerSources}));
+}
+
+TEST(Readers, aMachineTakesItsFallbacks) {
+    const std::pair<const char*, MachineInfo> rows[] = {
+        {R"({"operatingSystem": {"major": 15, "minor": 3, "patch": 1}, "physicalMemory": 8589934592,
+             "sysctl": {"hw.model": "Mac14,2\u0000x", "machdep.cpu.brand_string": "Apple M2",
+                        "kern.osversion": "24D70"},
+             "registry": {"IOPlatformExpertDevice": [{"properties": {"IOPlatformSerialNumber": ""}}]},
+             "startupVolumeTotalCapacity": 245107195904})",
+         {"Mac14,2", "", "Apple M2", 8'589'934'592, "macOS 15.3.1 (24D70)", 245'107'195'904}},
+        {R"({"operatingSystem": {"major": 15, "minor": 0, "patch": 0},
+             "sysctl": {"hw.model": "\u0000Mac14,2", "kern.osversion": ""},
+             "registry": {"IOPlatformExpertDevice": [{"properties": {"IOPlatformSerialNumber": 7}}]}})",
+         {"Unknown", {}, {}, 0, "macOS 15.0", {}}}};
+    for (const auto& [json, machine] : rows) {
+        Mac mac{json};
+        EXPECT_EQ(readMachineInfo(mac.platform.machineFacts(), mac.platform.registry()), machine) << json;
+    }
+}
+
+TEST(Readers, aToolThatFailsGivesNoEnrollmentWhateverItPrints) {
+    const std::pair<const char*, bool> rows[] = {{"{}", false},
+                                                 {R"({"tools": {"/usr/bin/profiles": {"exitStatus": 1,
+        "output": "Enrolled via DEP: No\nMDM enrollment: No"}}})",
+                                                  false},
+                                                 {R"({"tools": {"/usr/bin/profiles": {"exitStatus": 0,
+        "output": "Enrolled via DEP: No\nMDM enrollment: No"}}})",
+                                                  true}};
+    for (const auto& [json, read] : rows) {
+        Mac mac{json};
+        EXPECT_EQ(readEnrollmentStatus(mac.platform.systemTools(), {}).has_value(), read) << json;
+    }
+}
+
+} // namespace
+} // namespace tessivo
