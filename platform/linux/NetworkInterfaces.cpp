@@ -49,10 +49,11 @@ bool hasThunderboltController(const SystemTree& tree, const std::string& bridge)
 /// it also carries a Thunderbolt controller, as with adapters whose PCI lanes run through the cable.
 bool isOnCable(const SystemTree& tree, const std::string& device) {
     std::string path = tree.resolved(device).value_or("");
-    while (isPCIAddress(path.substr(path.rfind('/') + 1))) {
+    for (std::size_t slash = path.rfind('/');
+         slash != std::string::npos && isPCIAddress(path.substr(slash + 1)); slash = path.rfind('/')) {
         if (tree.text(path + "/removable") == "removable" || hasThunderboltController(tree, path))
             return true;
-        path.resize(path.rfind('/'));
+        path.resize(slash);
     }
     return false;
 }

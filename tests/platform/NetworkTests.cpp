@@ -58,6 +58,7 @@ TEST(Network, hostileValues) {
     EXPECT_THAT(printed(CapturedTree("hostile")),
                 ElementsAre("eth0 built in, EthernetInterface by , up",
                             "eth1 built in, EthernetInterface by , down", "eth2, VirtualInterface by , up",
+                            "eth5 built in, EthernetInterface by , down",
                             "eth\uFFFD4, VirtualInterface by , down"));
     EXPECT_FALSE(LinuxRegistry(CapturedTree().tree()).matchingServices("IONetworkInterface"));
 }
