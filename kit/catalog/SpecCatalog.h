@@ -27,7 +27,7 @@ struct ModelSpec {
     Processor processor{};
     std::vector<std::int64_t> fusion;
     bool replaceableStorage = false;
-    std::vector<std::string> sources; ///< full links to the maker's specification pages, first one preferred
+    std::vector<std::string> sources; ///< full links to the maker's pages about it, first one preferred
 
     bool operator==(const ModelSpec&) const = default;
 };
