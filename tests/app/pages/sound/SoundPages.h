@@ -23,12 +23,9 @@ protected:
     bool press(const std::string& group, const char* name) { return click(button(group, name)); }
     using PageFixture::press;
 
-    /// The capture queue closes devices in its own time.
-    bool released(const std::string& device) {
-        for (int i = 0; i < 2000 && controls->isOpen(device); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        return !controls->isOpen(device);
-    }
+    /// The capture queue opens and closes devices in its own time; "open" counts from the attempt on.
+    bool opened(const std::string& device) { return becomes(device, true); }
+    bool released(const std::string& device) { return becomes(device, false); }
     /// What the Tab key reaches, in its order.
     QStringList tabStops() {
         QStringList stops;
@@ -45,6 +42,13 @@ protected:
             EXPECT_EQ(clippedControls(view.get()).join('\n').left(1000).toStdString(), "") << width;
         }
         EXPECT_EQ(unnamedControls(view.get()).join('\n').toStdString(), "");
+    }
+
+private:
+    bool becomes(const std::string& device, bool open) {
+        for (int i = 0; i < 2000 && controls->isOpen(device) != open; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        return controls->isOpen(device) == open;
     }
 };
 
