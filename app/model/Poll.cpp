@@ -10,7 +10,8 @@ Poll::Poll(Scheduler& scheduler, std::chrono::milliseconds interval, std::functi
 void Poll::round() {
     // The next round is asked for first, so that an action may end its own poll.
     m_next = m_scheduler.after(m_interval, [this] { round(); });
-    m_action();
+    const auto action = m_action; // which would else go with the poll, in the midst of its run
+    action();
 }
 
 } // namespace tessivo
