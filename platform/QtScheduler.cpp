@@ -10,6 +10,8 @@ class TimerHandle final : public Scheduled {
 public:
     TimerHandle(std::chrono::milliseconds delay, std::function<void()> action) : m_timer(new QTimer) {
         m_timer->setSingleShot(true);
+        // The timers that save power by running together may also run early.
+        m_timer->setTimerType(Qt::PreciseTimer);
         QObject::connect(m_timer, &QTimer::timeout, m_timer, std::move(action));
         m_timer->start(delay);
     }

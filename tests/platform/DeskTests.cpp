@@ -90,6 +90,22 @@ TEST(QtScheduler, runsOnceAndDiesWithItsHandle) {
     EXPECT_EQ(runs, 1);
 }
 
+TEST(QtScheduler, noActionRunsEarly) {
+    QtScheduler scheduler;
+    std::vector<std::unique_ptr<Scheduled>> kept;
+    std::size_t runs = 0, early = 0;
+    const auto begin = std::chrono::steady_clock::now();
+    for (auto delay = 60ms; delay < 260ms; delay += 7ms)
+        kept.push_back(scheduler.after(delay, [&, delay] {
+            early += std::chrono::steady_clock::now() - begin < delay;
+            ++runs;
+        }));
+    for (int turn = 0; turn < 100 && runs < kept.size(); ++turn)
+        runEvents(20ms);
+    EXPECT_EQ(runs, kept.size());
+    EXPECT_EQ(early, 0u);
+}
+
 TEST(QtScheduler, anActionMayReplaceItsOwnHandle) {
     QtScheduler scheduler;
     int runs = 0;
