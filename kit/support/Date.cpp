@@ -182,8 +182,10 @@ bool isTimeZone(const std::string& name) {
     if (name.empty() || name == "Etc/Unknown") return false;
     icu::UnicodeString canonical;
     UErrorCode status = U_ZERO_ERROR;
-    icu::TimeZone::getCanonicalID(unicode(name), canonical, status);
-    return U_SUCCESS(status);
+    UBool isInTheData = false;
+    icu::TimeZone::getCanonicalID(unicode(name), canonical, isInTheData, status);
+    // "GMT+5" is no name: ICU and the system's TZ variable read it as opposite offsets.
+    return U_SUCCESS(status) && isInTheData;
 }
 
 } // namespace tessivo

@@ -39,7 +39,7 @@ struct Date {
 /// The identifier of the system's current time zone, such as "Europe/Madrid".
 std::string systemTimeZone();
 
-/// Whether ICU knows the zone by this name.
+/// Whether the time zone data holds this name; a bare offset such as "GMT+5" is none.
 bool isTimeZone(const std::string& name);
 
 } // namespace tessivo

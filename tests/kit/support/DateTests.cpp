@@ -102,7 +102,7 @@ TEST(Date, theShortFormIsTheUsersOwnZoneWithPlainBlanks) {
 TEST(Date, knowsZonesByName) {
     for (const char* name : {"UTC", "GMT", "America/Los_Angeles", "Europe/Madrid", "PST8PDT"})
         EXPECT_TRUE(isTimeZone(name)) << name;
-    for (const char* name : {"", "Mars/Olympus", "america", "Etc/Unknown"})
+    for (const char* name : {"", "Mars/Olympus", "america", "Etc/Unknown", "GMT+5", "UTC-03:30"})
         EXPECT_FALSE(isTimeZone(name)) << name;
 }
 
