@@ -25,17 +25,17 @@ std::string WordingPolish::instructions(const ListingWriteUp& writeUp) {
 }
 
 PolishResult WordingPolish::polish(const ListingWriteUp& writeUp, WordingModel& model) {
-    std::string answer;
+    // The check stands inside: what can't be checked, for want of memory, is never polished.
     try {
-        answer = Text::trimmed(model.rewrite(instructions(writeUp), writeUp.text));
+        std::string answer = Text::trimmed(model.rewrite(instructions(writeUp), writeUp.text));
+        auto issues = WordingGuard::check(answer, writeUp);
+        if (!issues.empty()) return {PolishResult::Discarded{std::move(issues)}};
+        return {PolishResult::Polished{std::move(answer)}};
     } catch (const std::exception& error) {
         return {PolishResult::Failed{error.what()}};
     } catch (...) {
         return {PolishResult::Failed{"The wording model failed."}};
     }
-    auto issues = WordingGuard::check(answer, writeUp);
-    if (!issues.empty()) return {PolishResult::Discarded{std::move(issues)}};
-    return {PolishResult::Polished{std::move(answer)}};
 }
 
 std::optional<std::string> availabilityMessage(WordingAvailability availability) {
