@@ -39,7 +39,8 @@ void LinuxDefaults::store(const std::string& key, const QVariant& value) {
     copy.close();
     const std::filesystem::path copied = copy.fileName().toStdString();
     std::filesystem::copy_file(file, copied, std::filesystem::copy_options::overwrite_existing, error);
-    if (error && std::filesystem::exists(file)) return;
+    std::error_code unseen;
+    if (error && (std::filesystem::exists(file, unseen) || unseen)) return;
 
     QSettings settings(copy.fileName(), QSettings::IniFormat);
     settings.setValue(QString::fromStdString(key), value);
