@@ -66,15 +66,19 @@ public:
 
     /// Ends the thread and what is open on it.
     void end() {
-        post([](Thread& thread) {
-            thread.m_open.clear();
-            delete thread.m_media;
-        });
+        QObject* worker = nullptr;
         {
             const std::lock_guard lock(m_mutex);
-            std::exchange(m_worker, nullptr)->deleteLater();
+            worker = std::exchange(m_worker, nullptr);
         }
-        m_thread->quit();
+        // The thread ends itself: told from outside, it might do so before this work's turn.
+        const auto last = [self = shared_from_this(), worker] {
+            self->m_open.clear();
+            delete self->m_media;
+            worker->deleteLater();
+            self->m_thread->quit();
+        };
+        QMetaObject::invokeMethod(worker, last, Qt::QueuedConnection);
         if (m_thread->wait(patience)) delete m_thread; // else left behind: a camera hangs in the system
     }
 
