@@ -37,13 +37,25 @@ struct Machine {
 
 constexpr Machine machines[] = {{"laptop", "macbook-air-m2.json"}, {"desktop", "mac-mini-m4.json"}};
 
-/// A session with every answer given, and a few reports in History.
+/// A session with every answer given and its report in History; on the laptop testing then goes on anew, so
+/// that every status is seen.
 void fill(AppModel& model) {
     SessionState session = Samples::session(model.state().machine);
     model.setState(session);
     model.setNotes(Samples::notes());
     model.saveToHistory(model.makeReport());
     model.setMessage(std::nullopt);
+    if (session.kind() != MacKind::laptop) return;
+    session.activationLock = ActivationLockAnswer::unanswered;
+    session.display.answer = ManualAnswer::problem;
+    session.overrides[TestID::display].problem = "One green dot near the left edge.";
+    if (session.headphones) session.headphones->right = ManualAnswer::unanswered;
+    session.microphones.clear();
+    session.microphonesListed = false;
+    session.cameras.clear();
+    session.camerasListed = false;
+    session.ports = PortChecklist::make(2);
+    model.setState(session);
 }
 
 } // namespace
