@@ -6,8 +6,10 @@
 #include "tests/TemporaryFolder.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <ctime>
 
 namespace tessivo::pagetest {
 
@@ -81,6 +83,32 @@ TEST_F(CommandsTests, shortcutsLeaveTypedTextAlone) {
     pressKeys(Qt::ControlModifier, Qt::Key_2);
     EXPECT_EQ(model().page(), Page::keyboard);
     EXPECT_EQ(model().state().overrides.at(TestID::storage).problem, typed.toStdString());
+}
+
+TEST_F(CommandsTests, aLongNoteOfAnyCharactersIsKeptAndDoesNotSlowAKey) {
+    launch();
+    model().setPage(Page::storage);
+    settle();
+    auto* note = findByName<GrowingTextField>(&window(), "Problem note for Storage");
+    ASSERT_TRUE(note);
+    const QString odd = QString::fromUtf8("\u05D0\u05D1\u05D2 \U0001F4BB\u202E abc \t é\n");
+    QApplication::clipboard()->setText(odd + QString(100'000, u'x') + odd);
+    note->setFocus(Qt::TabFocusReason);
+    note->paste();
+    settle();
+    EXPECT_EQ(model().state().overrides.at(TestID::storage).problem,
+              QApplication::clipboard()->text().toStdString());
+    std::vector<double> times;
+    for (int i = 0; i < 30; ++i) {
+        const std::clock_t start = std::clock();
+        QTest::keyClick(note, Qt::Key_Y);
+        QApplication::processEvents();
+        times.push_back(1000.0 * double(std::clock() - start) / CLOCKS_PER_SEC);
+    }
+    std::ranges::sort(times);
+    EXPECT_LT(times[times.size() / 2], 16);
+    EXPECT_EQ(model().state().overrides.at(TestID::storage).problem,
+              QApplication::clipboard()->text().toStdString() + std::string(30, 'y'));
 }
 
 TEST_F(CommandsTests, startingOverAsksFirst) {
