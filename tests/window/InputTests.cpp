@@ -178,6 +178,19 @@ public:
     int count = 0;
 };
 
+TEST_F(KeyboardWindow, theReturnThatStartsIsNoKeySeen) {
+    Repeats repeats;
+    ASSERT_TRUE(xdotool({QStringLiteral("keydown"), QStringLiteral("Return")}));
+    ASSERT_TRUE(eventually([this] { return runs(); }));
+    ASSERT_TRUE(eventually([&] { return repeats.count >= 2; }));
+    ASSERT_TRUE(xdotool({QStringLiteral("keyup"), QStringLiteral("Return")}));
+    settle();
+    EXPECT_TRUE(runs()) << "its repeats press nothing either";
+    EXPECT_THAT(pressed(), IsEmpty());
+    ASSERT_TRUE(key(QStringLiteral("Return")));
+    EXPECT_TRUE(eventually([this] { return pressed().contains(36); }));
+}
+
 TEST_F(KeyboardWindow, aHeldEscCountsOnce) {
     start();
     Repeats repeats;

@@ -171,7 +171,6 @@ void KeyboardTestView::captureChanged() {
         m_shownRunning = running;
         m_start->setLabel(running ? QStringLiteral("Stop") : QStringLiteral("Start"),
                           running ? QStringLiteral("stop.fill") : QStringLiteral("play.fill"));
-        m_start->setDefaultAction(!running);
         m_runningLine->setVisible(running);
     }
     m_diagram->show(m_model.state().keyboard, running, m_capture.flash());
