@@ -12,6 +12,8 @@ namespace tessivo::ReportDocument {
 
 namespace {
 
+static_assert(unitsPerPoint == ReportWriter::unitsPerPoint);
+
 using Face = ReportWriter::Face;
 
 const QColor black(Qt::black);
@@ -176,7 +178,7 @@ std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
                                     const std::string& timeZone) {
     auto document = build(report, timeZone, {longestText, longestDocument});
     document->setDocumentMargin(0);
-    document->setTextWidth(width);
+    document->setTextWidth(width * unitsPerPoint);
     return document;
 }
 
@@ -184,7 +186,7 @@ std::unique_ptr<QTextDocument> paged(const ConditionReport& report, QSizeF paper
                                      const std::string& timeZone) {
     auto document = build(report, timeZone, {});
     document->setDocumentMargin(ReportWriter::lengthOf(margin));
-    document->setPageSize(paper);
+    document->setPageSize(paper * unitsPerPoint);
     return document;
 }
 

@@ -14,7 +14,10 @@ namespace tessivo::ReportDocument {
 inline constexpr int longestText = 50'000;
 inline constexpr int longestDocument = 1'000'000;
 
-/// The document laid out in points, `width` wide and as tall as it needs. A pure function of the report
+/// The layout's positions and sizes are in units of so many to the point.
+inline constexpr int unitsPerPoint = 2;
+
+/// The document laid out `width` points wide and as tall as it needs. A pure function of the report
 /// and the time zone (empty: the system's). Main thread, or any one thread with the application's fonts.
 std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
                                     const std::string& timeZone = {});

@@ -20,16 +20,25 @@ QString textFamily() {
     return family;
 }
 
+QString fallbackFamily() {
+    return QStringLiteral("DejaVu Sans");
+}
+
 QFont make(const QString& family, double size, QFont::Weight weight) {
     QFont font;
     // A fallback that covers what the text face doesn't, before the system's own choice.
-    font.setFamilies({family, QStringLiteral("DejaVu Sans")});
+    font.setFamilies({family, fallbackFamily()});
     font.setPointSizeF(size);
     font.setWeight(weight);
     // Hinted advances would make the lines break differently at each resolution.
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setKerning(true);
     return font;
+}
+
+bool hasRightToLeft(const QString& text) {
+    return std::ranges::any_of(
+        text, [](QChar c) { return c.direction() == QChar::DirR || c.direction() == QChar::DirAL; });
 }
 
 } // namespace
@@ -59,8 +68,7 @@ QFont symbol(double size, QFont::Weight weight, char32_t glyph) {
     static std::map<std::pair<char32_t, QFont::Weight>, QString> families;
     const auto [known, isNew] = families.try_emplace({glyph, weight}, textFamily());
     if (isNew) {
-        for (const QString& family :
-             {textFamily(), QStringLiteral("DejaVu Sans"), QStringLiteral("Symbola")}) {
+        for (const QString& family : {textFamily(), fallbackFamily(), QStringLiteral("Symbola")}) {
             QFont font = make(family, size, weight);
             font.setFamilies({family});
             if (!QRawFont::fromFont(font).supportsCharacter(glyph)) continue;
@@ -81,7 +89,8 @@ bool isPlain(QStringView text) {
 }
 
 QStringList stretches(const QString& text) {
-    if (isPlain(text)) return {text};
+    // Between words that run to the left, brackets are mirrored, which shaping alone does.
+    if (isPlain(text) || hasRightToLeft(text)) return {text};
     QStringList found;
     // Whole characters as people see them: a letter stays with the accents that combine with it.
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -106,8 +115,14 @@ QStringList stretches(const QString& text) {
 }
 
 QFont fitted(QFont font, const QString& text) {
-    if (isPlain(text))
+    if (isPlain(text)) {
         font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferNoShaping | QFont::PreferAntialias));
+        return font;
+    }
+    // A slant that its face doesn't have would be drawn as a picture, which nobody can search.
+    font.setItalic(false);
+    // Shaped, this face keeps its brackets and dashes searchable.
+    if (hasRightToLeft(text)) font.setFamilies({fallbackFamily(), textFamily()});
     return font;
 }
 

@@ -24,7 +24,7 @@ bool readsTheSame(const ConditionReport& a, ConditionReport b) {
 } // namespace
 
 ReportPreview::ReportPreview(QWidget* parent) : QWidget(parent) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     setMaximumWidth(sheetWidth);
@@ -54,7 +54,9 @@ QString ReportPreview::spokenValue() const {
 }
 
 int ReportPreview::heightForWidth(int width) const {
-    const double tall = (m_document ? m_document->size().height() : unknownHeight) + 2 * inset;
+    const double tall =
+        (m_document ? m_document->size().height() / ReportDocument::unitsPerPoint : unknownHeight) +
+        2 * inset;
     return int(std::ceil(tall * std::min(width, sheetWidth) / sheetWidth));
 }
 
@@ -81,6 +83,7 @@ void ReportPreview::paintEvent(QPaintEvent* event) {
     const double scale = double(width()) / sheetWidth;
     painter.scale(scale, scale);
     painter.translate(inset, inset);
+    painter.scale(1.0 / ReportDocument::unitsPerPoint, 1.0 / ReportDocument::unitsPerPoint);
     QAbstractTextDocumentLayout::PaintContext context;
     // Only what is to be seen is drawn, and its text stays black on any theme.
     context.clip = painter.transform().inverted().mapRect(QRectF(event->rect()));

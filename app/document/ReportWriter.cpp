@@ -15,6 +15,7 @@ namespace {
 const QColor boxBackground = QColor::fromRgbF(0.92f, 0.97f, 0.94f);
 const QColor boxBorder = QColor::fromRgbF(0.55f, 0.78f, 0.64f);
 constexpr double boxPadding = 10;
+constexpr double boxBorderWidth = 1;
 constexpr double lineSpacing = 1.22; ///< line height as a multiple of the size
 
 /// A line feed stays a line of the same paragraph; what else isn't text has no picture.
@@ -41,8 +42,9 @@ qsizetype cutBefore(QStringView text) {
     return before > 0 ? before : text.size();
 }
 
-/// A device on which one unit is one point: what the document is measured for.
-class PointDevice final : public QPaintDevice {
+/// What the document is measured for. Fonts come in whole pixels alone, so a device of one pixel a point
+/// would set 10.5 as 11.
+class FineDevice final : public QPaintDevice {
 public:
     QPaintEngine* paintEngine() const override { return nullptr; }
 
@@ -53,7 +55,7 @@ protected:
         case PdmDpiY:
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY:
-            return 72;
+            return 72 * ReportWriter::unitsPerPoint;
         case PdmWidth:
         case PdmHeight:
             return 1 << 20;
@@ -69,8 +71,8 @@ protected:
     }
 };
 
-PointDevice& pointDevice() {
-    static PointDevice device;
+FineDevice& fineDevice() {
+    static FineDevice device;
     return device;
 }
 
@@ -81,14 +83,14 @@ double point() {
         constexpr double probe = 1000;
         QTextDocument document;
         document.setDocumentMargin(0);
-        document.documentLayout()->setPaintDevice(&pointDevice());
+        document.documentLayout()->setPaintDevice(&fineDevice());
         QTextCursor cursor(&document);
         cursor.insertBlock();
         const double before = document.size().height();
         QTextBlockFormat format;
         format.setTopMargin(probe);
         cursor.setBlockFormat(format);
-        const double grown = document.size().height() - before;
+        const double grown = (document.size().height() - before) / ReportWriter::unitsPerPoint;
         return grown > 0 ? probe / grown : 1.0;
     }();
     return factor;
@@ -105,7 +107,7 @@ ReportWriter::ReportWriter(const Limits& limits)
     m_document->setUndoRedoEnabled(false);
     m_document->setDefaultFont(ReportFonts::text(10.5));
     m_document->setUseDesignMetrics(true);
-    m_document->documentLayout()->setPaintDevice(&pointDevice());
+    m_document->documentLayout()->setPaintDevice(&fineDevice());
     // One change for the layout, not one for each run.
     m_cursor.beginEditBlock();
 }
@@ -116,8 +118,8 @@ void ReportWriter::paragraph(const Paragraph& style) {
     format.setTopMargin(lengthOf(m_pendingSpace + style.before));
     m_pendingSpace = style.after;
     // Side margins and first-line indents, unlike all other lengths, are taken as the device's own.
-    format.setLeftMargin(style.indent + style.hanging);
-    format.setTextIndent(-style.hanging);
+    format.setLeftMargin(unitsPerPoint * (style.indent + style.hanging));
+    format.setTextIndent(-unitsPerPoint * style.hanging);
     QList<QTextOption::Tab> tabs;
     for (double tab : style.tabs)
         tabs.append(QTextOption::Tab(lengthOf(tab), QTextOption::LeftTab));
@@ -193,7 +195,8 @@ void ReportWriter::symbol(char32_t glyph, const Run& style) {
 
 void ReportWriter::beginBox(double after) {
     QTextTableFormat format;
-    format.setBorder(1);
+    // The table and its one cell each draw a border.
+    format.setBorder(lengthOf(boxBorderWidth / 2));
     format.setBorderBrush(boxBorder);
     format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
     format.setBorderCollapse(false);

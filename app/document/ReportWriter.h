@@ -11,9 +11,12 @@
 
 namespace tessivo {
 
-/// Writes styled paragraphs into a text document whose unit is the point. Main thread.
+/// Writes styled paragraphs into a text document. Main thread.
 class ReportWriter final {
 public:
+    /// Positions and sizes of the finished layout are in units of so many to the point.
+    static constexpr int unitsPerPoint = 2;
+
     enum class Face { regular, italic, monospaced };
 
     /// Distances in points. `indent` moves every line, `hanging` all lines but the first.

@@ -115,11 +115,15 @@ void HandoverRow::setTicked(bool ticked) {
 
 bool HandoverRow::eventFilter(QObject* watched, QEvent* event) {
     // The title is the checkbox's label.
-    if (event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton &&
-        static_cast<QWidget*>(watched)->rect().contains(
-            static_cast<QMouseEvent*>(event)->position().toPoint()))
-        m_box->click();
+    const bool press = event->type() == QEvent::MouseButtonPress;
+    if (press || event->type() == QEvent::MouseButtonRelease) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const bool inside = static_cast<QWidget*>(watched)->rect().contains(mouse->position().toPoint());
+        if (mouse->button() == Qt::LeftButton) {
+            if (!press && inside) m_box->click();
+            return true;
+        }
+    }
     return QWidget::eventFilter(watched, event);
 }
 

@@ -16,9 +16,8 @@ namespace {
 
 enum Fact { serialNumber, modelID, deviceManagement, storage };
 
-constexpr int factRow = 26;
-constexpr int factLabel = 160;
-constexpr int underFacts = 9;
+constexpr FactGrid::Look factLook{.labelWidth = 160, .gap = 6, .rowHeight = 26};
+constexpr int aboveFacts = 13;
 
 QString text(const std::string& words) {
     return QString::fromStdString(words);
@@ -26,16 +25,13 @@ QString text(const std::string& words) {
 
 // A page knows another Panel, the frame shape of its base.
 Panel* makePanel() {
-    return new Panel;
+    return new Panel(Panel::Kind::list);
 }
 
 } // namespace
 
 PickupView::PickupView(const PageContext& context, QWidget* parent)
-    : ScrollColumn(parent, Width::columnNarrow),
-      m_model(context.model),
-      m_facts(new FactGrid(FactGrid::Look{.labelWidth = factLabel, .rowHeight = factRow})),
-      m_steps(new Column) {
+    : ScrollColumn(parent, Width::columnNarrow), m_model(context.model), m_steps(new Column) {
     add(new PageHeader(QString::fromUtf8(title(Page::pickup)), QString::fromUtf8(symbol(Page::pickup))));
     auto* how = new TextLabel(
         tr("Buying this Mac? A PDF can be edited, so rerun the quick tests here and compare them "
@@ -44,16 +40,25 @@ PickupView::PickupView(const PageContext& context, QWidget* parent)
     add(how, PageHead::howGap);
     column().setMaximumItemWidth(how, theme().scaled(PageHead::howWidth));
 
-    m_facts->addFact(tr("Serial number"), {}, true);
-    m_facts->addFact(tr("Model ID"));
-    m_facts->addFact(tr("Device management"));
-    m_facts->addFact(tr("Storage"));
-    auto* facts = makePanel();
-    facts->add(m_facts);
-    facts->add(new TextLabel(tr("Also open Apple menu › About This Mac: its serial number should match."),
-                             TextRole::callout, ColorRole::text2),
-               underFacts);
-    add(facts, Space::block);
+    auto* facts = new Column;
+    facts->column().setContentsMargins(Space::block, aboveFacts, Space::block, Space::m);
+    for (const QString& label :
+         {tr("Serial number"), tr("Model ID"), tr("Device management"), tr("Storage")}) {
+        // One grid each: no dividers stand between these.
+        auto* fact = new FactGrid(factLook);
+        fact->addFact(label, {}, m_facts.empty());
+        facts->add(fact);
+        m_facts.push_back(fact);
+    }
+    auto* also = new Column;
+    also->column().setContentsMargins(Space::block, Space::m, Space::block, Space::s);
+    also->add(new TextLabel(tr("Also open Apple menu › About This Mac: its serial number should match."),
+                            TextRole::callout, ColorRole::text2));
+    auto* panel = makePanel();
+    panel->add(facts);
+    panel->add(new Divider);
+    panel->add(also);
+    add(panel, Space::block);
     add(m_steps, Space::block);
     add(new TextLabel(tr("Also worth a look: Activation Lock (on the This Mac page) and the trackpad, ports "
                          "and microphones if you have time."),
@@ -75,11 +80,12 @@ std::optional<Page> PickupView::pageOf(const std::string& stepTitle) {
 
 void PickupView::follow() {
     const MachineInfo& machine = m_model.state().machine;
-    m_facts->setValue(serialNumber, machine.serial ? text(*machine.serial) : tr("Couldn't read it"));
+    const auto setFact = [this](Fact fact, const QString& value) { m_facts[fact]->setValue(0, value); };
+    setFact(serialNumber, machine.serial ? text(*machine.serial) : tr("Couldn't read it"));
     const std::string name = machine.displayName();
-    m_facts->setValue(modelID, text(name == machine.modelID ? name : name + ", " + machine.modelID));
-    m_facts->setValue(deviceManagement, text(m_model.result(TestID::enrollment).summary));
-    m_facts->setValue(storage, machine.storageText() ? text(*machine.storageText()) : tr("Couldn't read it"));
+    setFact(modelID, text(name == machine.modelID ? name : name + ", " + machine.modelID));
+    setFact(deviceManagement, text(m_model.result(TestID::enrollment).summary));
+    setFact(storage, machine.storageText() ? text(*machine.storageText()) : tr("Couldn't read it"));
 
     const auto steps = ReportAssembler::pickupSteps(machine, Rules::results(m_model.state()));
     if (steps != m_shown || m_rows.empty()) makeRows(steps);

@@ -24,7 +24,7 @@ private:
     void makeRows(const std::vector<PickupStep>& steps);
 
     AppModel& m_model;
-    FactGrid* m_facts;
+    std::vector<FactGrid*> m_facts; ///< one fact each
     Column* m_steps;
     std::vector<PickupStep> m_shown;
     std::vector<PickupRow*> m_rows;

@@ -10,8 +10,6 @@
 #include "app/pages/writeup/WriteUpSheet.h"
 #include "kit/listing/Strings.h"
 
-#include <QElapsedTimer>
-
 namespace tessivo {
 
 namespace {
@@ -20,8 +18,6 @@ constexpr int dividerWidth = 1;
 constexpr int leastControls = 280;
 constexpr int messageLines = 2;
 constexpr std::chrono::milliseconds frame(16);
-// Of the time between two rebuilds, one part for the rebuild and this many for the person.
-constexpr int shareOfPerson = 3;
 
 } // namespace
 
@@ -46,6 +42,14 @@ ReportPage::ReportPage(const PageContext& context, QWidget* parent)
     connect(m_notes, &GrowingTextField::textEdited, this,
             [this](const QString& text) { m_context.model.setNotes(text.toStdString()); });
     showMessage();
+}
+
+ReportPage::~ReportPage() {
+    // The sheet stands in the window and would outlive its page.
+    if (!m_writeUp) return;
+    disconnect(&m_context.model, nullptr, this, nullptr);
+    m_context.model.setShowWriteUp(false);
+    delete m_writeUp;
 }
 
 void ReportPage::makeControls() {
@@ -83,21 +87,17 @@ void ReportPage::makeControls() {
 
 void ReportPage::follow() {
     if (!isVisible() || m_nextRebuild) return;
-    m_nextRebuild = m_context.model.platform().scheduler().after(
-        std::max(frame, shareOfPerson * m_rebuildTook), [this] { rebuild(); });
+    m_nextRebuild = m_context.model.platform().scheduler().after(frame, [this] { rebuild(); });
 }
 
 void ReportPage::rebuild() {
     m_nextRebuild.reset();
-    QElapsedTimer timer;
-    timer.start();
     const ConditionReport report = m_context.model.makeReport();
     const std::string tally = report.countsText();
     m_tally->setText(tally.empty() ? tr("No results yet.") : QString::fromStdString(tally));
     m_unfinished->setVisible(report.count(TestStatus::notRun) + report.count(TestStatus::unfinished) > 0);
     m_notes->setText(QString::fromStdString(m_context.model.notes()));
     m_sheet->setReport(report);
-    m_rebuildTook = std::chrono::milliseconds(timer.elapsed());
 }
 
 void ReportPage::showMessage() {
@@ -105,10 +105,14 @@ void ReportPage::showMessage() {
 }
 
 void ReportPage::showWriteUp() {
-    if (!m_context.model.showWriteUp() || !isVisible() || m_writeUp) return;
-    m_writeUp = new WriteUpSheet(m_context, m_context.model.makeReport(), window());
-    connect(m_writeUp, &Sheet::dismissed, m_writeUp, &QObject::deleteLater);
-    m_writeUp->show();
+    const bool wanted = m_context.model.showWriteUp() && isVisible();
+    if (wanted && !m_writeUp) {
+        m_writeUp = new WriteUpSheet(m_context, m_context.model.makeReport(), window());
+        connect(m_writeUp, &Sheet::dismissed, m_writeUp, &QObject::deleteLater);
+        m_writeUp->show();
+    } else if (!wanted && m_writeUp) {
+        std::exchange(m_writeUp, nullptr)->deleteLater();
+    }
 }
 
 void ReportPage::showEvent(QShowEvent* event) {

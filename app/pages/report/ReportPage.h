@@ -21,6 +21,7 @@ class ReportPage final : public QWidget {
 
 public:
     explicit ReportPage(const PageContext& context, QWidget* parent = nullptr);
+    ~ReportPage() override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -43,7 +44,6 @@ private:
     GrowingTextField* m_notes;
     TextLabel* m_message;
     QPointer<WriteUpSheet> m_writeUp;
-    std::chrono::milliseconds m_rebuildTook{0};
 };
 
 } // namespace tessivo
