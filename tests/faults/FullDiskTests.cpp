@@ -1,9 +1,8 @@
-#include "tests/TemporaryFolder.h"
+#include "tests/SmallDisk.h"
 #include "tests/faults/Reports.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <system_error>
@@ -11,25 +10,6 @@
 
 namespace tessivo {
 namespace {
-
-/// A small disk of its own in memory, where the system lets us mount one.
-class SmallDisk final {
-public:
-    explicit SmallDisk(std::size_t bytes) {
-        const std::string options = "size=" + std::to_string(bytes) + ",mode=0755";
-        m_isMounted = ::mount("tmpfs", m_folder.path().c_str(), "tmpfs", 0, options.c_str()) == 0;
-    }
-    ~SmallDisk() {
-        if (m_isMounted) ::umount2(m_folder.path().c_str(), MNT_DETACH);
-    }
-
-    bool isMounted() const { return m_isMounted; }
-    const TemporaryFolder& folder() const { return m_folder; }
-
-private:
-    TemporaryFolder m_folder;
-    bool m_isMounted = false;
-};
 
 TEST(FullDisk, atEveryStepTheOldReportStandsAndTheFaultIsTold) {
     constexpr std::size_t step = 4096, size = 64 * step;
