@@ -85,7 +85,7 @@ void writeSpecs(ReportWriter& writer, const MachineInfo& machine) {
 
 void writeResult(ReportWriter& writer, const TestResult& result) {
     const StatusLook status = look(result.status);
-    writer.paragraph({.before = 6, .after = 1, .tabs = rowTabs});
+    writer.paragraph({.before = 6, .after = 1, .tabs = rowTabs, .heading = true});
     writer.symbol(status.glyph, {.size = 11, .weight = QFont::Bold, .color = status.color});
     writer.run("\t", {});
     writer.run(title(result.test), {.weight = QFont::DemiBold});
@@ -105,7 +105,7 @@ void writeResult(ReportWriter& writer, const TestResult& result) {
 }
 
 void writeSectionHeading(ReportWriter& writer, const std::string& text, double after) {
-    writer.paragraph({.before = 16, .after = after});
+    writer.paragraph({.before = 16, .after = after, .heading = true});
     writer.run(text, {.size = 13, .weight = QFont::Bold});
 }
 
@@ -158,7 +158,7 @@ std::unique_ptr<QTextDocument> build(const ConditionReport& report, const std::s
     ReportWriter writer(limits);
     writeHead(writer, report, timeZone);
     writeSpecs(writer, report.machine);
-    writer.paragraph({.after = 8});
+    writer.paragraph({.after = 8, .heading = true});
     writer.run("Results: " + report.countsText(), {.size = 13, .weight = QFont::Bold});
     for (const TestResult& result : report.results)
         writeResult(writer, result);
@@ -187,6 +187,7 @@ std::unique_ptr<QTextDocument> paged(const ConditionReport& report, QSizeF paper
     auto document = build(report, timeZone, {});
     document->setDocumentMargin(ReportWriter::lengthOf(margin));
     document->setPageSize(paper * unitsPerPoint);
+    ReportWriter::keepHeadings(*document);
     return document;
 }
 

@@ -165,6 +165,25 @@ TEST(ReportPDF, breaksPagesBetweenLinesAndPrintsNoneTwice) {
     }
 }
 
+TEST(ReportPDF, leavesNoHeadingBehindOnItsPage) {
+    int moved = 0;
+    for (int details = 0; details < 24; ++details) {
+        ConditionReport report = sampleReport();
+        report.results[0].details.assign(std::size_t(details), "a detail");
+        const QStringList pages =
+            poppler("pdftotext", {QStringLiteral("-layout")}, pdfOf(report)).split(u'\f', Qt::SkipEmptyParts);
+        ASSERT_GE(pages.size(), 2);
+        for (const QString& page : pages) {
+            const QString last = page.trimmed().section(u'\n', -1).simplified();
+            EXPECT_FALSE(last.startsWith(u'✓') || last.startsWith(u'✕')) << details << last.toStdString();
+            EXPECT_NE(last, "Seller's notes") << details;
+            EXPECT_FALSE(last.startsWith(QStringLiteral("Before handover"))) << details;
+            moved += page.trimmed().startsWith(u'✓');
+        }
+    }
+    EXPECT_GE(moved, 3) << "some would have stood at the end";
+}
+
 TEST(ReportPDF, onAFullDiskNoFileStandsUnderTheNameAndAnOldOneStays) {
     const TemporaryFolder folder;
     const ConditionReport report = sampleReport();
