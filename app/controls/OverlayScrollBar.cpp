@@ -9,6 +9,7 @@ OverlayScrollBar::OverlayScrollBar(QAbstractScrollArea* area) : QScrollBar(Qt::V
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->installEventFilter(this);
+    area->viewport()->installEventFilter(this);
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::ArrowCursor);
@@ -23,7 +24,8 @@ OverlayScrollBar::OverlayScrollBar(QAbstractScrollArea* area) : QScrollBar(Qt::V
 void OverlayScrollBar::copyRange() {
     const QScrollBar* own = m_area->verticalScrollBar();
     setRange(own->minimum(), own->maximum());
-    setPageStep(own->pageStep());
+    // The area tells its range before it sets its own step.
+    setPageStep(m_area->viewport()->height());
     setSingleStep(own->singleStep());
     setValue(own->value());
     setVisible(own->maximum() > own->minimum());

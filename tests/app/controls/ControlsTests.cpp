@@ -6,6 +6,7 @@
 #include "app/controls/FactGrid.h"
 #include "app/controls/ListRows.h"
 #include "app/controls/Meters.h"
+#include "app/controls/OverlayScrollBar.h"
 #include "app/controls/Picker.h"
 #include "app/controls/ScrollColumn.h"
 #include "app/controls/SegmentedPicker.h"
@@ -267,6 +268,10 @@ TEST(ScrollColumn, centresItsColumnAndKeepsTheFocusInSight) {
     settle();
     EXPECT_EQ(first->mapTo(&page, QPoint()), QPoint(28, 28));
     EXPECT_EQ(first->width(), 620 - 2 * 28) << "the thumb lies in the padding";
+    const auto* bar = page.findChild<OverlayScrollBar*>();
+    ASSERT_TRUE(bar && bar->isVisible());
+    EXPECT_EQ(bar->pageStep(), 400) << "as long as what is seen of the whole";
+    EXPECT_EQ(bar->pageStep() + bar->maximum(), page.widget()->height());
 
     last->setFocus(Qt::TabFocusReason);
     settle();
