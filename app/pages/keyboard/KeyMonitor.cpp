@@ -26,7 +26,13 @@ bool KeyMonitor::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyRelease:
         return handleKey(event);
     case QEvent::Shortcut:
+    case QEvent::InputMethod:
         return m_capture.running();
+    case QEvent::InputMethodQuery:
+        if (!m_capture.running()) return false;
+        // An input method would take keys for itself before any of them is seen here.
+        static_cast<QInputMethodQueryEvent*>(event)->setValue(Qt::ImEnabled, false);
+        return true;
     case QEvent::ContextMenu:
         return m_capture.running() &&
                static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;

@@ -10,9 +10,9 @@ namespace tessivo {
 class KeyCodes;
 
 /// Gives every key event of the program to a running KeyCapture and to nobody else: presses, releases,
-/// repeats, menu shortcuts, Alt, Tab and Return. Keys that went down in a run are kept from the program
-/// until they come up, also past its end. While another program has the keyboard nothing arrives, and the
-/// run waits. Main thread.
+/// repeats, menu shortcuts, Alt, Tab and Return; while it runs no input method takes part. Keys that went
+/// down in a run are kept from the program until they come up, also past its end. While another program has
+/// the keyboard nothing arrives, and the run waits. Main thread.
 class KeyMonitor final : public QObject {
     Q_OBJECT
 public:

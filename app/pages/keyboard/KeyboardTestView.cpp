@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QHideEvent>
+#include <QInputMethod>
 
 namespace tessivo {
 namespace {
@@ -172,6 +173,8 @@ void KeyboardTestView::captureChanged() {
         m_start->setLabel(running ? QStringLiteral("Stop") : QStringLiteral("Start"),
                           running ? QStringLiteral("stop.fill") : QStringLiteral("play.fill"));
         m_runningLine->setVisible(running);
+        // The monitor's answer for whatever has the focus is another one now.
+        QGuiApplication::inputMethod()->update(Qt::ImEnabled);
     }
     m_diagram->show(m_model.state().keyboard, running, m_capture.flash());
 }

@@ -109,6 +109,31 @@ TEST_F(KeyboardPageTest, aKeyHeldPastTheEndStaysSwallowedUntilItComesUp) {
     EXPECT_EQ(note->text(), QStringLiteral("a"));
 }
 
+TEST_F(KeyboardPageTest, noInputMethodTakesPartInARun) {
+    auto* note = findByName<GrowingTextField>(view.get(), QStringLiteral("Problem note for Keyboard"));
+    ASSERT_TRUE(note);
+    const auto takesPart = [note] {
+        QInputMethodQueryEvent query(Qt::ImEnabled);
+        QApplication::sendEvent(note, &query);
+        return query.value(Qt::ImEnabled).toBool();
+    };
+    const auto commit = [note](const char* text) {
+        QInputMethodEvent event;
+        event.setCommitString(QString::fromUtf8(text));
+        QApplication::sendEvent(note, &event);
+    };
+    EXPECT_TRUE(takesPart());
+    start();
+    note->setFocus();
+    EXPECT_FALSE(takesPart()) << "a dead key would never be seen";
+    commit("é");
+    EXPECT_EQ(note->text(), QString());
+    ASSERT_TRUE(press("Stop"));
+    EXPECT_TRUE(takesPart());
+    commit("é");
+    EXPECT_EQ(note->text(), QStringLiteral("é"));
+}
+
 TEST_F(KeyboardPageTest, theLayoutDecidesTheTwoSwappedKeys) {
     start();
     type(Scan::leftOfOne);
