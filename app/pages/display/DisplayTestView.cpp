@@ -43,6 +43,7 @@ DisplayTestView::DisplayTestView(const PageContext& context, Screens screens, QW
     add(makeQuestion(), Space::block);
 
     connect(qApp, &QGuiApplication::screenAdded, this, &DisplayTestView::listScreens);
+    connect(qApp, &QGuiApplication::primaryScreenChanged, this, &DisplayTestView::listScreens);
     // The list still holds the screen while its going is told.
     connect(qApp, &QGuiApplication::screenRemoved, this, &DisplayTestView::listScreens, Qt::QueuedConnection);
     connect(&m_model, &AppModel::stateChanged, this, &DisplayTestView::follow);

@@ -160,6 +160,11 @@ TEST_F(DisplayPageTest, severalScreensAreChosenByName) {
     screens = {screen, screen};
     Q_EMIT qApp->screenAdded(screen);
     EXPECT_EQ(on->currentIndex(), 1) << "past the end is the last one";
+    screens = {screen, screen, screen};
+    Q_EMIT qApp->primaryScreenChanged(screen);
+    EXPECT_EQ(on->count(), 3) << "another order, other names at the same places";
+    EXPECT_EQ(on->currentIndex(), 2);
+    screens = {screen, screen};
     show();
     strike(Scan::escape, colors());
     screens.clear();
