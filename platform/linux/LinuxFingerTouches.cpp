@@ -157,8 +157,9 @@ void LinuxFingerTouches::stop() {
 void LinuxFingerTouches::lookForTouchpads() {
     std::erase_if(m_touchpads, [](const auto& touchpad) { return touchpad->isGone(); });
     std::error_code error; // no such folder, or none that may be read: no touchpads
-    for (const auto& entry : std::filesystem::directory_iterator(m_devices, error)) {
-        const auto& path = entry.path();
+    for (std::filesystem::directory_iterator entry(m_devices, error), end; entry != end;
+         entry.increment(error)) {
+        const auto path = entry->path();
         const bool known = std::ranges::any_of(
             m_touchpads, [&path](const auto& touchpad) { return touchpad->path() == path; });
         if (known || !path.filename().string().starts_with("event")) continue;
