@@ -44,6 +44,9 @@ void CamerasView::hideEvent(QHideEvent* event) {
 void CamerasView::makeRows() {
     m_list->clearRows();
     m_rows.clear();
+    const auto inUse = m_monitor.showing();
+    if (inUse && std::ranges::count(m_list->devices(), *inUse, &CaptureDevice::uniqueID) == 0)
+        m_monitor.stop();
     for (const CaptureDevice& device : m_list->devices()) {
         auto* row = new CameraRow(QString::fromStdString(device.localizedName), m_monitor,
                                   m_model.platform().scheduler());

@@ -5,6 +5,8 @@
 #include "app/readers/CaptureAccess.h"
 #include "kit/rules/Rules.h"
 
+#include <algorithm>
+
 namespace tessivo {
 
 namespace {
@@ -16,6 +18,15 @@ std::vector<std::string> denial(MediaType type) {
     const auto result = type == MediaType::video ? Rules::cameras({}, false, true, std::nullopt)
                                                  : Rules::microphones({}, false, true, std::nullopt);
     return result.details;
+}
+
+/// The readings with those of new devices behind them; of devices that have gone too.
+template <class Reading>
+std::vector<Reading> extended(const std::vector<Reading>& old, const std::vector<CaptureDevice>& devices) {
+    std::vector<Reading> readings = old;
+    for (Reading& reading : relisted(old, devices))
+        if (std::ranges::count(old, reading.id, &Reading::id) == 0) readings.push_back(std::move(reading));
+    return readings;
 }
 
 TextLabel* sentence(const QString& text) {
@@ -65,6 +76,8 @@ void CaptureDeviceList::addRow(QWidget* row) {
 
 void CaptureDeviceList::appear() {
     m_open = true;
+    m_listed = false;
+    m_lost = false;
     withAccess([this] { list(); });
 }
 
@@ -92,12 +105,15 @@ void CaptureDeviceList::write(bool denied) {
         [=](SessionState& state) { (video ? state.cameraDenied : state.microphoneDenied) = denied; });
 }
 
-void CaptureDeviceList::list() {
-    const bool video = m_type == MediaType::video;
+std::vector<CaptureDevice> CaptureDeviceList::listDevices() const {
     auto& platform = m_model.platform().captureDevices();
-    auto devices = video ? listCameras(platform) : listMicrophones(platform);
+    return m_type == MediaType::video ? listCameras(platform) : listMicrophones(platform);
+}
+
+void CaptureDeviceList::list() {
+    auto devices = listDevices();
     SessionState state = m_model.state();
-    if (video) {
+    if (m_type == MediaType::video) {
         state.cameras = relisted(state.cameras, devices);
         state.camerasListed = true;
     } else {
@@ -105,15 +121,18 @@ void CaptureDeviceList::list() {
         state.microphonesListed = true;
     }
     if (state != m_model.state()) m_model.setState(std::move(state));
+    m_listed = true;
+    take(std::move(devices));
+    lookAgainSoon();
+}
+
+void CaptureDeviceList::take(std::vector<CaptureDevice> devices) {
+    m_lost = m_lost || devices.empty();
     if (devices != m_devices) {
         m_devices = std::move(devices);
         Q_EMIT devicesChanged();
     }
     showOnly(m_devices.empty() ? m_empty : m_rows);
-    if (m_devices.empty())
-        lookAgainSoon();
-    else
-        m_next.reset();
 }
 
 void CaptureDeviceList::lookAgainSoon() {
@@ -121,11 +140,32 @@ void CaptureDeviceList::lookAgainSoon() {
 }
 
 void CaptureDeviceList::lookAgain() {
-    // Only what is known already: a look by itself never brings up the system's question.
-    if (m_model.platform().captureDevices().authorizationStatus(m_type) != AuthorizationStatus::authorized)
-        return lookAgainSoon();
+    lookAgainSoon();
+    auto& platform = m_model.platform().captureDevices();
+    const AuthorizationStatus status = platform.authorizationStatus(m_type);
+    // Only what is known already: a look by itself never brings up the system's question. Access that was
+    // given once has been answered; the platform then only has to find its devices.
+    if (status == AuthorizationStatus::notDetermined && m_listed)
+        return requestCaptureAccess(platform, m_type, this, [](bool) {});
+    if (status != AuthorizationStatus::authorized) return;
     write(false);
-    list();
+    if (!m_listed) return list();
+
+    auto devices = listDevices();
+    const auto isNew = [this](const CaptureDevice& device) {
+        return std::ranges::count(m_devices, device.uniqueID, &CaptureDevice::uniqueID) == 0;
+    };
+    // After a loss devices may come back one after the other.
+    const bool back = m_lost && std::ranges::any_of(devices, isNew);
+    if (back) {
+        SessionState state = m_model.state();
+        if (m_type == MediaType::video)
+            state.cameras = extended(state.cameras, devices);
+        else
+            state.microphones = extended(state.microphones, devices);
+        if (state != m_model.state()) m_model.setState(std::move(state));
+    }
+    take(back || devices.empty() ? std::move(devices) : m_devices);
 }
 
 void CaptureDeviceList::showOnly(QWidget* part) {

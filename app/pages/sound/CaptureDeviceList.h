@@ -9,9 +9,10 @@ namespace tessivo {
 class Button;
 
 /// What the pages of microphones and cameras share. When the page appears it asks for access; it tells of a
-/// denial and of the lack of devices, and lists the devices into the session. While there is nothing to show
-/// it looks once a second, so that a device plugged in, or access given in the settings, is found; a list
-/// with devices stays as it is, for a device that drops out would lose its reading. The owner makes the rows.
+/// denial and of the lack of devices, and lists the devices into the session. Once a second it looks again: a
+/// device plugged in where there was none, or access given in the settings, is found, and a list that has
+/// become empty is told. A list with devices stays as it is, also when one drops out. No reading is lost
+/// until the page is opened anew. The owner makes the rows.
 class CaptureDeviceList final : public Column {
     Q_OBJECT
 
@@ -36,15 +37,20 @@ Q_SIGNALS:
 
 private:
     void write(bool denied);
+    /// The list at the page's beginning: a device that has gone loses its reading.
     void list();
     void lookAgainSoon();
     void lookAgain();
+    void take(std::vector<CaptureDevice> devices);
+    std::vector<CaptureDevice> listDevices() const;
     /// What stands in the place of the rows, or the rows.
     void showOnly(QWidget* part);
 
     AppModel& m_model;
     MediaType m_type;
     bool m_open = false;
+    bool m_listed = false; ///< since the page was opened
+    bool m_lost = false;   ///< since then the list was empty
     std::vector<CaptureDevice> m_devices;
     Panel* m_rows;
     Panel* m_empty;

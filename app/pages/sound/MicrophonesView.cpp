@@ -45,6 +45,9 @@ void MicrophonesView::hideEvent(QHideEvent* event) {
 void MicrophonesView::makeRows() {
     m_list->clearRows();
     m_rows.clear();
+    const auto inUse = m_monitor.listening();
+    if (inUse && std::ranges::count(m_list->devices(), *inUse, &CaptureDevice::uniqueID) == 0)
+        m_monitor.stop();
     for (const CaptureDevice& device : m_list->devices()) {
         auto* row = new MicrophoneRow(QString::fromStdString(device.localizedName));
         connect(row, &MicrophoneRow::toggled, this, [this, device] { toggle(device); });

@@ -127,6 +127,46 @@ TEST_P(CapturePagesTests, aMacWithoutADeviceSaysSoUntilOneIsPluggedIn) {
     EXPECT_FALSE(shown(is.noneFound));
 }
 
+TEST_P(CapturePagesTests, aListThatBecomesEmptyIsToldAndComesBackWithItsReadings) {
+    controls->addDevice(is.type, {"other", "Other"});
+    openPage();
+    const auto session = [&] {
+        model->change([&](SessionState& changed) {
+            if (is.type == MediaType::audio)
+                changed.microphones[1].peak = -20;
+            else
+                changed.cameras[1].answer = ManualAnswer::works;
+        });
+        return state();
+    }();
+    EXPECT_TRUE(press(is.device, is.open));
+    EXPECT_TRUE(opened(is.id));
+    for (const char* id : {is.id, "other"})
+        controls->removeDevice(is.type, id);
+    pass(1s);
+    EXPECT_TRUE(shown(is.noneFound));
+    EXPECT_FALSE(shown(is.device) || shown("Other"));
+    EXPECT_TRUE(released(is.id));
+    EXPECT_EQ(state(), session);
+    expectWhole();
+
+    controls->addDevice(is.type, {is.id, is.device});
+    pass(1s);
+    EXPECT_TRUE(shown(is.device));
+    EXPECT_FALSE(shown(is.noneFound));
+    EXPECT_EQ(state(), session) << "the one that isn't back yet keeps its reading";
+    EXPECT_TRUE(press(is.device, is.open));
+    EXPECT_TRUE(opened(is.id));
+    controls->addDevice(is.type, {"other", "Other"});
+    controls->addDevice(is.type, {"new", "New"});
+    pass(1s);
+    EXPECT_TRUE(shown("Other") && shown("New"));
+    EXPECT_NE(button(is.device, is.close), nullptr) << "still open";
+    EXPECT_EQ(readings(), 3u);
+    EXPECT_TRUE(press("Other", is.open));
+    EXPECT_TRUE(opened("other"));
+}
+
 TEST_P(CapturePagesTests, theTabKeyReachesTheRowsInTheOrderOfThePage) {
     controls->addDevice(is.type, {"other", "Other"});
     openPage();
