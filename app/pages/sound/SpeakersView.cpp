@@ -11,6 +11,12 @@
 
 namespace tessivo {
 
+namespace {
+
+constexpr auto pollInterval = std::chrono::seconds(1);
+
+} // namespace
+
 const char* const SpeakersView::how =
     "Turn the volume up to about half. Play each side and listen: the tone should come only from that side, "
     "clear, with no buzz or rattle. Unplug headphones first.";
@@ -49,12 +55,15 @@ void SpeakersView::showEvent(QShowEvent* event) {
     Column::showEvent(event);
     if (event->spontaneous()) return;
     m_player.emplace(m_model.platform().toneOutput());
-    readOutput();
+    m_poll = std::make_unique<Poll>(m_model.platform().scheduler(), pollInterval, [this] { readOutput(); });
 }
 
 void SpeakersView::hideEvent(QHideEvent* event) {
     // A window that is only minimised keeps its page open.
-    if (!event->spontaneous()) m_player.reset();
+    if (!event->spontaneous()) {
+        m_poll.reset();
+        m_player.reset();
+    }
     Column::hideEvent(event);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/controls/WrapRow.h"
+#include "app/model/Poll.h"
 #include "app/pages/PageContext.h"
 #include "app/readers/TonePlayer.h"
 
@@ -10,7 +11,7 @@ class TextLabel;
 class ToneBlock;
 
 /// The speaker test: a tone on each side of the system's output, or one tone where the output has a single
-/// channel, and what the person heard.
+/// channel, and what the person heard. While it is open it follows the output.
 class SpeakersView final : public Column {
     Q_OBJECT
 
@@ -36,6 +37,7 @@ private:
     ToneBlock* m_right;
     ToneBlock* m_both;
     TextLabel* m_oneChannel;
+    std::unique_ptr<Poll> m_poll;
 };
 
 } // namespace tessivo

@@ -74,6 +74,29 @@ TEST_F(SpeakersTests, whatIsToldFitsWhatIsHeard) {
     EXPECT_EQ(state().speakers.left, ManualAnswer::works) << "answers stay";
 }
 
+TEST_F(SpeakersTests, anOpenPageFollowsTheOutput) {
+    open(Page::speakers);
+    press("Left speaker", "Heard it clearly?");
+    output().name = "Another Speaker";
+    output().format.channelCount = 1;
+    pass(std::chrono::seconds(1));
+    EXPECT_TRUE(shown("Playing through: Another Speaker"));
+    EXPECT_NE(button("Speaker", "Play Tone"), nullptr);
+    controls->facts().audio.reset();
+    pass(std::chrono::seconds(1));
+    EXPECT_EQ(state().speakers.outputName, std::nullopt);
+    EXPECT_EQ(state().speakers.channels, 1);
+    EXPECT_EQ(state().speakers.left, ManualAnswer::works) << "answers stay";
+    pass(std::chrono::seconds(2));
+    const auto writes = controls->defaultsWrites();
+    pass(std::chrono::seconds(60));
+    EXPECT_EQ(controls->defaultsWrites(), writes) << "nothing is written without a change";
+    close();
+    controls->insertHeadphones(SimulatedControls::JackForm::separateDevice);
+    pass(std::chrono::seconds(5));
+    EXPECT_EQ(state().speakers.outputName, std::nullopt) << "nothing is read while the page is closed";
+}
+
 TEST_F(SpeakersTests, withoutAnOutputThePageStaysUsable) {
     controls->facts().audio.reset();
     open(Page::speakers);
