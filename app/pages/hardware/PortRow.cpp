@@ -14,6 +14,7 @@ namespace tessivo {
 namespace {
 
 constexpr double activeTint = 7; // percent
+constexpr int portNameWidth = 58;
 
 } // namespace
 
@@ -36,10 +37,15 @@ void HardwareRow::setSymbol(const QString& symbol, ColorRole color) {
     m_symbol->setSymbol(symbol, color);
 }
 
-void HardwareRow::setTexts(const QString& name, const QString& text, ColorRole color) {
+void HardwareRow::setTexts(const QString& name, const QString& text, ColorRole color, TextOf of) {
     m_name->setText(name);
+    m_text->setMaximumLines(of == TextOf::device ? 1 : 0);
     m_text->setText(text);
     m_text->setColorRole(color);
+}
+
+void HardwareRow::setNameWidth(int width) {
+    m_name->setMinimumWidth(Theme::current().scaled(width));
 }
 
 void HardwareRow::setActive(bool active) {
@@ -76,6 +82,7 @@ PortRow::PortRow(QWidget* parent)
     : HardwareRow(Height::portRow, parent),
       m_nothing(new Button(tr("Nothing Shows Up"))),
       m_test(new Button(tr("Test This Port"))) {
+    setNameWidth(portNameWidth);
     addButton(m_nothing);
     addButton(m_test);
     connect(m_nothing, &Button::clicked, this, &PortRow::nothingShowsUp);
@@ -95,7 +102,7 @@ void PortRow::setSlot(const PortSlot& slot, bool active) {
         setSymbol(QStringLiteral("circle"), ColorRole::grayGlyph);
 
     if (slot.device)
-        setTexts(name, QString::fromStdString(slot.device->name), ColorRole::text1);
+        setTexts(name, QString::fromStdString(slot.device->name), ColorRole::text1, TextOf::device);
     else if (problem)
         setTexts(name, tr("Nothing showed up"), ColorRole::red);
     else if (active)

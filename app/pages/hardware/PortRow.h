@@ -19,7 +19,11 @@ public:
     explicit HardwareRow(int height, QWidget* parent = nullptr);
 
     void setSymbol(const QString& symbol, ColorRole color);
-    void setTexts(const QString& name, const QString& text, ColorRole color);
+    /// A text that comes from a device takes one line and is elided; a text of the page's own wraps.
+    enum class TextOf { page, device };
+    void setTexts(const QString& name, const QString& text, ColorRole color, TextOf of = TextOf::page);
+    /// The least width of the name, so that the texts of all rows begin at one place.
+    void setNameWidth(int width);
     /// Marked as the one that waits for a device.
     void setActive(bool active);
     /// Whether the row touches the card's upper and lower edge, whose corners its tint follows.

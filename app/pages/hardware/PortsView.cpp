@@ -9,6 +9,8 @@
 #include "app/pages/hardware/PortRow.h"
 #include "app/readers/Readers.h"
 
+#include <algorithm>
+
 namespace tessivo {
 
 namespace {
@@ -16,6 +18,8 @@ namespace {
 constexpr auto pollInterval = std::chrono::seconds(1);
 constexpr int stepperLabelWidth = 182;
 constexpr int sectionGap = 24;
+/// A stored session may hold any number of slots; they are kept, and no more than these are shown.
+constexpr std::size_t mostRows = 64;
 
 } // namespace
 
@@ -81,18 +85,21 @@ void PortsView::showChecklist() {
     const PortChecklist& checklist = m_model.state().ports;
     m_count->setValue(int(checklist.slots.size()));
     m_clear->setEnabled(checklist.hasActivity());
-    if (m_rows.size() != checklist.slots.size()) {
+    const std::size_t rows = std::min(checklist.slots.size(), mostRows);
+    if (m_rows.size() != rows) {
         m_slots->clear();
         m_rows.clear();
-        for (const PortSlot& slot : checklist.slots) {
+        for (std::size_t i = 0; i < rows; ++i) {
             auto* row = new PortRow;
-            const auto id = slot.id;
-            connect(row, &PortRow::testThis, this,
-                    [this, id] { m_model.change([=](SessionState& state) { state.ports.active = id; }); });
-            connect(row, &PortRow::nothingShowsUp, this, [this, id] {
-                m_model.change([=](SessionState& state) { state.ports.answer(id, ManualAnswer::problem); });
+            connect(row, &PortRow::testThis, this, [this, i] {
+                m_model.change([i](SessionState& state) { state.ports.active = state.ports.slots.at(i).id; });
             });
-            row->setEdges(&slot == &checklist.slots.front(), &slot == &checklist.slots.back());
+            connect(row, &PortRow::nothingShowsUp, this, [this, i] {
+                m_model.change([i](SessionState& state) {
+                    state.ports.answer(state.ports.slots.at(i).id, ManualAnswer::problem);
+                });
+            });
+            row->setEdges(i == 0, i + 1 == rows);
             m_slots->addRow(row);
             m_rows.push_back(row);
         }
@@ -116,7 +123,7 @@ void PortsView::showConnected() {
                                       : QStringLiteral("cable.connector"),
                        ColorRole::text2);
         row->setTexts(QString::fromStdString(device.name), QString::fromStdString(device.vendor.value_or("")),
-                      ColorRole::text2);
+                      ColorRole::text2, HardwareRow::TextOf::device);
         m_devices->addRow(row);
     }
 }

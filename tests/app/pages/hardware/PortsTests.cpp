@@ -1,5 +1,6 @@
 #include "app/controls/Button.h"
 #include "app/controls/Stepper.h"
+#include "app/pages/hardware/PortRow.h"
 #include "tests/app/pages/PageFixture.h"
 
 using namespace tessivo;
@@ -116,6 +117,30 @@ TEST_F(PortsTests, anOpenPageWritesOnlyWhenSomethingChanged) {
     const auto writes = controls->defaultsWrites();
     pass(60s);
     EXPECT_EQ(controls->defaultsWrites(), writes);
+}
+
+TEST_F(PortsTests, aSessionOfAHundredThousandSlotsIsKeptAndItsFirstAreShown) {
+    PortChecklist stored;
+    for (std::int64_t id = 1; id <= 100'000; ++id)
+        stored.slots.push_back({.id = id + 10, .answer = ManualAnswer::problem});
+    model->change([&](SessionState& session) { session.ports = stored; });
+    openPorts();
+    EXPECT_EQ(view->findChildren<PortRow*>().size(), 64);
+    EXPECT_EQ(state().ports.slots, stored.slots);
+    EXPECT_TRUE(press("Test This Port, Port 12"));
+    EXPECT_EQ(state().ports.active, 12);
+}
+
+TEST_F(PortsTests, clearedRowsStandForTheirNewPorts) {
+    model->change([&](SessionState& session) {
+        session.ports.slots = {{.id = 7, .answer = ManualAnswer::problem}, {.id = 9}};
+    });
+    openPorts();
+    EXPECT_TRUE(press("Clear"));
+    EXPECT_TRUE(press("Test This Port, Port 2"));
+    EXPECT_EQ(state().ports.active, 2);
+    EXPECT_TRUE(press("Nothing Shows Up, Port 2"));
+    EXPECT_EQ(state().ports.slots[1].answer, ManualAnswer::problem);
 }
 
 TEST_F(PortsTests, twoHundredDevicesOfOddNamesAreListed) {
