@@ -15,8 +15,16 @@
 namespace tessivo {
 namespace {
 
-constexpr int leastWidth = 80;
+constexpr int leastWidth = 60;
 constexpr double endless = 1e6;
+/// Laying text out takes time by more than its length; of a longer one the beginning is shown.
+constexpr qsizetype longestShown = 10'000;
+
+QString beginning(const QString& text) {
+    if (text.size() <= longestShown) return text;
+    // Not between the halves of a surrogate pair.
+    return text.left(longestShown - text.at(longestShown - 1).isHighSurrogate()) + QChar(0x2026);
+}
 
 } // namespace
 
@@ -88,7 +96,7 @@ int TextLabel::layOut(QTextLayout& layout, double width, bool* elided) const {
     const QFont font = theme().font(m_role);
     const int lineHeight = theme().lineHeight(m_role);
     const double baselineInLine = baseline();
-    QString shown = m_text;
+    QString shown = beginning(m_text);
     shown.replace(QLatin1Char('\n'), QChar::LineSeparator);
     QTextOption option(m_alignment);
     option.setWrapMode(m_maximumLines == 1 ? QTextOption::ManualWrap
@@ -177,9 +185,9 @@ void TextLabel::relayout() {
     m_laidOutWidth = width();
     if (elided != m_elided) {
         m_elided = elided;
-        setToolTip(elided ? m_text : QString());
+        setToolTip(elided ? beginning(m_text) : QString());
     } else if (elided) {
-        setToolTip(m_text);
+        setToolTip(beginning(m_text));
     }
 }
 

@@ -10,7 +10,7 @@
 namespace tessivo {
 
 /// Plain text, wrapped to the width given, at its role's line height. It never reads markup. Read by a screen
-/// reader as its whole text.
+/// reader as its whole text; of a text beyond 10,000 characters the beginning is shown.
 class TextLabel : public QWidget, public AccessibleTraits, public FocusShape {
     Q_OBJECT
 public:
