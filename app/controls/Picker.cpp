@@ -34,6 +34,9 @@ void Picker::setChoices(const QStringList& choices) {
     for (int i = 0; i < count(); ++i)
         present.append(itemText(i));
     if (present == choices) return;
+    // An open menu still offers what is no longer there.
+    for (QMenu* menu : findChildren<QMenu*>())
+        menu->close();
     const int index = currentIndex();
     const bool wasBlocked = blockSignals(true);
     clear();

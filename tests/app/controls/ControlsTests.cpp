@@ -136,7 +136,10 @@ TEST(Picker, isChosenFromItsMenuAndNeverByTheWheel) {
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&picker, &wheel);
     EXPECT_EQ(picker.currentIndex(), 1);
+    EXPECT_TRUE(click(&picker));
+    EXPECT_TRUE(QApplication::activePopupWidget());
     picker.setChoices({text("Only one")});
+    EXPECT_FALSE(QApplication::activePopupWidget()) << "its choices are gone";
     EXPECT_EQ(picker.currentIndex(), 0);
     EXPECT_EQ(chosen.size(), 1u);
 }
