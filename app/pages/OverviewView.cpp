@@ -135,7 +135,7 @@ void OverviewView::addActivationLock() {
     auto* panel = makePanel();
     panel->add(headline(TestID::activationLock, m_lock));
     panel->add(how, underHeadline);
-    panel->column().setMaximumItemWidth(how, PageHead::howWidth);
+    panel->column().setMaximumItemWidth(how, theme().scaled(PageHead::howWidth));
     panel->add(answer, Space::m);
     panel->add(m_lockWarning, Space::m);
     add(panel, Space::overviewCard);
