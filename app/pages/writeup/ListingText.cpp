@@ -1,6 +1,7 @@
 #include "app/pages/writeup/ListingText.h"
 
 #include "app/controls/Metrics.h"
+#include "app/controls/OverlayScrollBar.h"
 
 #include <QPainter>
 #include <QScrollBar>
@@ -27,6 +28,7 @@ ListingText::ListingText(const QString& name, QWidget* parent) : QTextEdit(paren
     setFont(Theme::current().font(TextRole::body));
     document()->setDocumentMargin(Space::l);
     viewport()->setAutoFillBackground(false);
+    new OverlayScrollBar(this);
 }
 
 void ListingText::setListing(const QString& text) {

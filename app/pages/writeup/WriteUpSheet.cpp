@@ -21,6 +21,10 @@ namespace tessivo {
 namespace {
 
 constexpr int sheetPadding = 22;
+// What a model or a long note brings in never pushes the buttons out of the sheet; the rest is in the tool
+// tip.
+constexpr int outcomeLines = 3;
+constexpr int issueLines = 1;
 enum Version { templateVersion, polishedVersion };
 
 QString words(const std::string& key) {
@@ -117,7 +121,14 @@ QWidget* WriteUpSheet::makePolishRow() {
         connect(m_polishButton, &Button::clicked, this, &WriteUpSheet::polish);
     }
     m_outcomeLabel = new TextLabel({}, TextRole::callout, ColorRole::text2);
+    m_outcomeLabel->setMaximumLines(outcomeLines);
     row->add(m_outcomeLabel, Space::s);
+    for (std::size_t i = 0; i < mostIssues; ++i) {
+        auto* issue = new TextLabel({}, TextRole::callout, ColorRole::text2);
+        issue->setMaximumLines(issueLines);
+        row->add(issue);
+        m_issueLabels.push_back(issue);
+    }
     return row;
 }
 
@@ -127,10 +138,9 @@ QWidget* WriteUpSheet::makeFoot() {
     auto* copy = new Button(words("Copy"), QStringLiteral("doc.on.doc"));
     auto* done = new Button(words("Done"), {}, Button::Kind::prominent);
     done->setDefaultAction(true);
-    buttons->addSpring();
     buttons->add(copy);
     buttons->add(done);
-    foot->add(buttons);
+    foot->add(buttons, 0, Qt::AlignRight);
     connect(copy, &Button::clicked, this, [this] {
         const Lang::Scope scope(m_language);
         m_context.model.platform().desktop().setPasteboardText(shownText());
@@ -208,11 +218,13 @@ void WriteUpSheet::refresh() {
         m_polishButton->setEnabled(!m_polishing);
         m_busy->setVisible(m_polishing);
     }
-    std::string outcome = m_outcome.value_or("");
-    for (const GuardIssue& issue : m_issues)
-        outcome += "\n• " + issue.message();
-    m_outcomeLabel->setText(QString::fromStdString(outcome));
-    m_outcomeLabel->setVisible(!outcome.empty());
+    m_outcomeLabel->setText(QString::fromStdString(m_outcome.value_or("")));
+    m_outcomeLabel->setVisible(m_outcome.has_value());
+    for (std::size_t i = 0; i < m_issueLabels.size(); ++i) {
+        const bool present = i < m_issues.size();
+        m_issueLabels[i]->setText(present ? QString::fromStdString("• " + m_issues[i].message()) : QString());
+        m_issueLabels[i]->setVisible(present);
+    }
 }
 
 } // namespace tessivo

@@ -59,6 +59,7 @@ private:
     Button* m_polishButton = nullptr;
     QWidget* m_busy = nullptr;
     TextLabel* m_outcomeLabel = nullptr;
+    std::vector<TextLabel*> m_issueLabels;
 };
 
 } // namespace tessivo

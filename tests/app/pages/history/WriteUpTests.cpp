@@ -84,6 +84,32 @@ TEST_F(WriteUpTests, anUnfaithfulRewordingIsThrownAwayWithAtMostFiveReasons) {
     EXPECT_TRUE(all.contains("• It left out or changed “MacBook Air (M2, 2022)”."));
 }
 
+TEST_F(WriteUpTests, longReasonsLeaveTheButtonsInTheSheet) {
+    const auto manyWords = [](const std::string& word) {
+        std::string words;
+        for (int i = 0; i < 3000; ++i)
+            words += word + std::to_string(i) + ' ';
+        return words;
+    };
+    model->change([&](SessionState& session) {
+        for (const TestID test : {TestID::display, TestID::keyboard, TestID::trackpad, TestID::speakers})
+            session.overrides[test].problem = manyWords("dot");
+    });
+    openSheet();
+    view->resize(820, 548);
+    for (const bool fails : {false, true}) {
+        controls->wording().setAnswers({{.text = manyWords("perfect"), .fails = fails}});
+        ASSERT_TRUE(polish());
+        settle();
+        auto* done = findByName<Button>(sheet(), "Done");
+        const QPoint corner = done->mapTo(sheet(), QPoint(done->width(), done->height()));
+        EXPECT_LE(corner.y(), sheet()->height() - 20 - 22) << "within the card and its padding";
+        EXPECT_EQ(corner.x(), sheet()->width() - 90 - 22) << "at the end of the row";
+        EXPECT_GE(sheet()->findChild<ListingText*>()->height(), 60);
+        EXPECT_EQ(sheet()->findChild<ListingText*>()->viewport()->width(), 640 - 2 * 22) << "no bar beside";
+    }
+}
+
 TEST_F(WriteUpTests, aFailedRewordingKeepsTheEarlierOne) {
     openSheet();
     controls->wording().setAnswers({{.text = faithful()}});
