@@ -12,6 +12,7 @@ namespace tessivo {
 namespace {
 
 constexpr int symbolGap = 6;
+constexpr int narrowPadding = 8;
 constexpr int wrapFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextHideMnemonic;
 
 } // namespace
@@ -93,20 +94,45 @@ QSize Button::sizeHint() const {
     int width = naturalWidth(text());
     for (const QString& other : m_widthTexts)
         width = std::max(width, naturalWidth(other));
-    return {width, baseHeight()};
+    // A layout that knows only hints learns here how high the present width makes it.
+    return {width, testAttribute(Qt::WA_Resized) ? std::max(baseHeight(), heightForWidth(this->width()))
+                                                 : baseHeight()};
+}
+
+void Button::resizeEvent(QResizeEvent* event) {
+    ClickControl::resizeEvent(event);
+    if (heightForWidth(event->size().width()) != heightForWidth(event->oldSize().width())) updateGeometry();
+}
+
+int Button::widestWord() const {
+    const QFontMetricsF metrics(theme().font(TextRole::controlStrong));
+    double widest = 0;
+    for (const QString& word : text().split(QLatin1Char(' ')))
+        widest = std::max(widest, metrics.horizontalAdvance(word));
+    return int(std::ceil(widest));
 }
 
 QSize Button::minimumSizeHint() const {
-    return {std::min(sizeHint().width(), theme().scaled(96)), baseHeight()};
+    return {std::min(naturalWidth(text()), widestWord() + 2 * narrowPadding), baseHeight()};
+}
+
+/// What the words get of a width: all they ask for, else lines between narrower paddings, in the end without
+/// the symbol.
+Button::Fit Button::fitTo(int width) const {
+    if (width >= naturalWidth(text()))
+        return {leadingPadding(), symbolRoom(), width - leadingPadding() - symbolRoom() - padding(), false};
+    const int inner = std::max(1, width - 2 * narrowPadding);
+    const int symbol = widestWord() + symbolRoom() <= inner ? symbolRoom() : 0;
+    return {narrowPadding, symbol, inner - symbol, true};
 }
 
 int Button::heightForWidth(int width) const {
-    if (width >= naturalWidth(text())) return baseHeight();
-    const int room = std::max(1, width - leadingPadding() - symbolRoom() - padding());
+    const Fit fit = fitTo(width);
+    if (!fit.wraps) return baseHeight();
     const QFontMetrics metrics(theme().font(textRole()));
     const int line = theme().lineHeight(textRole());
     return baseHeight() - line +
-           std::max(line, metrics.boundingRect(QRect(0, 0, room, 10000), wrapFlags, text()).height());
+           std::max(line, metrics.boundingRect(QRect(0, 0, fit.room, 10000), wrapFlags, text()).height());
 }
 
 void Button::paintEvent(QPaintEvent*) {
@@ -133,25 +159,25 @@ void Button::paintEvent(QPaintEvent*) {
                      theme().color(ColorRole::controlBorder));
     }
 
+    const Fit fit = fitTo(width());
     painter.setFont(theme().font(textRole()));
     const QFontMetricsF metrics(painter.font());
-    const double room = width() - leadingPadding() - symbolRoom() - padding();
-    const double textWidth = std::min(room, std::ceil(metrics.horizontalAdvance(text())));
-    double x = leadingPadding() + (m_leading ? 0.0 : std::max(0.0, (room - textWidth) / 2));
-    if (!m_symbol.isEmpty()) {
+    const double textWidth = fit.wraps ? fit.room : std::ceil(metrics.horizontalAdvance(text()));
+    double x = fit.left + (m_leading ? 0.0 : std::max(0.0, (fit.room - textWidth) / 2));
+    if (fit.symbolRoom > 0) {
         const double side = theme().scaled(SymbolSize::button);
         drawSymbol(painter, QRectF(x, (height() - side) / 2, side, side), m_symbol, words);
-        x += symbolRoom();
+        x += fit.symbolRoom;
     }
     painter.setPen(words);
-    if (textWidth < room || metrics.horizontalAdvance(text()) <= room) {
-        // By its baseline, so that text and symbol stand still between weights and hinting.
-        const double baseline =
-            std::round((height() - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent());
-        painter.drawText(QPointF(x, baseline), text());
-    } else {
-        painter.drawText(QRectF(x, 0, room, height()), wrapFlags, text());
+    if (fit.wraps) {
+        painter.drawText(QRectF(x, 0, fit.room, height()), wrapFlags, text());
+        return;
     }
+    // By its baseline, so that text and symbol stand still between weights and hinting.
+    const double baseline =
+        std::round((height() - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent());
+    painter.drawText(QPointF(x, baseline), text());
 }
 
 } // namespace tessivo

@@ -36,6 +36,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
     /// The answer buttons' tint; absent is none.
     void setTint(std::optional<ColorRole> words, std::optional<ColorRole> fill);
     bool isTinted() const { return m_tintWords.has_value(); }
@@ -46,6 +47,12 @@ private:
     int padding() const;
     int leadingPadding() const;
     int symbolRoom() const;
+    int widestWord() const;
+    struct Fit {
+        int left, symbolRoom, room;
+        bool wraps;
+    };
+    Fit fitTo(int width) const;
     int baseHeight() const;
     TextRole textRole() const;
 

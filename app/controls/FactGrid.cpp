@@ -104,8 +104,8 @@ protected:
             for (size_t i = start; i < end; ++i)
                 height = std::max(height, itemHeight(shown[i], width));
             for (size_t i = start; apply && i < end; ++i) {
-                const QRect place(rect.left() + int(i - start) * (width + columnGap), y, width, height);
-                shown[i]->setGeometry(visual(rect, place));
+                const QRect cell(rect.left() + int(i - start) * (width + columnGap), y, width, height);
+                put(shown[i], visual(rect, cell));
             }
             y += height;
         }

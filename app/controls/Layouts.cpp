@@ -82,6 +82,15 @@ int FlowingLayout::itemHeight(QLayoutItem* item, int width) {
     return std::max(least, std::min(item->sizeHint().height(), item->maximumSize().height()));
 }
 
+void FlowingLayout::put(QLayoutItem* item, const QRect& rect) {
+    // Not through the item, which would bound a height that follows from the width by the one for the natural
+    // width, and align the widget once more.
+    if (QWidget* widget = item->widget())
+        widget->setGeometry(rect);
+    else
+        item->setGeometry(rect);
+}
+
 void ColumnLayout::add(QWidget* widget, int gapAbove, Qt::Alignment alignment) {
     insert(count(), widget, gapAbove, alignment);
 }
@@ -133,8 +142,7 @@ int ColumnLayout::arrange(const QRect& rect, bool apply) const {
             int x = rect.left();
             if (across & Qt::AlignHCenter) x += (rect.width() - width) / 2;
             if (across & Qt::AlignRight) x += rect.width() - width;
-            // The alignment has been seen to; QWidgetItem would shrink the widget by it once more.
-            item->widget()->setGeometry(x, y, width, height);
+            put(item, QRect(x, y, width, height));
         }
         y += height;
     }
@@ -191,8 +199,9 @@ int WrapLayout::arrange(const QRect& rect, bool apply) const {
                     shift = std::max(0, rect.width() - used);
                 const QRect place(rect.left() + shift + cell.x, y + (height - cell.height) / 2, cell.width,
                                   cell.height);
-                m_items[cell.index]->setGeometry(QStyle::visualRect(
-                    parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight, rect, place));
+                put(m_items[cell.index],
+                    QStyle::visualRect(parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight,
+                                       rect, place));
             }
         }
         y += height;
@@ -250,7 +259,7 @@ int TileLayout::arrange(const QRect& rect, bool apply) const {
         if (start > 0) y += m_gap;
         if (apply)
             for (size_t i = start; i < end; ++i)
-                shown[i]->setGeometry(QRect(rect.left() + edge(int(i - start)), y, widthAt(i), height));
+                put(shown[i], QRect(rect.left() + edge(int(i - start)), y, widthAt(i), height));
         y += height;
     }
     return y - rect.top();
@@ -277,7 +286,7 @@ int SplitLayout::arrange(const QRect& rect, bool apply) const {
     if (shown.empty()) return 0;
     if (shown.size() == 1) {
         const int height = itemHeight(shown[0], rect.width());
-        if (apply) shown[0]->setGeometry({rect.topLeft(), QSize(rect.width(), height)});
+        if (apply) put(shown[0], {rect.topLeft(), QSize(rect.width(), height)});
         return height;
     }
     QLayoutItem *leading = shown[0], *trailing = shown[1];
@@ -289,8 +298,8 @@ int SplitLayout::arrange(const QRect& rect, bool apply) const {
         const int above = itemHeight(leading, rect.width());
         const int below = itemHeight(trailing, width);
         if (apply) {
-            leading->setGeometry({rect.topLeft(), QSize(rect.width(), above)});
-            trailing->setGeometry({rect.left(), rect.top() + above + m_gapUnder, width, below});
+            put(leading, {rect.topLeft(), QSize(rect.width(), above)});
+            put(trailing, {rect.left(), rect.top() + above + m_gapUnder, width, below});
         }
         return above + m_gapUnder + below;
     }
@@ -304,10 +313,10 @@ int SplitLayout::arrange(const QRect& rect, bool apply) const {
             if (m_vertical & Qt::AlignBottom) return rect.top() + height - own;
             return rect.top() + (height - own) / 2;
         };
-        leading->setGeometry({rect.left(),
-                              m_vertical & Qt::AlignTop ? rect.top() : rect.top() + (height - before) / 2,
-                              rest, before});
-        trailing->setGeometry({rect.left() + rect.width() - width, top(after), width, after});
+        put(leading,
+            {rect.left(), m_vertical & Qt::AlignTop ? rect.top() : rect.top() + (height - before) / 2, rest,
+             before});
+        put(trailing, {rect.left() + rect.width() - width, top(after), width, after});
     }
     return height;
 }

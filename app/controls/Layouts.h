@@ -36,6 +36,7 @@ protected:
     virtual void forget(int) {}
 
     static int itemHeight(QLayoutItem* item, int width);
+    static void put(QLayoutItem* item, const QRect& rect);
     std::vector<QLayoutItem*> m_items;
 
 private:

@@ -22,8 +22,7 @@ protected:
         QLayoutItem* item = m_items.front();
         const int width = std::min(rect.width(), m_maximumWidth);
         const int height = itemHeight(item, width);
-        if (apply)
-            item->setGeometry(QRect(rect.left() + (rect.width() - width) / 2, rect.top(), width, height));
+        if (apply) put(item, QRect(rect.left() + (rect.width() - width) / 2, rect.top(), width, height));
         return height;
     }
 
