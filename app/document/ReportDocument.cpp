@@ -5,9 +5,6 @@
 #include "kit/report/Handover.h"
 #include "kit/report/ReportText.h"
 
-#include <QAbstractTextDocumentLayout>
-#include <QTextFrame>
-
 namespace tessivo::ReportDocument {
 
 namespace {

@@ -3,10 +3,10 @@
 #include "app/document/ReportFonts.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QPdfWriter>
 #include <QTextBlock>
 #include <QTextBoundaryFinder>
 #include <QTextTable>
+#include <algorithm>
 #include <limits>
 
 namespace tessivo {
@@ -181,7 +181,7 @@ void ReportWriter::insert(const QString& text, const QFont& font, const QColor& 
 
 void ReportWriter::run(const std::string& text, const Run& style) {
     QString shown = QString::fromStdString(text);
-    const qsizetype room = std::min<qsizetype>(m_limits.run, m_limits.document - m_written);
+    const qsizetype room = std::clamp<qsizetype>(m_limits.document - m_written, 0, m_limits.run);
     if (shown.size() > room) {
         // Not between the halves of a surrogate pair.
         shown.truncate(room > 0 && shown.at(room - 1).isHighSurrogate() ? room - 1 : room);

@@ -102,7 +102,7 @@ void HandoverView::addReport() {
     auto* actions = new ReportActions(
         m_context, [this] { return m_context.model.makeReport(); }, ReportActions::History::keep,
         ReportActions::Shape::column);
-    actions->setFixedWidth(theme().scaled(actionsWidth));
+    actions->setFixedWidth(actionsWidth); // larger text wraps, and leaves room beside it
     // Beside the buttons, where nothing moves when it comes.
     m_message = new TextLabel({}, TextRole::callout, ColorRole::text2);
     auto* row = new QWidget;

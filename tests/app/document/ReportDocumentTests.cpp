@@ -246,6 +246,14 @@ TEST(ReportDocument, hundredsOfResultsWithHundredsOfDetailsAppearInTime) {
     EXPECT_GT(ReportDocument::make(report, textWidth)->size().height(), 500'000);
     // A sanitized or busy machine takes a few times as long; without one change for the layout it is minutes.
     EXPECT_LT(timer.elapsed(), 10'000);
+
+    report.results.assign(300, report.results[0]);
+    for (TestResult& result : report.results)
+        result.summary.assign(50'000, 'x');
+    timer.restart();
+    const auto document = ReportDocument::make(report, textWidth);
+    EXPECT_LT(document->characterCount(), ReportDocument::longestDocument + 100'000) << "all texts together";
+    EXPECT_LT(timer.elapsed(), 10'000);
 }
 
 TEST(ReportPreview, isAsWideAsTheSheetSmallerToFitAndNamed) {
