@@ -280,9 +280,22 @@ int SplitLayout::naturalWidth() const {
 }
 
 int SplitLayout::arrange(const QRect& rect, bool apply) const {
+    // In more room than it needs, as in a row of a fixed height, it stands in the middle.
+    const int height = arrangeFromTop(rect, false);
+    if (apply) arrangeFromTop(rect.translated(0, std::max(0, (rect.height() - height) / 2)), true);
+    return height;
+}
+
+int SplitLayout::arrangeFromTop(const QRect& rect, bool apply) const {
     std::vector<QLayoutItem*> shown;
-    for (QLayoutItem* item : m_items)
-        if (!item->isEmpty()) shown.push_back(item);
+    for (QLayoutItem* item : m_items) {
+        if (item->isEmpty()) continue;
+        // A row of hidden buttons takes no gap either.
+        if (item == m_items.front() || item->sizeHint().width() > 0)
+            shown.push_back(item);
+        else if (apply)
+            put(item, QRect(rect.topLeft(), QSize(0, 0)));
+    }
     if (shown.empty()) return 0;
     if (shown.size() == 1) {
         const int height = itemHeight(shown[0], rect.width());

@@ -141,6 +141,8 @@ protected:
     int naturalWidth() const override;
 
 private:
+    int arrangeFromTop(const QRect& rect, bool apply) const;
+
     int m_breakBelow, m_gap, m_gapUnder;
     Qt::Alignment m_vertical = Qt::AlignVCenter;
 };

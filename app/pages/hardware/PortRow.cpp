@@ -4,6 +4,7 @@
 #include "app/controls/Metrics.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
+#include "app/controls/WrapRow.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -22,14 +23,18 @@ HardwareRow::HardwareRow(int height, QWidget* parent)
     : QWidget(parent),
       m_symbol(new SymbolView(QStringLiteral("circle"), SymbolSize::row, ColorRole::text2)),
       m_name(new TextLabel({}, TextRole::headline)),
-      m_text(new TextLabel({}, TextRole::body, ColorRole::text2)) {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(Space::xl, Space::xs, Space::xl, Space::xs);
+      m_text(new TextLabel({}, TextRole::body, ColorRole::text2)),
+      m_buttons(new WrapRow(nullptr, Space::l)) {
+    auto* words = new QWidget;
+    auto* row = new QHBoxLayout(words);
+    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Space::l);
     row->addWidget(m_symbol);
     row->addWidget(m_name, 0, Qt::AlignVCenter);
     row->addWidget(m_text, 1, Qt::AlignVCenter);
     m_name->setMaximumLines(1);
+    auto* split = new SplitLayout(this, words, m_buttons, 0, Space::l);
+    split->setContentsMargins(Space::xl, Space::xs, Space::xl, Space::xs);
     setMinimumHeight(Theme::current().scaled(height));
 }
 
@@ -61,7 +66,7 @@ void HardwareRow::setEdges(bool first, bool last) {
 }
 
 void HardwareRow::addButton(Button* button) {
-    layout()->addWidget(button);
+    m_buttons->add(button);
 }
 
 void HardwareRow::paintEvent(QPaintEvent*) {

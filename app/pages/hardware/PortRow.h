@@ -10,6 +10,7 @@ namespace tessivo {
 class Button;
 class SymbolView;
 class TextLabel;
+class WrapRow;
 
 /// One row of a list of ports: symbol, name, what was seen, and room for buttons; tinted while it waits.
 class HardwareRow : public QWidget {
@@ -37,6 +38,7 @@ private:
     SymbolView* m_symbol;
     TextLabel* m_name;
     TextLabel* m_text;
+    WrapRow* m_buttons;
     bool m_active = false;
     bool m_first = false;
     bool m_last = false;
