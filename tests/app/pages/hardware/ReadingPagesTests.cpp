@@ -115,8 +115,7 @@ TEST_F(ReadingPagesTests, everyRowOfTheStorageTableIsReadOnThePage) {
         if (row.summary) {
             EXPECT_TRUE(shown(row.summary)) << model->result(TestID::storage).summary;
         } else {
-            EXPECT_THAT(model->result(TestID::storage).summary,
-                        testing::EndsWith(" isn't a standard size"));
+            EXPECT_THAT(model->result(TestID::storage).summary, testing::EndsWith(" isn't a standard size"));
         }
         for (const char* text : row.alsoShown)
             EXPECT_TRUE(shown(text)) << text;
