@@ -58,6 +58,11 @@ ScrollColumn::ScrollColumn(QWidget* parent, int maximumWidth, int padding)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepInView(now); });
 }
 
+ScrollColumn::~ScrollColumn() {
+    // The focus moves while a widget is taken apart, when this is no scroll column any more.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void ScrollColumn::add(QWidget* widget, int gapAbove, Qt::Alignment alignment) {
     m_column->add(widget, gapAbove, alignment);
 }

@@ -19,6 +19,7 @@ public:
 
     explicit ScrollColumn(QWidget* parent = nullptr, int maximumWidth = Width::column,
                           int padding = Space::page);
+    ~ScrollColumn() override;
 
     void add(QWidget* widget, int gapAbove = 0, Qt::Alignment alignment = {});
     ColumnLayout& column() { return *m_column; }
