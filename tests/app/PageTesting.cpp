@@ -13,6 +13,7 @@
 #include <QFontDatabase>
 #include <QTest>
 #include <algorithm>
+#include <ctime>
 
 namespace tessivo::pagetest {
 namespace {
@@ -52,6 +53,10 @@ QWidget* findNamed(QWidget* root, const QString& name, const std::function<bool(
     for (QWidget* widget : root->findChildren<QWidget*>())
         if (widget->isVisibleTo(root) && fits(widget) && accessibleNameOf(widget) == name) return widget;
     return nullptr;
+}
+
+double processorMilliseconds() {
+    return 1000.0 * double(std::clock()) / CLOCKS_PER_SEC;
 }
 
 bool click(QWidget* widget) {

@@ -52,6 +52,17 @@ void showAt(QWidget& window, const QSize& size);
 /// Lets posted events be handled, without waiting.
 void settle();
 
+/// What one key press may cost, in milliseconds of processor time: a frame at 60 Hz, and in a build that
+/// checks every access as much more as the checks take.
+#ifdef __SANITIZE_ADDRESS__
+inline constexpr double keyPressLimit = 4 * 16;
+#else
+inline constexpr double keyPressLimit = 16;
+#endif
+
+/// Processor time of this process so far, in milliseconds: other work on the machine isn't the page's.
+double processorMilliseconds();
+
 /// While it lives the desktop is light or dark, or has a larger font.
 class DesktopLook final {
 public:

@@ -104,6 +104,8 @@ TEST_F(ToneTest, aToneForADeviceThatIsGoneSoundsNowhere) {
     SoundRecorder one(m_daemon, "one.monitor");
     player.play(true, true);
     QTest::qWait(200);
+    // Heard before its sink goes: the server would move the recording to the other one.
+    EXPECT_TRUE(isSilent(one.samples()));
     m_daemon.run("pactl", {"unload-module", "module-null-sink"}); // both
     ASSERT_TRUE(hasDevices(0, 0));
     m_daemon.run("pactl", {"load-module", "module-null-sink", "sink_name=one", "rate=48000"});
@@ -112,7 +114,6 @@ TEST_F(ToneTest, aToneForADeviceThatIsGoneSoundsNowhere) {
     player.play(true, true);
     QTest::qWait(500);
     EXPECT_TRUE(isSilent(again.samples()));
-    EXPECT_TRUE(isSilent(one.samples()));
 }
 
 TEST_F(ToneTest, aNewToneReplacesASoundingOne) {

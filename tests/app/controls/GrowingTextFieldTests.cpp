@@ -121,16 +121,14 @@ TEST(GrowingTextField, aKeyPressStaysQuickAtAHundredThousandCharacters) {
     field.grab();
     std::vector<double> presses;
     for (int i = 0; i < 15; ++i) {
-        QElapsedTimer timer;
-        timer.start();
+        const double start = processorMilliseconds();
         QTest::keyClick(&field, Qt::Key_X);
         field.repaint();
-        presses.push_back(double(timer.nsecsElapsed()) / 1e6);
+        presses.push_back(processorMilliseconds() - start);
     }
-    // The middle one, since other work on the machine isn't the field's.
     std::nth_element(presses.begin(), presses.begin() + 7, presses.end());
     RecordProperty("millisecondsPerKey", std::to_string(presses[7]));
-    EXPECT_LT(presses[7], 16);
+    EXPECT_LT(presses[7], keyPressLimit);
 }
 
 TEST(OverrideControls, sayWhatThePersonRuled) {

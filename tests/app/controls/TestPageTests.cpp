@@ -112,17 +112,15 @@ TEST_F(TestPageTest, aKeyPressInALongNoteStaysQuick) {
     page.grab();
     std::vector<double> presses;
     for (int i = 0; i < 15; ++i) {
-        QElapsedTimer timer;
-        timer.start();
+        const double start = processorMilliseconds();
         QTest::keyClick(note, Qt::Key_X);
         page.repaint();
-        presses.push_back(double(timer.nsecsElapsed()) / 1e6);
+        presses.push_back(processorMilliseconds() - start);
     }
     EXPECT_EQ(note->text().size(), words.size() + 15);
-    // The middle one, since other work on the machine isn't the page's.
     std::nth_element(presses.begin(), presses.begin() + 7, presses.end());
     RecordProperty("millisecondsPerKey", std::to_string(presses[7]));
-    EXPECT_LT(presses[7], 16);
+    EXPECT_LT(presses[7], keyPressLimit);
 }
 
 TEST_F(TestPageTest, standsWholeWhenNarrowLargeAndFullOfOddText) {

@@ -100,13 +100,13 @@ TEST_F(CommandsTests, aLongNoteOfAnyCharactersIsKeptAndDoesNotSlowAKey) {
               QApplication::clipboard()->text().toStdString());
     std::vector<double> times;
     for (int i = 0; i < 30; ++i) {
-        const std::clock_t start = std::clock();
+        const double start = processorMilliseconds();
         QTest::keyClick(note, Qt::Key_Y);
         QApplication::processEvents();
-        times.push_back(1000.0 * double(std::clock() - start) / CLOCKS_PER_SEC);
+        times.push_back(processorMilliseconds() - start);
     }
     std::ranges::sort(times);
-    EXPECT_LT(times[times.size() / 2], 16);
+    EXPECT_LT(times[times.size() / 2], keyPressLimit);
     EXPECT_EQ(model().state().overrides.at(TestID::storage).problem,
               QApplication::clipboard()->text().toStdString() + std::string(30, 'y'));
 }
