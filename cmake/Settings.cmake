@@ -4,7 +4,9 @@ set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 add_library(tessivo_settings INTERFACE)
 target_include_directories(tessivo_settings INTERFACE ${CMAKE_SOURCE_DIR})
-target_compile_options(tessivo_settings INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Wno-missing-field-initializers)
+target_compile_options(tessivo_settings INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Wno-missing-field-initializers
+    # GCC 12 sees uninitialized members wherever a variant is moved.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 if(TESSIVO_SANITIZE)
     target_compile_options(tessivo_settings INTERFACE
         -fsanitize=${TESSIVO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
