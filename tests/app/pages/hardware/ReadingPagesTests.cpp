@@ -122,7 +122,7 @@ TEST_F(ReadingPagesTests, everyRowOfTheStorageTableIsReadOnThePage) {
     }
 }
 
-TEST_F(ReadingPagesTests, theSpecificationPageOpensAndTheDriveIsReadAgain) {
+TEST_F(ReadingPagesTests, theTechSpecsPageOpensAndTheDriveIsReadAgain) {
     useMachine("imac-2019-fusion");
     open(Page::storage);
     EXPECT_TRUE(press("Apple's Tech Specs for this model"));
