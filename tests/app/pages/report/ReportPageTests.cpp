@@ -166,7 +166,9 @@ TEST_F(ReportPageTests, eachActionTellsWhatItDidAndKeepsWhatItShould) {
         EXPECT_EQ(files().join(u' '), wanted.file);
         EXPECT_EQ(message(), wanted.message);
         EXPECT_EQ(dialogs.asked.size(), wanted.dialogs);
-        if (!message().empty()) EXPECT_TRUE(shown(wanted.message));
+        if (!message().empty()) {
+            EXPECT_TRUE(shown(wanted.message));
+        }
     }
 }
 
