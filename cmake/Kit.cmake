@@ -12,6 +12,5 @@ target_compile_definitions(kit PRIVATE
     TESSIVO_RESOURCES_BUILD="${CMAKE_SOURCE_DIR}/kit/resources")
 target_precompile_headers(kit PRIVATE cmake/KitPrecompiled.h)
 if(TESSIVO_FUZZ)
-    target_compile_options(kit PUBLIC -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
-    target_link_options(kit PUBLIC -fsanitize=address,undefined)
+    target_compile_options(kit PRIVATE -fsanitize=fuzzer-no-link)
 endif()

@@ -11,7 +11,7 @@ if(TESSIVO_SANITIZE)
     target_compile_options(tessivo_settings INTERFACE
         -fsanitize=${TESSIVO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(tessivo_settings INTERFACE -fsanitize=${TESSIVO_SANITIZE})
-elseif(NOT TESSIVO_FUZZ)
+else()
     target_link_options(tessivo_settings INTERFACE -fuse-ld=gold)
 endif()
 target_compile_definitions(tessivo_settings INTERFACE

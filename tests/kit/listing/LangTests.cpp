@@ -28,7 +28,7 @@ TEST(Lang, theEnvironmentTellsThePreferredLanguages) {
         {{{"LANGUAGE", "es_CL:en"}, {"LANG", "en_US.UTF-8"}}, {"es-CL", "en", "en-US"}},
         {{{"LANGUAGE", ":es:"}, {"LC_ALL", "de_DE"}}, {"es", "de-DE"}}};
     for (const auto& [environment, languages] : rows) {
-        const auto variable = [&](const char* name) -> const char* {
+        const auto variable = [&environment = environment](const char* name) -> const char* {
             const auto found = environment.find(name);
             return found == environment.end() ? nullptr : found->second;
         };

@@ -54,7 +54,7 @@ TEST(Files, refusesWhatIsNoRegularFileAtOnce) {
                                                 {"dangling", ENOENT}, {"zero", ENOTSUP},  {"sparse", EFBIG},
                                                 {"missing", ENOENT}};
     for (const auto& [name, error] : rows)
-        EXPECT_EQ(errorOf([&] { Files::read(folder / name, 1 << 20); }), error) << name;
+        EXPECT_EQ(errorOf([&, name = name] { Files::read(folder / name, 1 << 20); }), error) << name;
 }
 
 TEST(Files, aFaultNamesTheFileAndTheReason) {
