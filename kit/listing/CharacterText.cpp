@@ -49,26 +49,25 @@ icu::BreakIterator* characterIterator() {
 
 CharacterText::CharacterText(std::string_view text) : m_text(canonical(text)) {}
 
-bool CharacterText::contains(std::string_view phrase) const {
-    return find(canonical(phrase), 0).has_value();
-}
-
-bool CharacterText::containsWord(std::string_view phrase) const {
+bool CharacterText::keeps(std::string_view phrase) const {
     const std::string wanted = canonical(phrase);
-    const std::string_view text = m_text;
-    for (auto hit = find(wanted, 0); hit;
-         hit = find(wanted, *hit + std::max<std::size_t>(wanted.size(), 1))) {
-        if (!Text::endsWithLetterOrNumber(text.substr(0, *hit)) &&
-            !Text::beginsWithLetterOrNumber(text.substr(*hit + wanted.size())))
-            return true;
-    }
+    for (std::size_t at = 0; (at = m_text.find(wanted, at)) != std::string::npos; ++at)
+        if (isBoundary(at) && isBoundary(at + wanted.size())) return true;
     return false;
 }
 
-std::optional<std::size_t> CharacterText::find(std::string_view canonicalPhrase, std::size_t from) const {
-    for (std::size_t at; (at = m_text.find(canonicalPhrase, from)) != std::string::npos; from = at + 1)
-        if (isBoundary(at) && isBoundary(at + canonicalPhrase.size())) return at;
-    return std::nullopt;
+bool CharacterText::says(std::string_view phrase) const {
+    return m_text.find(canonical(phrase)) != std::string::npos;
+}
+
+bool CharacterText::saysWord(std::string_view phrase) const {
+    const std::string unwanted = canonical(phrase);
+    const std::string_view text = m_text;
+    for (std::size_t at = 0; (at = text.find(unwanted, at)) != std::string::npos; at += unwanted.size())
+        if (!Text::endsWithLetterOrNumber(text.substr(0, at)) &&
+            !Text::beginsWithLetterOrNumber(text.substr(at + unwanted.size())))
+            return true;
+    return false;
 }
 
 bool CharacterText::isBoundary(std::size_t at) const {

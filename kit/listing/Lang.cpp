@@ -25,19 +25,6 @@ std::string languageOf(std::string_view locale) {
     return language;
 }
 
-/// Puts a task's override in force and the thread's own back, also when the task throws.
-class Carried {
-public:
-    explicit Carried(std::optional<std::string> code)
-        : m_before(std::exchange(threadOverride(), std::move(code))) {}
-    ~Carried() { threadOverride() = std::move(m_before); }
-    Carried(const Carried&) = delete;
-    Carried& operator=(const Carried&) = delete;
-
-private:
-    std::optional<std::string> m_before;
-};
-
 } // namespace
 
 std::string fromPreferred(const std::vector<std::string>& preferred) {
@@ -84,7 +71,7 @@ bool isSpanish() {
     return current() == spanish;
 }
 
-Scope::Scope(std::string code) : m_before(std::exchange(threadOverride(), std::move(code))) {}
+Scope::Scope(std::optional<std::string> code) : m_before(std::exchange(threadOverride(), std::move(code))) {}
 
 Scope::~Scope() {
     threadOverride() = std::move(m_before);
@@ -92,7 +79,7 @@ Scope::~Scope() {
 
 std::function<void()> carrying(std::function<void()> operation) {
     return [code = override(), operation = std::move(operation)] {
-        const Carried carried(code);
+        const Scope scope(code);
         operation();
     };
 }

@@ -27,10 +27,10 @@ std::optional<std::string> override();
 std::string current();
 bool isSpanish();
 
-/// Runs the operation with the override set, whatever it returns or throws.
-class Scope {
+/// Puts an override in force, or none, until it goes; then the thread's own is back.
+class Scope final {
 public:
-    explicit Scope(std::string code);
+    explicit Scope(std::optional<std::string> code);
     ~Scope();
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;
@@ -38,9 +38,10 @@ public:
 private:
     std::optional<std::string> m_before;
 };
+/// Runs the operation with the override set, whatever it returns or throws.
 template <class Operation>
 auto with(std::string code, Operation&& operation) {
-    Scope scope(std::move(code));
+    const Scope scope(std::move(code));
     return operation();
 }
 

@@ -1,6 +1,7 @@
 #include "kit/listing/ListingTemplate.h"
 
 #include "kit/listing/Lang.h"
+#include "kit/listing/Numbers.h"
 #include "kit/listing/Strings.h"
 #include "kit/support/Text.h"
 

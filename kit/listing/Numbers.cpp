@@ -1,5 +1,6 @@
-#include "kit/listing/Strings.h"
+#include "kit/listing/Numbers.h"
 
+#include <algorithm>
 #include <set>
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>

@@ -23,10 +23,3 @@ std::map<std::string, std::string> loadTable(const std::vector<std::filesystem::
 std::vector<std::filesystem::path> tableFiles();
 
 } // namespace tessivo::Strings
-
-namespace tessivo::Numbers {
-
-/// The number tokens of a text, unique and in plain text order: "16", "14,2", "1.2.3".
-std::vector<std::string> find(std::string_view text);
-
-} // namespace tessivo::Numbers

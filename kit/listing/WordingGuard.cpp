@@ -1,6 +1,7 @@
 #include "kit/listing/WordingGuard.h"
 
 #include "kit/listing/CharacterText.h"
+#include "kit/listing/Numbers.h"
 #include "kit/listing/Strings.h"
 #include "kit/support/Text.h"
 
@@ -124,16 +125,15 @@ std::vector<GuardIssue> WordingGuard::check(const std::string& text, const Listi
 
     const CharacterText reworded(norm);
     for (const std::string& fact : writeUp.facts.fixed)
-        if (!reworded.contains(normalized(fact))) issues.push_back({Case::missingFact, fact});
+        if (!reworded.keeps(normalized(fact))) issues.push_back({Case::missingFact, fact});
 
     addNumbers(issues, text, writeUp.facts);
 
     const CharacterText original(normalized(writeUp.text));
     for (const char* phrase : promptPhrases)
-        if (reworded.contains(phrase) && !original.contains(phrase))
-            issues.push_back({Case::addedClaim, phrase});
+        if (reworded.says(phrase) && !original.says(phrase)) issues.push_back({Case::addedClaim, phrase});
     const auto checkClaim = [&](const char* claim) {
-        if (reworded.containsWord(claim) && !original.containsWord(claim))
+        if (reworded.saysWord(claim) && !original.saysWord(claim))
             issues.push_back({Case::addedClaim, claim});
     };
     for (const char* claim : bannedClaims)

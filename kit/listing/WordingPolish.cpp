@@ -14,8 +14,7 @@ std::string WordingPolish::instructions(const ListingWriteUp& writeUp) {
     return "You rewrite a used Mac's listing description so it reads like a friendly, honest note from the "
            "seller. Open with one short sentence, then keep the problems first, then what was tested and "
            "works, what wasn't tested, the seller's notes and the specs. You may change the headings and "
-           "join "
-           "lines into sentences. Keep every number exactly as written, including the test date. These "
+           "join lines into sentences. Keep every number exactly as written, including the test date. These "
            "phrases must appear word for word: " +
            Text::joined(quoted, "; ") +
            ". Do not add anything that isn't in the description: no condition grades, no \"like new\", no "

@@ -33,6 +33,7 @@ struct PolishResult {
 };
 
 namespace WordingPolish {
+/// What the model is told, in English for either language.
 std::string instructions(const ListingWriteUp& writeUp);
 /// Never throws. Runs as long as the model does.
 PolishResult polish(const ListingWriteUp& writeUp, WordingModel& model);

@@ -1,6 +1,6 @@
 // Any text as a rewording: the guard decides the same way twice, and a text always passes as its own
 // rewording unless it is empty.
-#include "kit/listing/Strings.h"
+#include "kit/listing/Numbers.h"
 #include "kit/listing/WordingGuard.h"
 #include "kit/support/Text.h"
 
