@@ -1,7 +1,12 @@
 #include "kit/report/HistoryStore.h"
 
+#include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <functional>
+#include <numeric>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <unordered_map>
 
@@ -19,25 +24,63 @@ bool isReportName(const path& name) {
     return name.extension() == ".json" && !name.native().starts_with("._");
 }
 
-/// Reports of one moment keep their order; one without a real date goes last.
-void sortNewestFirst(std::vector<ConditionReport>& reports) {
-    const auto moment = [](const ConditionReport& report) {
-        return std::isnan(report.created.seconds) ? -HUGE_VAL : report.created.seconds;
-    };
-    std::stable_sort(reports.begin(), reports.end(),
-                     [&](const auto& a, const auto& b) { return moment(a) > moment(b); });
+/// What reports are sorted by: one without a real date goes last.
+double moment(const ConditionReport& report) {
+    return std::isnan(report.created.seconds) ? -HUGE_VAL : report.created.seconds;
 }
 
 /// The names of what may be reports, sorted, so that the order of a listing doesn't hang on the disk.
-std::vector<path> reportNames(const path& folder) {
-    std::vector<path> names;
+std::vector<std::string> reportNames(const path& folder) {
+    std::vector<std::string> names;
     std::error_code error;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        if (path name = entry->path().filename(); isReportName(name)) names.push_back(std::move(name));
+        if (const path name = entry->path().filename(); isReportName(name)) names.push_back(name.native());
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+/// Reading is shared out in portions; a folder of one portion costs no thread.
+constexpr std::size_t portion = 64;
+constexpr std::size_t mostHands = 8;
+
+using MaybeReports = std::vector<std::optional<ConditionReport>>;
+
+/// Fills the places of the names from `first` on, one portion of them. What is no report stays where it
+/// is, leaves its place empty and stops nobody.
+void readPortion(const path& folder, const std::vector<std::string>& names, std::size_t first,
+                 MaybeReports& reports) {
+    std::string bytes;
+    for (std::size_t i = first; i < std::min(first + portion, names.size()); ++i) {
+        try {
+            Files::read(folder / names[i], HistoryStore::largestFile, bytes);
+            reports[i] = HistoryStore::decode(bytes);
+        } catch (const std::exception&) {
+        }
+    }
+}
+
+/// Reads all the files, in a few threads where there are many. Each place is written by one thread alone.
+MaybeReports readAll(const path& folder, const std::vector<std::string>& names) {
+    MaybeReports reports(names.size());
+    std::atomic<std::size_t> next = 0;
+    const auto work = [&] {
+        for (std::size_t first; (first = next.fetch_add(portion)) < names.size();)
+            readPortion(folder, names, first, reports);
+    };
+    const std::size_t portions = (names.size() + portion - 1) / portion;
+    const std::size_t hands =
+        std::min({portions, std::size_t(std::thread::hardware_concurrency()), mostHands});
+    std::vector<std::jthread> helpers;
+    try {
+        while (helpers.size() + 1 < hands)
+            helpers.emplace_back(work);
+    } catch (const std::exception&) { // no thread to be had: fewer hands do the same work
+    }
+    work();
+    helpers.clear(); // waits for them
+    return reports;
 }
 
 } // namespace
@@ -58,16 +101,12 @@ void HistoryStore::save(const ConditionReport& report, Files::Calls& calls) cons
 }
 
 std::vector<ConditionReport> HistoryStore::list() const try {
+    MaybeReports found = readAll(folder, reportNames(folder));
     std::vector<ConditionReport> reports;
-    std::string bytes;
-    for (const path& name : reportNames(folder)) {
-        try {
-            Files::read(folder / name, largestFile, bytes);
-            reports.push_back(decode(bytes));
-        } catch (const std::exception&) { // no report: it stays where it is and stops nobody
-        }
-    }
-    sortNewestFirst(reports);
+    reports.reserve(found.size());
+    for (auto& report : found)
+        if (report) reports.push_back(std::move(*report));
+    std::ranges::stable_sort(reports, std::greater{}, moment); // those of one moment keep their order
     return reports;
 } catch (const std::exception&) {
     return {};
@@ -86,14 +125,29 @@ ConditionReport HistoryStore::importFile(const path& file) const {
 }
 
 std::vector<HistoryStore::Group> HistoryStore::grouped(std::vector<ConditionReport> reports) {
-    sortNewestFirst(reports);
     std::vector<Group> groups;
-    std::unordered_map<std::string, std::size_t> places;
-    for (ConditionReport& report : reports) {
-        const std::string key = report.machine.serial.value_or(report.machine.modelID);
-        const auto [place, isNew] = places.emplace(key, groups.size());
+    for (const GroupPlaces& group : groupedPlaces(reports)) {
+        groups.push_back({group.key, {}});
+        for (const std::size_t place : group.places)
+            groups.back().reports.push_back(std::move(reports[place]));
+    }
+    return groups;
+}
+
+std::vector<HistoryStore::GroupPlaces>
+HistoryStore::groupedPlaces(const std::vector<ConditionReport>& reports) {
+    std::vector<std::size_t> order(reports.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::stable_sort(order, std::greater{},
+                             [&](std::size_t place) { return moment(reports[place]); });
+    std::vector<GroupPlaces> groups;
+    std::unordered_map<std::string_view, std::size_t> known;
+    for (const std::size_t place : order) {
+        const MachineInfo& machine = reports[place].machine;
+        const std::string& key = machine.serial ? *machine.serial : machine.modelID;
+        const auto [group, isNew] = known.emplace(key, groups.size());
         if (isNew) groups.push_back({key, {}});
-        groups[place->second].reports.push_back(std::move(report));
+        groups[group->second].places.push_back(place);
     }
     return groups;
 }

@@ -20,6 +20,10 @@ struct HistoryStore {
         std::string key; ///< serial, or model identifier where there is none
         std::vector<ConditionReport> reports;
     };
+    struct GroupPlaces {
+        std::string key;
+        std::vector<std::size_t> places; ///< never empty
+    };
 
     /// Throws std::system_error in words when the folder or the file can't be written or the file would be
     /// larger than `largestFile`, and std::invalid_argument when `encode` does.
@@ -38,6 +42,8 @@ struct HistoryStore {
     static ConditionReport decode(std::string_view bytes);
     /// Newest first; the machine tested last comes first.
     static std::vector<Group> grouped(std::vector<ConditionReport> reports);
+    /// The same groups as places in the list, for whoever doesn't need copies.
+    static std::vector<GroupPlaces> groupedPlaces(const std::vector<ConditionReport>& reports);
 };
 
 } // namespace tessivo
