@@ -107,17 +107,5 @@ TEST(SaveFaults, aFolderThatCanNotBeSyncedIsNoReasonToRefuse) {
     EXPECT_NO_THROW(store.save(after, unreadable));
 }
 
-TEST(SaveFaults, aFailedSaveOfAPickedFileLeavesTheOldOne) {
-    const TemporaryFolder folder;
-    const auto file = folder.write("Condition Report.json", "old");
-    for (std::size_t at = 0; at < 5; ++at) {
-        FaultyCalls faulty;
-        faulty.failing = at;
-        EXPECT_THROW(Files::writeAtomically(file, "new", faulty), std::system_error) << at;
-        EXPECT_EQ(bytesOf(file), "old");
-        EXPECT_EQ(namesIn(folder.path()).size(), 1u);
-    }
-}
-
 } // namespace
 } // namespace tessivo

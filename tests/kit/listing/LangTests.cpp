@@ -1,7 +1,7 @@
 #include "kit/listing/Lang.h"
-#include "kit/listing/Strings.h"
 
 #include <gtest/gtest.h>
+#include <map>
 #include <thread>
 
 using namespace tessivo;
@@ -68,23 +68,6 @@ TEST(Lang, anOverrideBelongsToItsTaskAndToWhatThatStarts) {
     const auto plain = Lang::carrying([&] { carried = Lang::override(); });
     Lang::with("es", plain);
     EXPECT_EQ(carried, std::nullopt);
-}
-
-TEST(Lang, twoTasksSpeakTwoLanguagesAtOnce) {
-    const auto speaker = [](const char* code, const char* word, int& wrong) {
-        return std::thread([=, &wrong] {
-            Lang::with(code, [&] {
-                for (int i = 0; i < 2000; ++i)
-                    wrong += Strings::tr("Keyboard") != word;
-            });
-        });
-    };
-    int wrongEnglish = 0, wrongSpanish = 0;
-    std::thread english = speaker("en", "Keyboard", wrongEnglish);
-    std::thread spanish = speaker("es", "Teclado", wrongSpanish);
-    english.join();
-    spanish.join();
-    EXPECT_EQ(wrongEnglish + wrongSpanish, 0);
 }
 
 TEST(Lang, datesAreLongAndWithoutATime) {

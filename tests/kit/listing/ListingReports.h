@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kit/Samples.h"
 #include "kit/listing/Lang.h"
 #include "kit/listing/WordingGuard.h"
 
@@ -15,21 +16,10 @@ inline void PrintTo(const GuardIssue& issue, std::ostream* out) {
 /// Hand-made reports and their write-ups, for the tests of the listing.
 namespace tessivo::ListingReports {
 
-inline MachineInfo machine() {
-    MachineInfo machine;
-    machine.modelID = "Mac14,2";
-    machine.serial = "J4N7WQX2PL";
-    machine.chip = "Apple M2";
-    machine.memoryBytes = 17'179'869'184;
-    machine.osVersion = "macOS 26.1 (25B78)";
-    machine.storageBytes = 494'384'795'648;
-    return machine;
-}
-
 inline ConditionReport with(std::vector<TestResult> results, std::string notes = {}) {
     ConditionReport report;
     report.created = *Date::fromISO8601("2026-03-05T20:00:00Z");
-    report.machine = machine();
+    report.machine = Samples::machine();
     report.results = std::move(results);
     report.notes = std::move(notes);
     return report;

@@ -35,20 +35,16 @@ TEST(WordingPolish, tellsTheModelWhatItMustKeep) {
     made.facts.fixed = {"16 GB", "The \"N\" key"};
     made.text = "Text";
     made.language = "es";
-    const std::string expected = "You rewrite a used Mac's listing description so it reads like a friendly, "
-                                 "honest note from the seller. "
-                                 "Open with one short sentence, then keep the problems first, then what was "
-                                 "tested and works, what wasn't "
-                                 "tested, the seller's notes and the specs. You may change the headings and "
-                                 "join lines into sentences. "
-                                 "Keep every number exactly as written, including the test date. These "
-                                 "phrases must appear word for word: "
-                                 "\"16 GB\"; \"The \"N\" key\". Do not add anything that isn't in the "
-                                 "description: no condition grades, no "
-                                 "\"like new\", no warranty, no claims that something works unless the "
-                                 "description says so, no prices, no "
-                                 "contact details. Answer with the description only, as plain text with no "
-                                 "Markdown headings, in Spanish.";
+    const std::string expected =
+        "You rewrite a used Mac's listing description so it reads like a friendly, honest note from the "
+        "seller. "
+        "Open with one short sentence, then keep the problems first, then what was tested and works, what "
+        "wasn't tested, the seller's notes and the specs. You may change the headings and join lines into "
+        "sentences. Keep every number exactly as written, including the test date. These phrases must appear "
+        "word for word: \"16 GB\"; \"The \"N\" key\". Do not add anything that isn't in the description: no "
+        "condition grades, no \"like new\", no warranty, no claims that something works unless the "
+        "description says so, no prices, no contact details. Answer with the description only, as plain text "
+        "with no Markdown headings, in Spanish.";
     EXPECT_EQ(WordingPolish::instructions(made), expected);
     made.language = "en";
     EXPECT_TRUE(WordingPolish::instructions(made).ends_with(" headings, in English."));
@@ -97,9 +93,8 @@ TEST(WordingAvailability, saysWhyThereIsNoRewording) {
         {WordingAvailability::unsupported, "Polish Wording uses Apple", "Pulir la redacción utiliza Apple"},
         {WordingAvailability::turnedOff, "Apple Intelligence is off.",
          "Apple Intelligence está desactivado."},
-        {WordingAvailability::notReady, "Apple's on-device model isn't ready",
-         "El modelo de Apple en este Mac aún"},
-    };
+        {WordingAvailability::notReady, "Apple's on-device model isn't",
+         "El modelo de Apple en este Mac aún"}};
     for (const auto& [state, english, spanish] : rows) {
         EXPECT_TRUE(words("en", state).starts_with(english)) << words("en", state);
         EXPECT_TRUE(words("es", state).starts_with(spanish)) << words("es", state);

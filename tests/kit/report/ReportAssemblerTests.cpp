@@ -114,18 +114,5 @@ TEST(ConditionReport, reckonsWholeMinutes) {
     EXPECT_EQ(minutes({least, least}), 1);
 }
 
-TEST(Samples, areHonestForEveryKindOfMac) {
-    const std::pair<const char*, const char*> rows[] = {{"Mac14,2", "13 work"},
-                                                        {"MacBookPro16,1", "13 work"},
-                                                        {"iMac19,1", "13 work, 1 not included"},
-                                                        {"Mac16,10", "8 work, 6 not included"}};
-    for (const auto& [model, counts] : rows) {
-        MachineInfo machine = Samples::machine();
-        machine.modelID = model;
-        const SessionState state = Samples::session(machine);
-        EXPECT_EQ(ReportAssembler::make(state, {}, "1.0", "").countsText(), counts) << model;
-    }
-}
-
 } // namespace
 } // namespace tessivo
