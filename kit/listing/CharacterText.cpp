@@ -18,22 +18,25 @@ bool isASCII(char letter) {
     return (letter & 0x80) == 0;
 }
 
+/// The valid text in a normal form, or as it is where there is no such form to be had.
+std::string normalized(const std::string& valid, const icu::Normalizer2* form, UErrorCode status) {
+    std::string result;
+    if (U_SUCCESS(status)) {
+        const auto length = std::int32_t(valid.size());
+        icu::StringByteSink<std::string> sink(&result, length);
+        form->normalizeUTF8(0, icu::StringPiece(valid.data(), length), sink, nullptr, status);
+    }
+    return U_SUCCESS(status) ? result : valid;
+}
+
 /// One byte sequence for all canonically equivalent texts.
 std::string canonical(std::string_view text) {
     if (std::all_of(text.begin(), text.end(), isASCII)) return std::string(text);
-    const std::string valid = Text::repaired(text);
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
-    std::string composed;
-    if (U_SUCCESS(status)) {
-        icu::StringByteSink<std::string> sink(&composed, std::int32_t(valid.size()));
-        composer->normalizeUTF8(0, icu::StringPiece(valid.data(), std::int32_t(valid.size())), sink, nullptr,
-                                status);
-    }
-    if (U_FAILURE(status)) composed = valid;
+    const icu::Normalizer2* form = icu::Normalizer2::getNFCInstance(status);
     // Lower-casing gives a sigma the form that its place in a word asks for, so a word that a rewording
     // lengthens would differ from the same word alone.
-    return Text::replaced(composed, "ς", "σ");
+    return Text::replaced(normalized(Text::repaired(text), form, status), "ς", "σ");
 }
 
 icu::BreakIterator* characterIterator() {
@@ -68,6 +71,13 @@ bool CharacterText::saysWord(std::string_view phrase) const {
             !Text::beginsWithLetterOrNumber(text.substr(at + unwanted.size())))
             return true;
     return false;
+}
+
+std::string CharacterText::inPlainLetters(std::string_view text) {
+    if (std::all_of(text.begin(), text.end(), isASCII)) return std::string(text);
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* form = icu::Normalizer2::getNFKCCasefoldInstance(status);
+    return normalized(Text::repaired(text), form, status);
 }
 
 bool CharacterText::isBoundary(std::size_t at) const {

@@ -21,6 +21,10 @@ public:
     /// The same, with neither a letter nor a number touching the phrase.
     bool saysWord(std::string_view phrase) const;
 
+    /// The text as it is read: without what can't be seen, and with letters and signs of another make (wide,
+    /// bold, joined, circled) as the plain ones.
+    static std::string inPlainLetters(std::string_view text);
+
 private:
     bool isBoundary(std::size_t at) const;
 

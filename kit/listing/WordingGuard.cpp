@@ -74,6 +74,27 @@ std::vector<std::string> without(const std::vector<std::string>& these,
     return rest;
 }
 
+/// What a rewording says and its original doesn't: to the letter, or as it is read, since nobody sees that a
+/// word is broken by something without width or set in letters of another make.
+class Comparison {
+public:
+    Comparison(const std::string& reworded, const std::string& original)
+        : m_reworded(WordingGuard::normalized(reworded)),
+          m_original(WordingGuard::normalized(original)),
+          m_rewordedAsRead(WordingGuard::normalized(CharacterText::inPlainLetters(reworded))),
+          m_originalAsRead(WordingGuard::normalized(CharacterText::inPlainLetters(original))) {}
+
+    template <class Says>
+    bool adds(const char* phrase, Says says) const {
+        if ((m_original.*says)(phrase)) return false;
+        return (m_reworded.*says)(phrase) ||
+               ((m_rewordedAsRead.*says)(phrase) && !(m_originalAsRead.*says)(phrase));
+    }
+
+private:
+    CharacterText m_reworded, m_original, m_rewordedAsRead, m_originalAsRead;
+};
+
 void addNumbers(std::vector<GuardIssue>& issues, const std::string& text, const WriteUpFacts& facts) {
     const std::vector<std::string> got = Numbers::find(text);
     std::vector<std::string> allowed = facts.numbers;
@@ -129,12 +150,11 @@ std::vector<GuardIssue> WordingGuard::check(const std::string& text, const Listi
 
     addNumbers(issues, text, writeUp.facts);
 
-    const CharacterText original(normalized(writeUp.text));
+    const Comparison comparison(text, writeUp.text);
     for (const char* phrase : promptPhrases)
-        if (reworded.says(phrase) && !original.says(phrase)) issues.push_back({Case::addedClaim, phrase});
+        if (comparison.adds(phrase, &CharacterText::says)) issues.push_back({Case::addedClaim, phrase});
     const auto checkClaim = [&](const char* claim) {
-        if (reworded.saysWord(claim) && !original.saysWord(claim))
-            issues.push_back({Case::addedClaim, claim});
+        if (comparison.adds(claim, &CharacterText::saysWord)) issues.push_back({Case::addedClaim, claim});
     };
     for (const char* claim : bannedClaims)
         checkClaim(claim);

@@ -107,7 +107,7 @@ const char* const bounds[] = {
     " ", "\n",     "\r\n", ".", ",", ";", "!", "?", "¡", "¿", "(",   ")", "\"",
     "“", "”",      "'",    "’", "-", "–", "—", "/", "*", "_", "** ", "👍", "👨‍👩‍👧‍👦",
     "€", "\u00a0", "…",    "·"};
-const char* const letters[] = {"x", "S", "é", "e\u0301", "ñ", "ж", "字", "½", "²", "ª"};
+const char* const letters[] = {"x", "S", "é", "e\u0301", "ñ", "ж", "字", "½", "²", "ß"};
 
 Draft withClaim(const ListingWriteUp& made, Dice& dice) {
     const std::string& claim = dice.one(claims);

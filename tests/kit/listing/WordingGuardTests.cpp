@@ -154,12 +154,19 @@ TEST(WordingGuard, claimsAreWordsOfTheirOwn) {
     EXPECT_EQ(check("(100%), 2", bound("2 100")), claims({"100%"}));
 }
 
-TEST(WordingGuard, noMarkThatTouchesAClaimHidesIt) {
+TEST(WordingGuard, noMarkNorMakeOfLetterHidesAClaim) {
     for (const char* text : {"👍mint👍", "“mint”", "mint\u0301", "mint\u200d!", "mint\ufe0f", "\u0600mint",
-                             "mint\u200b", "\u200bmint", "\u202emint\u202c"})
+                             "\u202emint\u202c", "mi\u200bnt", "MI\u2060NT", "mi\u00adnt", "\u2066m\u2069int",
+                             "mint\u3164", "ｍｉｎｔ", "𝗺𝗶𝗻𝘁", "Ⓜⓘⓝⓣ", "＊＊mi＊＊nt"})
         EXPECT_EQ(check(text, bound("A Mac")), claims({"mint"})) << text;
-    EXPECT_EQ(check("word for word\u200d", bound("A Mac")), claims({"word for word"}));
-    EXPECT_EQ(check("mint\u200d", bound("mint\u200d")), Issues{}); // as the seller wrote it
+    EXPECT_EQ(check("ﬂawless, like \u200b new, perfectª", bound("A Mac")),
+              claims({"like new", "flawless", "perfecta"}));
+    EXPECT_EQ(check("word\u200b for word", bound("A Mac")), claims({"word for word"}));
+    EXPECT_EQ(check("peppermi\u200bnt mint²", bound("A Mac")), Issues{});
+    // As the seller wrote it, or plainer, but no claim out of a word that isn't one.
+    EXPECT_EQ(check("mi\u200bnt mint\u200d", bound("mi\u200bnt mint\u200d")), Issues{});
+    EXPECT_EQ(check("ｍｉｎｔ", bound("mint")), Issues{});
+    EXPECT_EQ(check("mint", bound("mi\u200bnt")), claims({"mint"}));
 }
 
 TEST(WordingGuard, whatTheTemplateSaysIsNoAddedClaim) {
