@@ -34,6 +34,7 @@ HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
 }
 
 void HistoryDetail::setReport(const ConditionReport& report) {
+    if (!m_report || m_report->id != report.id) m_sheet->scrollToTop();
     m_report = report;
     m_sheet->setReport(report);
 }

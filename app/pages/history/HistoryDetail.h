@@ -17,6 +17,7 @@ class HistoryDetail final : public QWidget {
 public:
     explicit HistoryDetail(const PageContext& context, QWidget* parent = nullptr);
 
+    /// Another report is shown from its beginning.
     void setReport(const ConditionReport& report);
 
 Q_SIGNALS:

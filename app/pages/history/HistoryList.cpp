@@ -2,7 +2,6 @@
 
 #include "app/controls/Metrics.h"
 #include "app/controls/Theme.h"
-#include "kit/catalog/SpecCatalog.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -16,6 +15,16 @@ namespace {
 constexpr int headerHeight = 34;
 constexpr double selectedOpacity = 14; // percent
 constexpr double hoverOpacity = 5;
+/// What of a name of any length is measured for its header.
+constexpr qsizetype longestName = 500;
+
+QString beginning(const std::string& text) {
+    return QString::fromStdString(text).left(longestName);
+}
+
+QString serialWords(const MachineInfo& machine) {
+    return machine.serial ? QStringLiteral(" · ") + beginning(*machine.serial) : QString();
+}
 
 /// Draws a row as the other lists of the window are drawn.
 class RowDelegate final : public QStyledItemDelegate {
@@ -95,20 +104,19 @@ private:
 
 void HistoryRows::setHistory(const std::vector<ConditionReport>& history) {
     beginResetModel();
-    m_groups = HistoryStore::grouped(history);
+    m_history = &history;
     m_rows.clear();
-    for (std::size_t group = 0; group < m_groups.size(); ++group) {
-        m_rows.push_back({group, std::nullopt});
-        for (std::size_t report = 0; report < m_groups[group].reports.size(); ++report)
-            m_rows.push_back({group, report});
+    for (const HistoryStore::GroupPlaces& group : HistoryStore::groupedPlaces(history)) {
+        m_rows.push_back({group.places.front(), true});
+        for (const std::size_t place : group.places)
+            m_rows.push_back({place, false});
     }
     endResetModel();
 }
 
 const ConditionReport* HistoryRows::report(int row) const {
-    if (row < 0 || row >= int(m_rows.size()) || !m_rows[std::size_t(row)].report) return nullptr;
-    const Row& at = m_rows[std::size_t(row)];
-    return &m_groups[at.group].reports[*at.report];
+    if (row < 0 || row >= int(m_rows.size()) || m_rows[std::size_t(row)].isHeader) return nullptr;
+    return &m_history->at(m_rows[std::size_t(row)].place);
 }
 
 int HistoryRows::rowOf(const Uuid& id) const {
@@ -124,24 +132,20 @@ int HistoryRows::rowCount(const QModelIndex& parent) const {
 QVariant HistoryRows::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= int(m_rows.size())) return {};
     const Row& row = m_rows[std::size_t(index.row())];
-    if (role == headerRole) return !row.report;
-    if (!row.report) {
-        const MachineInfo& machine = m_groups[row.group].reports.front().machine;
-        const QString name = QString::fromStdString(machine.displayName());
-        const QString serial =
-            machine.serial ? QStringLiteral(" · ") + QString::fromStdString(*machine.serial) : QString();
+    if (role == headerRole) return row.isHeader;
+    const ConditionReport& report = m_history->at(row.place);
+    if (row.isHeader) {
         switch (role) {
         case Qt::DisplayRole:
-            return name;
+            return beginning(report.machine.displayName());
         case serialRole:
-            return serial;
+            return serialWords(report.machine);
         case Qt::AccessibleTextRole:
-            return name + serial;
+            return QString(beginning(report.machine.displayName()) + serialWords(report.machine));
         default:
             return {};
         }
     }
-    const ConditionReport& report = m_groups[row.group].reports[*row.report];
     switch (role) {
     case Qt::DisplayRole:
         return QString::fromStdString(report.created.shortText());
@@ -174,20 +178,16 @@ HistoryList::HistoryList(QWidget* parent) : QListView(parent), m_rows(new Histor
 }
 
 void HistoryList::setHistory(const std::vector<ConditionReport>& history) {
+    // The selected report may have gone, or stand in another row, or be another of the same name.
+    const auto wanted = m_selection;
     m_updating = true;
     m_rows->setHistory(history);
+    setSelectedReport(wanted);
     m_updating = false;
-    // The selected report may have gone, or stand in another row.
-    const auto wanted = m_selection;
-    m_selection.reset();
-    const int row = wanted ? m_rows->rowOf(*wanted) : -1;
-    if (row >= 0)
-        setSelection(wanted);
-    else if (wanted)
-        Q_EMIT selectionHasChanged();
+    if (wanted) takeSelection();
 }
 
-void HistoryList::setSelection(const std::optional<Uuid>& id) {
+void HistoryList::setSelectedReport(const std::optional<Uuid>& id) {
     const int row = id ? m_rows->rowOf(*id) : -1;
     if (row >= 0)
         setCurrentIndex(m_rows->index(row));
@@ -202,11 +202,12 @@ const ConditionReport* HistoryList::selectedReport() const {
 
 void HistoryList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QListView::selectionChanged(selected, deselected);
-    if (m_updating) return;
+    if (!m_updating) takeSelection();
+}
+
+void HistoryList::takeSelection() {
     const ConditionReport* report = selectedReport();
-    const auto selection = report ? std::optional(report->id) : std::nullopt;
-    if (selection == m_selection) return;
-    m_selection = selection;
+    m_selection = report ? std::optional(report->id) : std::nullopt;
     Q_EMIT selectionHasChanged();
 }
 

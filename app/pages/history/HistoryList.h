@@ -8,8 +8,8 @@
 
 namespace tessivo {
 
-/// The reports of History as rows: a header for each Mac, and under it one row a report. Holds one copy of
-/// the reports, in their groups.
+/// The reports of History as rows: a header for each Mac, and under it one row a report. The reports aren't
+/// copied: they stay where they are until the next call of `setHistory`.
 class HistoryRows final : public QAbstractListModel {
     Q_OBJECT
 
@@ -30,11 +30,11 @@ public:
 
 private:
     struct Row {
-        std::size_t group = 0;
-        std::optional<std::size_t> report; ///< absent in a header
+        std::size_t place; ///< of the row's report; a header's is the first of its group
+        bool isHeader;
     };
 
-    std::vector<HistoryStore::Group> m_groups;
+    const std::vector<ConditionReport>* m_history = nullptr;
     std::vector<Row> m_rows;
 };
 
@@ -46,12 +46,13 @@ public:
     explicit HistoryList(QWidget* parent = nullptr);
 
     void setHistory(const std::vector<ConditionReport>& history);
-    /// The selected report, or nothing. Selecting another one says so once.
+    /// The selected report, or nothing.
     std::optional<Uuid> selection() const { return m_selection; }
-    void setSelection(const std::optional<Uuid>& id);
+    void setSelectedReport(const std::optional<Uuid>& id);
     const ConditionReport* selectedReport() const;
 
 Q_SIGNALS:
+    /// Another row is selected, or none, or the selected report was read anew.
     void selectionHasChanged();
     void deleteRequested(const tessivo::Uuid& id);
 
@@ -60,6 +61,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void takeSelection();
+
     HistoryRows* m_rows;
     std::optional<Uuid> m_selection;
     bool m_updating = false;

@@ -28,18 +28,6 @@ protected:
     }
 };
 
-/// A hairline from top to bottom.
-class Upright final : public QWidget {
-public:
-    explicit Upright(QWidget* parent = nullptr) : QWidget(parent) { setFixedWidth(1); }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(
-            rect(), Theme::current().color(ColorRole::text1, Theme::current().isDark() ? 12 : 10));
-    }
-};
-
 TextLabel* emptyText(const QString& text) {
     auto* label = new TextLabel(text, TextRole::body, ColorRole::text2);
     label->setAlignment(Qt::AlignHCenter);
@@ -67,7 +55,9 @@ HistoryView::HistoryView(const PageContext& context, QWidget* parent)
     split->setContentsMargins(0, 0, 0, 0);
     split->setSpacing(0);
     split->addWidget(makeListPane());
-    split->addWidget(new Upright);
+    auto* divider = new Divider;
+    divider->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    split->addWidget(divider);
     split->addWidget(right, 1);
 
     connect(m_list, &HistoryList::selectionHasChanged, this, &HistoryView::showSelection);
@@ -123,7 +113,7 @@ void HistoryView::showSelection() {
 }
 
 void HistoryView::remove(const Uuid& id) {
-    if (m_list->selection() == id) m_list->setSelection(std::nullopt);
+    if (m_list->selection() == id) m_list->setSelectedReport(std::nullopt);
     m_context.model.deleteFromHistory(id);
 }
 

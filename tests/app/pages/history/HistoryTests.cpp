@@ -1,4 +1,5 @@
 #include "app/pages/history/HistoryList.h"
+#include "app/pages/report/SheetView.h"
 #include "kit/Samples.h"
 #include "kit/report/ReportAssembler.h"
 #include "kit/support/Files.h"
@@ -6,6 +7,7 @@
 #include "tests/app/pages/PageFixture.h"
 
 #include <QMenu>
+#include <QScrollBar>
 
 using namespace tessivo;
 using namespace tessivo::pagetest;
@@ -20,18 +22,22 @@ protected:
         machine.serial = std::move(serial);
         return ReportAssembler::make(Samples::session(machine), Date{794'000'000 + day * 86'400}, "1.0", "");
     }
-    void keep(const ConditionReport& report) { model->saveToHistory(report); }
+    ConditionReport keep(double day, const std::string& modelID, std::optional<std::string> serial) {
+        const ConditionReport report = make(day, modelID, std::move(serial));
+        model->saveToHistory(report);
+        return report;
+    }
 
     HistoryList& list() { return *view->findChild<HistoryList*>(); }
+    SheetView& sheet() { return *view->findChild<SheetView*>(); }
 
     /// The rows as they are read out: headers, and under each its reports' first words.
     QStringList rows() {
         QStringList texts;
         for (int row = 0; row < list().model()->rowCount(); ++row) {
             const QModelIndex index = list().model()->index(row, 0);
-            const bool header = index.data(HistoryRows::headerRole).toBool();
             const QString text = index.data(Qt::AccessibleTextRole).toString();
-            texts << (header ? text : QStringLiteral("  ") + text.section(QLatin1Char(','), 0, 0));
+            texts << (index.data(HistoryRows::headerRole).toBool() ? text : "  " + text.section(',', 0, 0));
         }
         return texts;
     }
@@ -44,46 +50,67 @@ protected:
 } // namespace
 
 TEST_F(HistoryTests, reportsStandByMacTheNewestFirst) {
-    keep(make(1, "Mac14,2", "SERIAL1"));
-    keep(make(2, "Macmini9,1", "SERIAL2"));
-    keep(make(3, "Mac14,2", "SERIAL1"));
-    keep(make(0, "Mac99,1", std::nullopt));
+    keep(1, "Mac14,2", "SERIAL1");
+    keep(2, "Macmini9,1", "SERIAL2");
+    keep(3, "Mac14,2", "SERIAL1");
+    keep(0, "Mac99,1", std::nullopt);
     open(Page::history);
     EXPECT_EQ(rows(), (QStringList{"MacBook Air (M2, 2022) · SERIAL1", "  Mar 3", "  Mar 1",
                                    "Mac mini (M1, 2020) · SERIAL2", "  Mar 2", "Mac99,1", "  Feb 28"}));
     EXPECT_TRUE(shown("No report selected"));
     select(0);
     EXPECT_FALSE(list().selection()) << "a header can't be selected";
+    EXPECT_EQ(clippedControls(view.get()).join("\n"), "");
+    EXPECT_EQ(unnamedControls(view.get()).join("\n"), "");
 }
 
 TEST_F(HistoryTests, theSelectedReportIsShownAndStaysSelectedWhenAnotherComes) {
-    keep(make(1, "Mac14,2", "SERIAL1"));
+    keep(1, "Mac14,2", "SERIAL1");
     open(Page::history);
     select(1);
     EXPECT_FALSE(shown("No report selected"));
     const auto selected = list().selection();
     ASSERT_TRUE(selected);
-    keep(make(5, "Macmini9,1", "SERIAL2"));
+    sheet().verticalScrollBar()->setValue(200);
+    keep(5, "Macmini9,1", "SERIAL2");
     settle();
     EXPECT_EQ(list().selection(), selected);
     EXPECT_EQ(list().currentIndex().row(), 3);
+    EXPECT_EQ(sheet().verticalScrollBar()->value(), 200) << "reading goes on where it was";
     EXPECT_TRUE(press("Copy as Text"));
     EXPECT_THAT(controls->pasteboardText().value_or(""), testing::HasSubstr("SERIAL1"));
     EXPECT_EQ(model->history().size(), 2u) << "copying keeps nothing";
+    select(1);
+    EXPECT_EQ(sheet().verticalScrollBar()->value(), 0) << "another report begins at its beginning";
+}
+
+TEST_F(HistoryTests, ofTwoFilesWithOneIdTheSelectedOneIsShown) {
+    ConditionReport report = keep(1, "Mac14,2", "SERIAL1");
+    report.notes = "from the other file";
+    Files::writeAtomically(model->historyStore().folder / "copy.json", HistoryStore::encode(report));
+    model->refreshHistory();
+    open(Page::history);
+    ASSERT_EQ(rows().size(), 3);
+    for (const int row : {1, 2, 1}) {
+        select(row);
+        EXPECT_EQ(sheet().preview().spokenValue().contains("from the other file"),
+                  list().selectedReport()->notes == report.notes)
+            << row;
+    }
 }
 
 TEST_F(HistoryTests, deletingTheLastReportOfAMacTakesItsHeaderAlong) {
-    keep(make(1, "Mac14,2", "SERIAL1"));
-    keep(make(2, "Macmini9,1", "SERIAL2"));
+    keep(1, "Mac14,2", "SERIAL1");
+    keep(2, "Macmini9,1", "SERIAL2");
     open(Page::history);
     select(1);
     EXPECT_TRUE(press("Delete"));
     EXPECT_EQ(rows(), (QStringList{"MacBook Air (M2, 2022) · SERIAL1", "  Mar 1"}));
     EXPECT_TRUE(shown("No report selected"));
-    QContextMenuEvent menuEvent(
-        QContextMenuEvent::Mouse, list().visualRect(list().model()->index(1, 0)).center(),
-        list().viewport()->mapToGlobal(list().visualRect(list().model()->index(1, 0)).center()));
-    QApplication::sendEvent(list().viewport(), &menuEvent);
+    QWidget* viewport = list().viewport();
+    const QPoint place = list().visualRect(list().model()->index(1, 0)).center();
+    QContextMenuEvent menuEvent(QContextMenuEvent::Mouse, place, viewport->mapToGlobal(place));
+    QApplication::sendEvent(viewport, &menuEvent);
     auto* menu = list().findChild<QMenu*>();
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 1);
@@ -95,11 +122,9 @@ TEST_F(HistoryTests, deletingTheLastReportOfAMacTakesItsHeaderAlong) {
 }
 
 TEST_F(HistoryTests, aReportWhoseFileHasAnotherNameStays) {
-    const ConditionReport report = make(1, "Mac14,2", "SERIAL1");
-    keep(report);
+    const ConditionReport report = keep(1, "Mac14,2", "SERIAL1");
     const auto folder = model->historyStore().folder;
     std::filesystem::rename(folder / (report.id.text() + ".json"), folder / "brought.json");
-    model->refreshHistory();
     open(Page::history);
     select(1);
     EXPECT_TRUE(press("Delete"));
@@ -108,21 +133,19 @@ TEST_F(HistoryTests, aReportWhoseFileHasAnotherNameStays) {
 
 TEST_F(HistoryTests, filesOfAnotherMacAreAddedAndOthersAreCounted) {
     const TemporaryFolder folder;
-    const ConditionReport report = make(1, "Macmini9,1", "SERIAL2");
-    Files::writeAtomically(folder.path() / "good.json", HistoryStore::encode(report));
-    Files::writeAtomically(folder.path() / "bad.json", "{}");
+    const auto good = folder.write("good.json", HistoryStore::encode(make(1, "Macmini9,1", "SERIAL2")));
+    const auto bad = folder.write("bad.json", "{}");
     open(Page::history);
-    dialogs.openAnswer = {folder.path() / "good.json"};
-    EXPECT_TRUE(press("Add Report Files…"));
-    EXPECT_EQ(dialogs.asked.last(), "Choose report files saved with Save Report File on another Mac.");
+    const auto add = [this](const std::vector<std::filesystem::path>& files) {
+        dialogs.openAnswer = files;
+        EXPECT_TRUE(press("Add Report Files…"));
+        EXPECT_EQ(dialogs.asked.last(), "Choose report files saved with Save Report File on another Mac.");
+    };
+    add({good});
     EXPECT_TRUE(shown("Added 1 report."));
-    dialogs.openAnswer = {folder.path() / "good.json", folder.path() / "bad.json",
-                          folder.path() / "gone.json"};
-    EXPECT_TRUE(press("Add Report Files…"));
+    add({good, bad, folder / "gone.json"});
     EXPECT_TRUE(shown("Added 1 of 3. The others aren't Tessivo report files."));
     EXPECT_EQ(rows().size(), 2) << "adding a file twice leaves one";
-    dialogs.openAnswer = {};
-    EXPECT_TRUE(press("Add Report Files…"));
-    EXPECT_TRUE(shown("Added 1 of 3. The others aren't Tessivo report files."))
-        << "a cancelled panel changes nothing";
+    add({});
+    EXPECT_TRUE(shown("Added 1 of 3. The others aren't Tessivo report files.")) << "cancelled";
 }
