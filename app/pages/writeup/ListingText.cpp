@@ -42,6 +42,10 @@ void ListingText::setListing(const QString& text) {
     moveCursor(QTextCursor::Start);
 }
 
+double ListingText::focusShapeCorner() const {
+    return Corner::textBox;
+}
+
 void ListingText::paintEvent(QPaintEvent* event) {
     {
         QPainter painter(viewport());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/controls/FocusRing.h"
 #include "app/controls/Theme.h"
 
 #include <QTextEdit>
@@ -7,7 +8,7 @@
 namespace tessivo {
 
 /// A listing to read and select: plain text in a scrolling box.
-class ListingText final : public QTextEdit {
+class ListingText final : public QTextEdit, public FocusShape {
     Q_OBJECT
 
 public:
@@ -15,6 +16,10 @@ public:
 
     /// Plain text; nothing happens when it is the one shown.
     void setListing(const QString& text);
+
+    QWidget* focusShapeWidget() override { return this; }
+    QRectF focusShapeRect() const override { return rect(); }
+    double focusShapeCorner() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -43,7 +43,6 @@ WriteUpSheet::WriteUpSheet(const PageContext& context, ConditionReport report, Q
     : Sheet(window), m_context(context), m_report(std::move(report)), m_language(Lang::current()) {
     const Lang::Scope scope(m_language);
     setAccessibleName(words("Listing Write-Up"));
-    makeWriteUp();
     add(makeHead());
     auto* box = new QWidget;
     auto* boxLayout = new QVBoxLayout(box);
@@ -58,16 +57,15 @@ WriteUpSheet::WriteUpSheet(const PageContext& context, ConditionReport report, Q
     add(new Divider);
     add(makePolishRow());
     add(makeFoot());
+    makeWriteUp();
 
-    connect(m_serial, &Checkbox::toggled, this, [this](bool include) {
-        m_includeSerial = include;
+    connect(m_serial, &Checkbox::toggled, this, [this] {
         // A rewording belongs to one template text.
         forgetPolish();
         makeWriteUp();
         refresh();
     });
     refresh();
-    show();
 }
 
 WriteUpSheet::~WriteUpSheet() = default;
@@ -157,7 +155,7 @@ void WriteUpSheet::dismiss() {
 
 void WriteUpSheet::makeWriteUp() {
     const Lang::Scope scope(m_language);
-    m_writeUp = ListingTemplate::make(m_report, m_includeSerial);
+    m_writeUp = ListingTemplate::make(m_report, m_serial->isChecked());
 }
 
 void WriteUpSheet::forgetPolish() {

@@ -13,9 +13,9 @@ class ListingText;
 class SegmentedPicker;
 class TextLabel;
 
-/// The listing description made from one report, and its rewording. All its words are in the language of
-/// the write-up. Closing it clears the model's `showWriteUp`; an answer of the wording model that comes
-/// later is dropped.
+/// The listing description made from one report, and its rewording. All its words are in the language that
+/// was current when it was made. Closing it clears the model's `showWriteUp`; an answer of the wording model
+/// that comes later is dropped.
 class WriteUpSheet final : public Sheet {
     Q_OBJECT
 
@@ -44,13 +44,12 @@ private:
     ConditionReport m_report;
     std::string m_language;
     ListingWriteUp m_writeUp;
-    bool m_includeSerial = false;
     std::optional<std::string> m_polished;
     bool m_showPolished = false;
     bool m_polishing = false;
     std::optional<std::string> m_outcome;
     std::vector<GuardIssue> m_issues;
-    int m_round = 0; ///< which write-up a running rewording belongs to
+    int m_round = 0; ///< of the write-ups; tells whether a rewording that comes back belongs to this one
 
     QWidget* m_versionRow = nullptr;
     SegmentedPicker* m_version = nullptr;
