@@ -43,6 +43,14 @@ StatusLook look(TestStatus status) {
     return {U'–', QColor::fromRgbF(0.45f, 0.45f, 0.45f)};
 }
 
+/// Whether a list is to end here, on an ellipsis, for all the paragraphs there are.
+bool endsEarly(ReportWriter& writer) {
+    if (!writer.isFull()) return false;
+    writer.paragraph({});
+    writer.run("…", {});
+    return true;
+}
+
 void writeHead(ReportWriter& writer, const ConditionReport& report, const std::string& timeZone) {
     writer.paragraph({.after = 2});
     writer.run("CONDITION REPORT", {.size = 9, .weight = QFont::Bold, .color = kickerGreen});
@@ -92,6 +100,7 @@ void writeResult(ReportWriter& writer, const TestResult& result) {
     writer.run(result.summary, {});
     for (const std::string& detail : result.details) {
         if (detail.empty()) continue;
+        if (endsEarly(writer)) break;
         writer.paragraph({.after = 1, .indent = 18});
         writer.run(detail, {.size = 9, .color = grey});
     }
@@ -111,6 +120,7 @@ void writeHandover(ReportWriter& writer, const ConditionReport& report) {
     writer.paragraph({.after = 4});
     writer.run(Handover::reportNote, {.size = 9, .color = grey});
     for (const HandoverLine& line : *report.handover) {
+        if (endsEarly(writer)) break;
         writer.paragraph({.before = 2, .after = 1, .tabs = rowTabs});
         writer.symbol(line.ticked ? U'☑' : U'☐', {.size = 11});
         writer.run("\t", {});
@@ -141,6 +151,7 @@ void writePickup(ReportWriter& writer, const ConditionReport& report) {
         {.color = grey});
     int number = 0;
     for (const PickupStep& step : report.pickup) {
+        if (endsEarly(writer)) break;
         writer.paragraph({.after = 3, .tabs = stepTabs, .hanging = 18});
         writer.run(std::to_string(++number) + ".\t" + step.title + ": ", {.weight = QFont::DemiBold});
         writer.run(step.expect, {.color = grey});
@@ -151,14 +162,16 @@ void writePickup(ReportWriter& writer, const ConditionReport& report) {
 }
 
 std::unique_ptr<QTextDocument> build(const ConditionReport& report, const std::string& timeZone,
-                                     const ReportWriter::Limits& limits) {
-    ReportWriter writer(limits);
+                                     const ReportWriter::Paper& paper, const ReportWriter::Limits& limits) {
+    ReportWriter writer(paper, limits);
     writeHead(writer, report, timeZone);
     writeSpecs(writer, report.machine);
     writer.paragraph({.after = 8, .heading = true});
     writer.run("Results: " + report.countsText(), {.size = 13, .weight = QFont::Bold});
-    for (const TestResult& result : report.results)
+    for (const TestResult& result : report.results) {
+        if (endsEarly(writer)) break;
         writeResult(writer, result);
+    }
     if (!report.notes.empty()) {
         writeSectionHeading(writer, "Seller's notes", 4);
         writer.paragraph({.after = 2});
@@ -173,17 +186,12 @@ std::unique_ptr<QTextDocument> build(const ConditionReport& report, const std::s
 
 std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
                                     const std::string& timeZone) {
-    auto document = build(report, timeZone, {longestText, longestDocument});
-    document->setDocumentMargin(0);
-    document->setTextWidth(width * unitsPerPoint);
-    return document;
+    return build(report, timeZone, {.size = {width, 0}}, {longestText, longestDocument, mostParagraphs});
 }
 
 std::unique_ptr<QTextDocument> paged(const ConditionReport& report, QSizeF paper, double margin,
                                      const std::string& timeZone) {
-    auto document = build(report, timeZone, {});
-    document->setDocumentMargin(ReportWriter::lengthOf(margin));
-    document->setPageSize(paper * unitsPerPoint);
+    auto document = build(report, timeZone, {paper, margin}, {});
     ReportWriter::keepHeadings(*document);
     return document;
 }

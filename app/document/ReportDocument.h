@@ -10,9 +10,10 @@
 namespace tessivo::ReportDocument {
 
 /// What a text, and all texts together, may hold before the sheet on the screen shows a beginning alone, in
-/// UTF-16 units. Print, PDF, the file and the copied text always hold the whole.
+/// UTF-16 units, and how many paragraphs. Print, PDF, the file and the copied text always hold the whole.
 inline constexpr int longestText = 50'000;
 inline constexpr int longestDocument = 1'000'000;
+inline constexpr int mostParagraphs = 60'000;
 
 /// The layout's positions and sizes are in units of so many to the point.
 inline constexpr int unitsPerPoint = 2;

@@ -121,17 +121,24 @@ double ReportWriter::lengthOf(double points) {
     return points * point();
 }
 
-ReportWriter::ReportWriter(const Limits& limits)
+ReportWriter::ReportWriter(const Paper& paper, const Limits& limits)
     : m_document(std::make_unique<QTextDocument>()), m_cursor(m_document.get()), m_limits(limits) {
     m_document->setUndoRedoEnabled(false);
     m_document->setDefaultFont(ReportFonts::text(10.5));
     m_document->setUseDesignMetrics(true);
     m_document->documentLayout()->setPaintDevice(&fineDevice());
+    // Before the text, which would be laid out anew for each of these.
+    m_document->setDocumentMargin(lengthOf(paper.margin));
+    if (paper.size.height() > 0)
+        m_document->setPageSize(paper.size * unitsPerPoint);
+    else
+        m_document->setTextWidth(paper.size.width() * unitsPerPoint);
     // One change for the layout, not one for each run.
     m_cursor.beginEditBlock();
 }
 
 void ReportWriter::paragraph(const Paragraph& style) {
+    ++m_paragraphs;
     QTextBlockFormat format;
     // The layout keeps only the larger of two neighbouring margins; the sum is wanted.
     format.setTopMargin(lengthOf(m_pendingSpace + style.before));

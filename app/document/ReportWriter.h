@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QSizeF>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <limits>
@@ -36,13 +37,23 @@ public:
     };
 
     /// How much text a run and the whole document may hold, in UTF-16 units; what is beyond is cut off with
-    /// an ellipsis.
+    /// an ellipsis. And how many paragraphs there may be until the document is full.
     struct Limits {
         qsizetype run = std::numeric_limits<qsizetype>::max();
         qsizetype document = std::numeric_limits<qsizetype>::max();
+        qsizetype paragraphs = std::numeric_limits<qsizetype>::max();
     };
 
-    explicit ReportWriter(const Limits& limits);
+    /// What the text is laid out for, in points; a height of 0 is one endless sheet.
+    struct Paper {
+        QSizeF size;
+        double margin = 0; ///< on all four sides
+    };
+
+    ReportWriter(const Paper& paper, const Limits& limits);
+
+    /// Whether lists should end here. A few more paragraphs do no harm.
+    bool isFull() const { return m_paragraphs >= m_limits.paragraphs; }
 
     void paragraph(const Paragraph& style);
     void run(const std::string& text, const Run& style);
@@ -67,6 +78,7 @@ private:
     QTextCursor m_cursor;
     Limits m_limits;
     qsizetype m_written = 0;
+    qsizetype m_paragraphs = 0;
     double m_pendingSpace = 0; ///< the last paragraph's space after, which adds to the next one's before
     double m_lineHeight = 0;   ///< of the paragraph that is being written
     bool m_blockIsFresh = true;
