@@ -26,11 +26,6 @@ bool comesAfterTheReport(HandoverStep step) {
     return step == HandoverStep::erase || step == HandoverStep::nvram;
 }
 
-// A page knows another Panel, the frame shape of its base.
-Panel* makePanel(Panel::Kind kind) {
-    return new Panel(kind);
-}
-
 /// A divider that begins under the symbols of the rows.
 QWidget* rowDivider(HandoverRow::Kind kind) {
     auto* line = new QWidget;
@@ -82,7 +77,7 @@ void HandoverView::addHead() {
 
 void HandoverView::addChecklist() {
     add(new SectionHeading(tr("1. Before you save the report")), sectionGap);
-    auto* panel = makePanel(Panel::Kind::list);
+    auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine)) {
         if (comesAfterTheReport(step)) continue;
         auto* row = new HandoverRow(step, HandoverRow::Kind::ticked, m_context);
@@ -116,7 +111,7 @@ void HandoverView::addReport() {
 
 void HandoverView::addErase() {
     add(new SectionHeading(tr("3. Last: erase")), sectionGap);
-    auto* panel = makePanel(Panel::Kind::list);
+    auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine))
         if (comesAfterTheReport(step))
             addRow(*panel, new HandoverRow(step, HandoverRow::Kind::plain, m_context),
@@ -145,7 +140,7 @@ void HandoverView::addBuyer() {
         new SymbolView(QStringLiteral("person.fill.questionmark"), SymbolSize::row, ColorRole::accent), 0,
         Qt::AlignTop);
     row->addWidget(words, 1);
-    auto* panel = makePanel(Panel::Kind::card);
+    auto* panel = new Panel(Panel::Kind::card);
     panel->add(content);
     add(panel, Space::xxl);
 }

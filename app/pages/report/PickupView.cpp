@@ -23,11 +23,6 @@ QString text(const std::string& words) {
     return QString::fromStdString(words);
 }
 
-// A page knows another Panel, the frame shape of its base.
-Panel* makePanel() {
-    return new Panel(Panel::Kind::list);
-}
-
 } // namespace
 
 PickupView::PickupView(const PageContext& context, QWidget* parent)
@@ -54,7 +49,7 @@ PickupView::PickupView(const PageContext& context, QWidget* parent)
     also->column().setContentsMargins(Space::block, Space::m, Space::block, Space::s);
     also->add(new TextLabel(tr("Also open Apple menu › About This Mac: its serial number should match."),
                             TextRole::callout, ColorRole::text2));
-    auto* panel = makePanel();
+    auto* panel = new Panel(Panel::Kind::list);
     panel->add(facts);
     panel->add(new Divider);
     panel->add(also);
@@ -88,7 +83,7 @@ void PickupView::follow() {
     setFact(storage, machine.storageText() ? text(*machine.storageText()) : tr("Couldn't read it"));
 
     const auto steps = ReportAssembler::pickupSteps(machine, Rules::results(m_model.state()));
-    if (steps != m_shown || m_rows.empty()) makeRows(steps);
+    if (steps != m_shown) makeRows(steps);
     for (PickupRow* row : m_rows)
         if (row->page()) row->setStatus(m_model.status(*row->page()));
 }
