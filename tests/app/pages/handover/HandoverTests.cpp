@@ -19,13 +19,10 @@ namespace {
 
 class HandoverTests : public PageFixture {
 protected:
-    void openHandover() { open(Page::handover); }
-
     QStringList boxes() {
         QStringList names;
         for (auto* box : view->findChildren<Checkbox*>())
-            names << accessibleNameOf(box) +
-                         (isChecked(box) ? QStringLiteral(" [x]") : QStringLiteral(" [ ]"));
+            names << accessibleNameOf(box) + (isChecked(box) ? " [x]" : " [ ]");
         return names;
     }
     QStringList links() {
@@ -42,7 +39,7 @@ protected:
 } // namespace
 
 TEST_F(HandoverTests, walksThroughTheStepsInOrder) {
-    openHandover();
+    open(Page::handover);
     EXPECT_TRUE(
         shown("Apple's steps for handing this Mac to someone else, so none of your data or your "
               "Activation Lock goes with it. Tick each one as you do it. Last, after this report: the "
@@ -67,14 +64,13 @@ TEST_F(HandoverTests, walksThroughTheStepsInOrder) {
           "Before the erase, ask the seller to show Activation Lock Status: Disabled in System Information "
           "(Hardware), then to erase the Mac in front of you. Setup should not ask for the seller's Apple "
           "Account."}) {
-        const qsizetype found = texts.indexOf(QString::fromUtf8(text), at + 1);
+        const qsizetype found = texts.indexOf(text, at + 1);
         EXPECT_GT(found, at) << text;
         at = std::max(at, found);
     }
     EXPECT_FALSE(shown("Reset NVRAM (Intel Macs)"));
     for (const int width : {950, 620}) {
-        view->resize(width, 752);
-        settle();
+        showAt(*view, QSize(width, 752));
         EXPECT_THAT(clippedControls(view.get()), IsEmpty()) << width;
     }
     EXPECT_THAT(unnamedControls(view.get()), IsEmpty());
@@ -87,64 +83,59 @@ TEST_F(HandoverTests, anIntelMacAndAnUnknownOneResetTheirMemoryToo) {
         {"imac-unknown", "Reinstall macOS"}};
     for (const auto& [machine, link] : macs) {
         useMachine(machine);
-        openHandover();
+        open(Page::handover);
         EXPECT_TRUE(shown("Reset NVRAM (Intel Macs)")) << machine;
-        EXPECT_NE(findNamed(view.get(), QStringLiteral("Optional"), [](QWidget*) { return true; }), nullptr);
-        EXPECT_TRUE(links().contains(QString::fromUtf8(link))) << machine;
+        EXPECT_NE(findByName<QWidget>(view.get(), "Optional"), nullptr);
+        EXPECT_TRUE(links().contains(link)) << machine;
         EXPECT_EQ(boxes().size(), 5) << machine;
     }
 }
 
-TEST_F(HandoverTests, ticksAreKeptTakenBackAndSurviveTheRoom) {
-    openHandover();
+TEST_F(HandoverTests, ticksAreKeptTakenBackAndClearedByStartingOver) {
+    open(Page::handover);
     EXPECT_TRUE(press("Back up your files"));
     EXPECT_TRUE(press("Turn off Find My Mac"));
     EXPECT_THAT(ticked(), ElementsAre(HandoverStep::backup, HandoverStep::findMy));
-    openHandover();
-    EXPECT_EQ(boxes().filter(QStringLiteral("[x]")).size(), 2);
+    open(Page::handover);
+    EXPECT_EQ(boxes().filter("[x]").size(), 2);
     press("Back up your files");
     press("Turn off Find My Mac");
     EXPECT_EQ(state().handover, std::nullopt) << "an emptied checklist is an untouched one";
     // The words beside the box belong to it.
-    for (auto* label : view->findChildren<TextLabel*>())
-        if (label->text() == QStringLiteral("Back up your files")) click(label);
+    click(findByName<TextLabel>(view.get(), "Back up your files"));
     EXPECT_THAT(ticked(), ElementsAre(HandoverStep::backup));
     model->reset();
     settle();
-    EXPECT_TRUE(boxes().filter(QStringLiteral("[x]")).isEmpty());
+    EXPECT_TRUE(boxes().filter("[x]").isEmpty());
 }
 
 TEST_F(HandoverTests, asksAboutActivationLockUnderFindMyAlone) {
-    openHandover();
-    EXPECT_THAT(view->findChildren<ActivationLockPanel*>(), SizeIs(1));
-    auto* panel = view->findChild<ActivationLockPanel*>();
-    auto* badge = panel->findChild<StatusBadge*>();
-    EXPECT_EQ(badge->status(), model->result(TestID::activationLock).status);
-    EXPECT_TRUE(press("Disabled"));
-    EXPECT_EQ(state().activationLock, ActivationLockAnswer::disabled);
-    EXPECT_EQ(badge->status(), TestStatus::works);
-    EXPECT_TRUE(press("Enabled"));
-    EXPECT_EQ(badge->status(), TestStatus::problem);
-    EXPECT_TRUE(press("Not checked yet"));
-    EXPECT_EQ(state().activationLock, ActivationLockAnswer::unanswered);
+    open(Page::handover);
+    ASSERT_THAT(view->findChildren<ActivationLockPanel*>(), SizeIs(1));
+    auto* badge = view->findChild<ActivationLockPanel*>()->findChild<StatusBadge*>();
+    for (const auto& [press, status] : {std::pair("Disabled", TestStatus::works),
+                                        {"Enabled", TestStatus::problem},
+                                        {"Not checked yet", TestStatus::checkByHand}}) {
+        EXPECT_TRUE(clickOn(view.get(), press));
+        EXPECT_EQ(badge->status(), status) << press;
+        EXPECT_EQ(model->result(TestID::activationLock).status, status) << press;
+    }
 }
 
 TEST_F(HandoverTests, everyLinkOpensItsOwnPage) {
-    openHandover();
-    QStringList paths;
-    for (auto* link : view->findChildren<LinkLabel*>()) {
-        const std::size_t before = controls->openedURLs().size();
+    open(Page::handover);
+    for (auto* link : view->findChildren<LinkLabel*>())
         link->click();
-        ASSERT_EQ(controls->openedURLs().size(), before + 1);
-        paths << QString::fromStdString(controls->openedURLs().back()).section(u'/', -1);
-    }
+    QStringList paths;
+    for (const std::string& url : controls->openedURLs())
+        paths << QString::fromStdString(url).section('/', -1);
     EXPECT_THAT(paths, ElementsAre("102773", "102307", "118292", "104958", "104958", "102773", "102664"));
 }
 
 TEST_F(HandoverTests, aReportSavedBeforeATickDoesNotShowIt) {
     model->setState(Samples::session(state().machine));
     model->change([](SessionState& session) { session.handover.reset(); });
-    openHandover();
+    open(Page::handover);
     press("Save to History");
     EXPECT_TRUE(shown("Saved to History."));
     press("Back up your files");

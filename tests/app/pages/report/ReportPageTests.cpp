@@ -25,42 +25,20 @@ protected:
         PageFixture::SetUp();
         model->setState(Samples::session());
     }
-    void openReport() { open(Page::report); }
-
     ReportPreview* preview() { return view->findChild<ReportPreview*>(); }
-    QString sheet() { return preview()->spokenValue(); }
-    bool sheetShows(const char* text) { return sheet().contains(QString::fromUtf8(text)); }
-    GrowingTextField* notes() {
-        return findByName<GrowingTextField>(view.get(), QStringLiteral("Notes for the report"));
-    }
+    bool sheetShows(const char* text) { return preview()->spokenValue().contains(text); }
+    GrowingTextField* notes() { return findByName<GrowingTextField>(view.get(), "Notes for the report"); }
     std::string message() { return model->message().value_or(""); }
-    QStringList files() const {
-        QStringList names;
-        for (const std::string& name : namesIn(folder.path()))
-            names << QString::fromStdString(name);
-        return names;
-    }
 
     TemporaryFolder folder;
-};
-
-/// What one button did, told in a line: history entries, dialogs, files, message.
-struct Outcome {
-    const char* button;
-    const char* when;
-    std::size_t history;
-    const char* file; ///< what stands in the folder then
-    const char* message;
-    int dialogs;
 };
 
 } // namespace
 
 TEST_F(ReportPageTests, tellsItsTallyAndWarnsOfWhatIsUnfinished) {
-    const char* const warning =
-        "Unfinished tests show as not run. You can make the report any time, but buyers "
-        "trust a complete one.";
-    openReport();
+    const char* const warning = "Unfinished tests show as not run. You can make the report any time, but "
+                                "buyers trust a complete one.";
+    open(Page::report);
     EXPECT_TRUE(shown("12 work, 1 problem"));
     EXPECT_FALSE(shown(warning));
     model->change([](SessionState& state) { state.headphones->right = ManualAnswer::unanswered; });
@@ -68,38 +46,41 @@ TEST_F(ReportPageTests, tellsItsTallyAndWarnsOfWhatIsUnfinished) {
     EXPECT_TRUE(shown("11 work, 1 problem, 1 not finished"));
     EXPECT_TRUE(shown(warning));
     model->change([](SessionState& state) { state.headphones.reset(); });
-    pass(100ms);
+    pass(20ms);
     EXPECT_TRUE(shown(warning)) << "not run at all";
-    EXPECT_THAT(clippedControls(view.get()), IsEmpty());
     EXPECT_THAT(unnamedControls(view.get()), IsEmpty());
 }
 
 TEST_F(ReportPageTests, holdsNotesAndHandoverOnlyWhereThereAreSome) {
     model->change([](SessionState& state) { state.handover.reset(); });
-    openReport();
+    open(Page::report);
     EXPECT_FALSE(sheetShows("Seller's notes"));
     EXPECT_FALSE(sheetShows("Before handover"));
-    type(notes(), QStringLiteral("One scratch"));
+    type(notes(), "One scratch");
     EXPECT_EQ(model->notes(), "One scratch");
     model->setHandover(HandoverStep::backup, true);
     EXPECT_FALSE(sheetShows("One scratch")) << "not before the next frame";
     pass(20ms);
     EXPECT_TRUE(sheetShows("Seller's notes\nOne scratch\nBefore handover (ticked by the seller)"));
     model->setNotes("   ");
-    pass(100ms);
+    pass(20ms);
     EXPECT_FALSE(sheetShows("Seller's notes"));
     EXPECT_EQ(notes()->text(), "   ");
 }
 
-TEST_F(ReportPageTests, isMadeAnewOnceAFrameHoweverFastSomeoneTypesAndNotAtAllUnseen) {
-    openReport();
-    const QTextDocument* first = preview()->document();
+TEST_F(ReportPageTests, isMadeAnewInItsPlaceOnceAFrameAndNotAtAllUnseen) {
+    open(Page::report);
+    QScrollBar* bar = view->findChild<SheetView*>()->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 400);
+    bar->setValue(400);
+    const QTextDocument* before = preview()->document();
     const std::size_t waiting = clock.pending();
-    type(notes(), QStringLiteral("quick fingers"));
+    type(notes(), "quick fingers");
     EXPECT_LE(clock.pending(), waiting + 2) << "one save and one rebuild";
-    EXPECT_EQ(preview()->document(), first);
+    EXPECT_EQ(preview()->document(), before);
     pass(20ms);
     EXPECT_TRUE(sheetShows("quick fingers"));
+    EXPECT_EQ(bar->value(), 400);
     const std::size_t idle = clock.pending();
     view->hide();
     model->setNotes("typed elsewhere");
@@ -111,70 +92,64 @@ TEST_F(ReportPageTests, isMadeAnewOnceAFrameHoweverFastSomeoneTypesAndNotAtAllUn
     EXPECT_LE(clock.pending(), idle + 1);
 }
 
-TEST_F(ReportPageTests, rereadingKeepsThePlaceThatSomeoneHasScrolledTo) {
-    openReport();
-    QScrollBar* bar = view->findChild<SheetView*>()->verticalScrollBar();
-    ASSERT_GT(bar->maximum(), 400);
-    bar->setValue(400);
-    model->setNotes("more");
-    pass(20ms);
-    EXPECT_EQ(bar->value(), 400);
-}
-
 TEST_F(ReportPageTests, drawsTheSheetSmallerWhereTheDetailIsNarrow) {
-    openReport();
-    EXPECT_EQ(preview()->width(), 612);
-    view->resize(913, 700);
-    settle();
-    EXPECT_EQ(preview()->width(), 612);
-    view->resize(620, 520);
-    settle();
-    EXPECT_EQ(preview()->width(), 329);
-    EXPECT_EQ(preview()->height(), preview()->heightForWidth(329));
-    EXPECT_EQ(findByName<Button>(view.get(), QStringLiteral("Print…"))->width(), 280 - 48);
-    EXPECT_THAT(clippedControls(view.get()), IsEmpty());
+    open(Page::report);
+    for (const auto& [window, sheet] :
+         {std::pair(QSize(950, 752), 612), {{913, 700}, 612}, {{620, 520}, 329}}) {
+        showAt(*view, window);
+        EXPECT_EQ(preview()->size(), QSize(sheet, preview()->heightForWidth(sheet)));
+        EXPECT_THAT(clippedControls(view.get()), IsEmpty()) << sheet;
+    }
+    EXPECT_EQ(findByName<Button>(view.get(), "Print…")->width(), 280 - 48);
 }
 
 TEST_F(ReportPageTests, eachActionTellsWhatItDidAndKeepsWhatItShould) {
-    const auto good = folder / "Chosen", bad = folder / "no folder" / "Chosen";
-    const Outcome outcomes[] = {
-        {"Save as PDF…", "saved", 1, "Chosen", "Saved to History.", 1},
-        {"Save as PDF…", "cancelled", 0, "", "", 1},
-        {"Save as PDF…", "failed", 0, "", "", 2},
-        {"Print…", "saved", 1, "Chosen", "Saved to History.", 1},
-        {"Print…", "cancelled", 1, "", "Saved to History.", 1},
-        {"Print…", "failed", 1, "", "Saved to History.", 2},
-        {"Copy as Text", "", 0, "", "Copied. Paste it into your listing or a message.", 0},
-        {"Save to History", "", 1, "", "Saved to History.", 0},
-        {"Save Report File…", "saved", 0, "Chosen", "", 1},
-        {"Save Report File…", "cancelled", 0, "", "", 1},
-        {"Save Report File…", "failed", 0, "", "", 1},
+    struct Row {
+        const char* button;
+        const char* when;
+        std::size_t history;
+        std::vector<std::string> files; ///< in the folder then
+        const char* message;
+        int dialogs;
     };
-    for (const Outcome& wanted : outcomes) {
-        SCOPED_TRACE(std::string(wanted.button) + ", " + wanted.when);
+    const Row rows[] = {
+        {"Save as PDF…", "saved", 1, {"Chosen"}, "Saved to History.", 1},
+        {"Save as PDF…", "cancelled", 0, {}, "", 1},
+        {"Save as PDF…", "failed", 0, {}, "", 2},
+        {"Print…", "saved", 1, {"Chosen"}, "Saved to History.", 1},
+        {"Print…", "cancelled", 1, {}, "Saved to History.", 1},
+        {"Print…", "failed", 1, {}, "Saved to History.", 2},
+        {"Copy as Text", "", 0, {}, "Copied. Paste it into your listing or a message.", 0},
+        {"Save to History", "", 1, {}, "Saved to History.", 0},
+        {"Save Report File…", "saved", 0, {"Chosen"}, "", 1},
+        {"Save Report File…", "cancelled", 0, {}, "", 1},
+        {"Save Report File…", "failed", 0, {}, "", 1},
+    };
+    for (const Row& row : rows) {
+        const std::string when = row.when;
+        SCOPED_TRACE(row.button + (", " + when));
         useMachine("macbook-air-m2");
         model->setState(Samples::session());
-        openReport();
-        std::filesystem::remove(good);
-        const std::string when = wanted.when;
+        open(Page::report);
+        std::filesystem::remove(folder / "Chosen");
+        const auto file = when == "failed" ? folder / "no folder" / "Chosen" : folder / "Chosen";
         dialogs.asked.clear();
-        dialogs.saveAnswer = when == "cancelled" ? std::nullopt : std::optional(when == "saved" ? good : bad);
+        dialogs.saveAnswer.reset();
+        if (when != "cancelled") dialogs.saveAnswer = file;
         dialogs.printAnswer = when != "cancelled";
-        dialogs.printFile = when == "saved" ? good : bad;
-        ASSERT_TRUE(press(wanted.button));
-        EXPECT_THAT(model->history(), SizeIs(wanted.history));
-        EXPECT_EQ(files().join(u' '), wanted.file);
-        EXPECT_EQ(message(), wanted.message);
-        EXPECT_EQ(dialogs.asked.size(), wanted.dialogs);
-        if (!message().empty()) {
-            EXPECT_TRUE(shown(wanted.message));
-        }
+        dialogs.printFile = file;
+        ASSERT_TRUE(press(row.button));
+        EXPECT_THAT(model->history(), SizeIs(row.history));
+        EXPECT_EQ(namesIn(folder.path()), row.files);
+        EXPECT_EQ(message(), row.message);
+        EXPECT_EQ(shown(row.message), !message().empty());
+        EXPECT_EQ(dialogs.asked.size(), row.dialogs);
     }
 }
 
 TEST_F(ReportPageTests, offersTheMacsOwnNamesAndSavesTheReportThatIsShown) {
     model->setNotes("As it stands");
-    openReport();
+    open(Page::report);
     dialogs.saveAnswer = folder / "a.json";
     press("Save Report File…");
     dialogs.saveAnswer = folder / "a.pdf";
@@ -191,14 +166,12 @@ TEST_F(ReportPageTests, offersTheMacsOwnNamesAndSavesTheReportThatIsShown) {
         EXPECT_TRUE(bytesOf(folder / name).starts_with("%PDF")) << name;
     ASSERT_THAT(model->history(), SizeIs(2));
     EXPECT_EQ(model->history()[0].notes, "As it stands");
-
     press("Copy as Text");
-    ConditionReport copied = model->makeReport();
-    EXPECT_EQ(controls->pasteboardText(), ReportText::text(copied, {}));
+    EXPECT_EQ(controls->pasteboardText(), ReportText::text(model->makeReport(), {}));
 }
 
 TEST_F(ReportPageTests, aHistoryThatCannotBeWrittenIsTold) {
-    openReport();
+    open(Page::report);
     std::filesystem::remove_all(model->historyStore().folder);
     // A file where the folder should be: no one may write below it, root included.
     std::ofstream(model->historyStore().folder) << "in the way";
@@ -209,17 +182,19 @@ TEST_F(ReportPageTests, aHistoryThatCannotBeWrittenIsTold) {
 }
 
 TEST_F(ReportPageTests, opensTheListingDescriptionAndOnlyOnce) {
-    openReport();
-    auto* button = findByName<Button>(view.get(), QStringLiteral("Write Listing Description…"));
-    ASSERT_NE(button, nullptr);
-    EXPECT_EQ(button->toolTip(), "An honest listing description made from this report, problems first");
+    open(Page::report);
+    const auto helpOf = [this](const char* name) { return findByName<Button>(view.get(), name)->toolTip(); };
+    EXPECT_EQ(helpOf("Write Listing Description…"),
+              "An honest listing description made from this report, problems first");
+    EXPECT_EQ(helpOf("Save Report File…"), "A file another Mac running Tessivo can add to its History");
+    const auto sheets = [this] { return view->findChildren<WriteUpSheet*>().size(); };
     press("Write Listing Description…");
     EXPECT_TRUE(model->showWriteUp());
-    EXPECT_THAT(view->findChildren<WriteUpSheet*>(), SizeIs(1));
+    EXPECT_EQ(sheets(), 1);
     model->setShowWriteUp(false);
     settle();
-    EXPECT_THAT(view->findChildren<WriteUpSheet*>(), IsEmpty());
+    EXPECT_EQ(sheets(), 0);
     model->setShowWriteUp(true);
     settle();
-    EXPECT_THAT(view->findChildren<WriteUpSheet*>(), SizeIs(1));
+    EXPECT_EQ(sheets(), 1);
 }
