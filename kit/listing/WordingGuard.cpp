@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace tessivo {
 
@@ -74,26 +75,25 @@ std::vector<std::string> without(const std::vector<std::string>& these,
     return rest;
 }
 
-/// What a rewording says and its original doesn't: to the letter, or as it is read, since nobody sees that a
-/// word is broken by something without width or set in letters of another make.
-class Comparison {
-public:
-    Comparison(const std::string& reworded, const std::string& original)
-        : m_reworded(WordingGuard::normalized(reworded)),
-          m_original(WordingGuard::normalized(original)),
-          m_rewordedAsRead(WordingGuard::normalized(CharacterText::inPlainLetters(reworded))),
-          m_originalAsRead(WordingGuard::normalized(CharacterText::inPlainLetters(original))) {}
-
-    template <class Says>
-    bool adds(const char* phrase, Says says) const {
-        if ((m_original.*says)(phrase)) return false;
-        return (m_reworded.*says)(phrase) ||
-               ((m_rewordedAsRead.*says)(phrase) && !(m_originalAsRead.*says)(phrase));
+/// A normalized text, and the same as it is read where that differs: nobody sees that a word is broken by
+/// something without width or set in letters of another make.
+struct Wording {
+    explicit Wording(const std::string& norm) : exact(norm) {
+        const std::string plain = CharacterText::inPlainLetters(norm);
+        if (plain != norm) asRead.emplace(WordingGuard::normalized(plain));
     }
 
-private:
-    CharacterText m_reworded, m_original, m_rewordedAsRead, m_originalAsRead;
+    CharacterText exact;
+    std::optional<CharacterText> asRead;
 };
+
+/// Whether a rewording says what its original doesn't, by the letter or as it is read.
+template <class Says>
+bool adds(const Wording& reworded, const Wording& original, const char* phrase, Says says) {
+    if ((reworded.exact.*says)(phrase)) return !(original.exact.*says)(phrase);
+    if (!reworded.asRead || !((*reworded.asRead).*says)(phrase)) return false;
+    return !(original.exact.*says)(phrase) && !(original.asRead && ((*original.asRead).*says)(phrase));
+}
 
 void addNumbers(std::vector<GuardIssue>& issues, const std::string& text, const WriteUpFacts& facts) {
     const std::vector<std::string> got = Numbers::find(text);
@@ -144,17 +144,18 @@ std::vector<GuardIssue> WordingGuard::check(const std::string& text, const Listi
     if (Text::characterCount(text) > 2 * Text::characterCount(writeUp.text) + 200)
         issues.push_back({Case::tooLong, {}});
 
-    const CharacterText reworded(norm);
+    const Wording reworded(norm), original(normalized(writeUp.text));
     for (const std::string& fact : writeUp.facts.fixed)
-        if (!reworded.keeps(normalized(fact))) issues.push_back({Case::missingFact, fact});
+        if (!reworded.exact.keeps(normalized(fact))) issues.push_back({Case::missingFact, fact});
 
     addNumbers(issues, text, writeUp.facts);
 
-    const Comparison comparison(text, writeUp.text);
     for (const char* phrase : promptPhrases)
-        if (comparison.adds(phrase, &CharacterText::says)) issues.push_back({Case::addedClaim, phrase});
+        if (adds(reworded, original, phrase, &CharacterText::says))
+            issues.push_back({Case::addedClaim, phrase});
     const auto checkClaim = [&](const char* claim) {
-        if (comparison.adds(claim, &CharacterText::saysWord)) issues.push_back({Case::addedClaim, claim});
+        if (adds(reworded, original, claim, &CharacterText::saysWord))
+            issues.push_back({Case::addedClaim, claim});
     };
     for (const char* claim : bannedClaims)
         checkClaim(claim);
