@@ -5,11 +5,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace tessivo {
 namespace {
@@ -105,14 +102,6 @@ TEST_F(HistoryStoreTests, whatIsNoReportStaysAndStopsNobody) {
     std::filesystem::create_symlink("/dev/zero", store.folder / "zero.json");
     ASSERT_EQ(::mkfifo((store.folder / "fifo.json").c_str(), 0600), 0);
     std::filesystem::resize_file(place("sparse.json", ""), std::uintmax_t(5) << 30);
-    std::filesystem::permissions(place("secret.json", bytes.substr(1)), std::filesystem::perms::none);
-    sockaddr_un address{AF_UNIX, {}};
-    const std::string path = store.folder / "s.json";
-    const int listener = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    ASSERT_EQ(path.copy(address.sun_path, sizeof address.sun_path - 1), path.size());
-    EXPECT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    ::close(listener);
-
     const auto before = namesIn(store.folder);
     EXPECT_THAT(store.list(), ElementsAre(one));
     EXPECT_EQ(namesIn(store.folder), before);
