@@ -1,28 +1,31 @@
 #include "app/controls/QtDialogs.h"
 #include "app/controls/Theme.h"
 #include "app/window/AppDelegate.h"
+#include "app/window/Application.h"
 #include "app/window/QuitSignals.h"
+#include "app/window/SingleInstance.h"
 
-#include <QApplication>
-#include <QIcon>
 #include <cstdio>
 
 using namespace tessivo;
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    Q_INIT_RESOURCE(tessivo);
-    QApplication::setApplicationName(QStringLiteral("Tessivo"));
-    QApplication::setApplicationVersion(QStringLiteral(TESSIVO_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("tessivo"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/tessivo.svg")));
-    const Theme theme(application);
+    const auto application = makeApplication(argc, argv, QStringLiteral("Tessivo"));
+    const Theme theme(*application);
     const auto platform = makePlatform();
     QtDialogs dialogs;
     try {
+        const SingleInstance instance(AppModel::supportFolder(*platform));
+        if (!instance.isFirst()) {
+            if (!instance.callFirst())
+                dialogs.inform(nullptr, QObject::tr("Tessivo is open already"),
+                               QObject::tr("It doesn’t answer. Close it, then open it again."));
+            return 0;
+        }
         AppDelegate delegate(*platform, dialogs);
+        QObject::connect(&instance, &SingleInstance::startedAgain, &delegate, &AppDelegate::bringForward);
         const QuitSignals quitSignals;
-        QObject::connect(&quitSignals, &QuitSignals::quitRequested, &application,
+        QObject::connect(&quitSignals, &QuitSignals::quitRequested, application.get(),
                          [] { QCoreApplication::exit(0); });
         delegate.open();
         return QApplication::exec();

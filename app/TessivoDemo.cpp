@@ -4,11 +4,11 @@
 #include "app/demo/DemoMac.h"
 #include "app/demo/FeedServer.h"
 #include "app/demo/FullDisk.h"
+#include "app/window/Application.h"
 #include "app/window/QuitSignals.h"
 #include "app/window/RootView.h"
+#include "app/window/SingleInstance.h"
 
-#include <QApplication>
-#include <QIcon>
 #include <QScreen>
 #include <cstdio>
 
@@ -29,12 +29,10 @@ void placeBeside(QWidget& panel, QWidget& window) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    Q_INIT_RESOURCE(tessivo);
-    QApplication::setApplicationName(QStringLiteral("Tessivo Demo"));
-    QApplication::setApplicationVersion(QStringLiteral(TESSIVO_VERSION));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/tessivo.svg")));
-    const Theme theme(application);
+    const auto application = makeApplication(argc, argv, QStringLiteral("Tessivo Demo"));
+    const Theme theme(*application);
+    const SingleInstance instance(demo::DemoMac::folder());
+    if (!instance.isFirst()) return instance.callFirst() ? 0 : 1;
     QtDialogs dialogs;
     demo::FeedServer server;
     QStringList names;
@@ -71,6 +69,8 @@ int main(int argc, char** argv) {
         Qt::QueuedConnection);
     const auto quit = [] { QCoreApplication::exit(0); };
     QObject::connect(&panel, &demo::ControlPanel::closed, quit);
+    QObject::connect(&instance, &SingleInstance::startedAgain, &panel,
+                     [&] { mac->application().bringForward(); });
     const QuitSignals quitSignals;
     QObject::connect(&quitSignals, &QuitSignals::quitRequested, quit);
     const int status = QApplication::exec();

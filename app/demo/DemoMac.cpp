@@ -17,13 +17,17 @@ std::filesystem::path machines() {
 }
 
 SimulatedPlatform::Storage storage(const std::string& name) {
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const std::filesystem::path folder = std::filesystem::path(data.toStdString()) / "Tessivo Demo";
+    const std::filesystem::path folder = DemoMac::folder();
     QDir().mkpath(QString::fromStdString(folder.string()));
     return {.defaults = folder / (name + ".ini"), .applicationSupport = {{folder}}};
 }
 
 } // namespace
+
+std::filesystem::path DemoMac::folder() {
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return std::filesystem::path(data.toStdString()) / "Tessivo Demo";
+}
 
 std::vector<std::string> DemoMac::names() {
     std::vector<std::string> names;

@@ -11,6 +11,8 @@ namespace tessivo::demo {
 /// real program's, each machine with its own defaults.
 class DemoMac final {
 public:
+    /// Where all of it lies.
+    static std::filesystem::path folder();
     /// The machines there are, by name.
     static std::vector<std::string> names();
 

@@ -26,10 +26,9 @@ std::string localizedDescription(const std::exception& error) {
 
 AppModel::AppModel(Platform& platform, QObject* parent) : QObject(parent), m_platform(platform) {
     restoreOrBegin();
-    const auto folders = platform.folders().applicationSupport();
-    if (folders.empty()) throw std::runtime_error("there is no application support folder");
-    m_historyStore.folder = folders.front() / "History";
-    refreshHistory();
+    m_historyStore.folder = supportFolder(platform) / "History";
+    // The window doesn't wait for a folder of thousands of reports.
+    m_listing = std::async(std::launch::async, [store = m_historyStore] { return store.list(); });
 }
 
 AppModel::~AppModel() = default;
@@ -126,6 +125,12 @@ TestResult AppModel::result(TestID test) const {
 std::int64_t AppModel::doneCount() const {
     return std::ranges::count_if(Rules::results(m_state),
                                  [](const TestResult& r) { return isDone(r.status); });
+}
+
+std::filesystem::path AppModel::supportFolder(Platform& platform) {
+    const auto folders = platform.folders().applicationSupport();
+    if (folders.empty()) throw std::runtime_error("there is no application support folder");
+    return folders.front();
 }
 
 std::string AppModel::appVersion() {
@@ -226,10 +231,15 @@ void AppModel::deleteFromHistory(const Uuid& id) {
 }
 
 void AppModel::refreshHistory() {
-    auto history = m_historyStore.list();
-    if (history == m_history) return;
-    m_history = std::move(history);
+    auto listed = m_historyStore.list();
+    if (listed == history()) return;
+    m_history = std::move(listed);
     Q_EMIT historyChanged();
+}
+
+const std::vector<ConditionReport>& AppModel::history() const {
+    if (m_listing.valid()) m_history = m_listing.get();
+    return m_history;
 }
 
 void AppModel::scheduleSave() {

@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 
 #include <QObject>
+#include <future>
 #include <thread>
 
 namespace tessivo {
@@ -29,7 +30,8 @@ public:
     std::optional<Page> page() const { return m_page; }
     bool showWriteUp() const { return m_showWriteUp; }
     bool reading() const { return m_reading; } ///< an enrollment reading is under way
-    const std::vector<ConditionReport>& history() const { return m_history; }
+    /// What lies in History. The first asker after the start waits until its folder has been read.
+    const std::vector<ConditionReport>& history() const;
     const std::optional<std::string>& message() const { return m_message; }
     const HistoryStore& historyStore() const { return m_historyStore; }
 
@@ -47,6 +49,9 @@ public:
     std::optional<TestStatus> status(Page page) const;
     TestResult result(TestID test) const;
     std::int64_t doneCount() const;
+    /// Where the platform keeps this application's files. Throws std::runtime_error where there is no such
+    /// place.
+    static std::filesystem::path supportFolder(Platform& platform);
     /// The application's version, as reports carry it.
     static std::string appVersion();
 
@@ -89,7 +94,8 @@ private:
     std::optional<Page> m_page = Page::overview;
     bool m_showWriteUp = false;
     bool m_reading = false;
-    std::vector<ConditionReport> m_history;
+    mutable std::vector<ConditionReport> m_history;
+    mutable std::future<std::vector<ConditionReport>> m_listing; ///< until the first asker
     std::optional<std::string> m_message;
     HistoryStore m_historyStore;
     std::unique_ptr<Scheduled> m_saveTask;

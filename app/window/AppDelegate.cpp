@@ -25,10 +25,14 @@ void AppDelegate::open() {
     m_window->show();
 }
 
-void AppDelegate::tell(const Updater::Alert& alert) {
+void AppDelegate::bringForward() {
     if (m_window->isMinimized()) m_window->showNormal();
     m_window->raise();
     m_window->activateWindow();
+}
+
+void AppDelegate::tell(const Updater::Alert& alert) {
+    bringForward();
     m_dialogs.inform(m_window.get(), alert.message, alert.text);
 }
 

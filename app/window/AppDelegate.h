@@ -26,6 +26,8 @@ public:
 
     /// Brings the window up, on the page that is selected.
     void open();
+    /// Before all other windows, also from the dock.
+    void bringForward();
 
 private:
     void tell(const Updater::Alert& alert);

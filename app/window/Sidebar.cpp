@@ -148,8 +148,7 @@ QSize Sidebar::minimumSizeHint() const {
 void Sidebar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), theme().color(ColorRole::sidebar));
-    painter.fillRect(QRect(width() - 1, 0, 1, height()),
-                     theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+    painter.fillRect(QRect(width() - 1, 0, 1, height()), theme().divider());
 }
 
 } // namespace tessivo

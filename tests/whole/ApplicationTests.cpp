@@ -53,13 +53,14 @@ protected:
     QProcess process;
 };
 
-TEST_F(ApplicationTests, aRequestToEndStoresTheSessionFirst) {
+TEST_F(ApplicationTests, aRequestToEndStoresTheSessionFirstAndSaysNothing) {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         start();
         // What is stored at the end is seen by its being there again.
         std::filesystem::remove(settings());
         EXPECT_EQ(end(signal), 0) << signal;
         EXPECT_TRUE(stored().battery) << signal;
+        EXPECT_EQ(process.readAll().toStdString() + process.readAllStandardError().toStdString(), "");
         std::filesystem::remove(settings());
     }
 }
@@ -90,11 +91,34 @@ TEST_F(ApplicationTests, aBrokenSettingsFileIsReplacedByANewSession) {
     }
 }
 
-TEST_F(ApplicationTests, itWritesNothingToTheTerminal) {
+TEST_F(ApplicationTests, aSecondStartLeavesTheSessionToTheFirst) {
+    start();
+    const std::string before = bytesOf(settings());
+    QProcess second;
+    second.setProcessEnvironment(process.processEnvironment());
+    second.start(TESSIVO_BUILD "/tessivo", QStringList());
+    ASSERT_TRUE(second.waitForFinished(patience));
+    EXPECT_EQ(second.exitCode(), 0);
+    EXPECT_EQ(bytesOf(settings()), before);
+    EXPECT_EQ(process.state(), QProcess::Running);
+    // One that was killed keeps nobody off.
+    EXPECT_EQ(end(SIGKILL), -2);
+    std::filesystem::remove(settings());
     start();
     EXPECT_EQ(end(SIGTERM), 0);
-    EXPECT_EQ(process.readAllStandardOutput().toStdString(), "");
-    EXPECT_EQ(process.readAllStandardError().toStdString(), "");
+}
+
+TEST_F(ApplicationTests, withoutADisplayItSaysSo) {
+    QProcessEnvironment environment = process.processEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY"})
+        environment.remove(name);
+    environment.insert("QT_QPA_PLATFORM", "xcb");
+    process.setProcessEnvironment(environment);
+    process.start(TESSIVO_BUILD "/tessivo", QStringList());
+    ASSERT_TRUE(process.waitForFinished(patience));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(process.readAllStandardError().contains("Tessivo can't start: there is no display"));
 }
 
 } // namespace

@@ -1,0 +1,40 @@
+#include "app/window/Application.h"
+
+#include <QIcon>
+
+#include <cstdio>
+#include <cstdlib>
+
+// At global scope, as the macro demands.
+static void bringDrawings() {
+    Q_INIT_RESOURCE(tessivo);
+}
+
+namespace tessivo {
+
+namespace {
+
+/// Qt ends a process without a display by a crash that speaks of installing anew.
+void tellOfTheDisplay(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg) {
+        std::fputs("Tessivo can't start: there is no display to open its window on\n", stderr);
+        std::_Exit(1);
+    }
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+} // namespace
+
+std::unique_ptr<QApplication> makeApplication(int& argc, char** argv, const QString& name) {
+    const QtMessageHandler usual = qInstallMessageHandler(tellOfTheDisplay);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    qInstallMessageHandler(usual);
+    bringDrawings();
+    QApplication::setApplicationName(name);
+    QApplication::setApplicationVersion(QStringLiteral(TESSIVO_VERSION));
+    QApplication::setDesktopFileName(name.toLower().replace(u' ', u'-'));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/tessivo.svg")));
+    return application;
+}
+
+} // namespace tessivo

@@ -1,0 +1,43 @@
+#include "app/window/SingleInstance.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLocalSocket>
+
+namespace tessivo {
+
+namespace {
+
+constexpr int patience = 2000; // milliseconds for the first to take the call
+
+QString nameIn(const std::filesystem::path& folder, const char* name) {
+    const QString place = QFile::decodeName(folder.c_str());
+    QDir().mkpath(place);
+    return QDir(place).absoluteFilePath(QString::fromLatin1(name));
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const std::filesystem::path& folder, QObject* parent)
+    : QObject(parent), m_name(nameIn(folder, ".running")), m_lock(nameIn(folder, ".lock")) {
+    // However long it runs it keeps the lock; that of a process that is no more counts for nothing.
+    m_lock.setStaleLockTime(0);
+    m_first = m_lock.tryLock(0) || m_lock.error() != QLockFile::LockFailedError;
+    if (!m_first) return;
+    QLocalServer::removeServer(m_name);
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket* call = m_server.nextPendingConnection())
+            connect(call, &QLocalSocket::disconnected, call, &QObject::deleteLater);
+        Q_EMIT startedAgain();
+    });
+    m_server.listen(m_name);
+}
+
+bool SingleInstance::callFirst() const {
+    QLocalSocket call;
+    call.connectToServer(m_name);
+    return call.waitForConnected(patience);
+}
+
+} // namespace tessivo

@@ -1,0 +1,33 @@
+#include "app/window/SingleInstance.h"
+
+#include "tests/TemporaryFolder.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace tessivo {
+namespace {
+
+TEST(SingleInstance, aSecondOneLeavesTheFolderToTheFirstAndCallsIt) {
+    const TemporaryFolder folder;
+    const auto place = folder / "not" / "there yet";
+    auto first = std::make_unique<SingleInstance>(place);
+    QSignalSpy again(first.get(), &SingleInstance::startedAgain);
+    EXPECT_TRUE(first->isFirst());
+    {
+        const SingleInstance second(place);
+        EXPECT_FALSE(second.isFirst());
+        EXPECT_TRUE(second.callFirst());
+        EXPECT_TRUE(SingleInstance(folder / "another").isFirst());
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return again.count() == 1; }));
+    EXPECT_FALSE(SingleInstance(place).isFirst()) << "the second took nothing along";
+    first.reset();
+    EXPECT_TRUE(SingleInstance(place).isFirst());
+
+    EXPECT_TRUE(SingleInstance(folder.write("file", "") / "below").isFirst()) << "no folder, nobody kept off";
+}
+
+} // namespace
+} // namespace tessivo
