@@ -87,8 +87,10 @@ void announceValueChange(QWidget* widget) {
     announce(widget, QAccessible::ValueChanged);
 }
 
-void announceStateChange(QWidget* widget, QAccessible::State changed) {
+void announceChoice(QWidget* widget) {
     if (!QAccessible::isActive()) return;
+    QAccessible::State changed;
+    changed.checked = changed.selected = true;
     QAccessibleStateChangeEvent event(widget, changed);
     QAccessible::updateAccessibility(&event);
 }

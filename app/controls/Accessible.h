@@ -26,7 +26,8 @@ public:
 /// Tells the bridge that the name, value or state of a widget has changed.
 void announceNameChange(QWidget* widget);
 void announceValueChange(QWidget* widget);
-void announceStateChange(QWidget* widget, QAccessible::State changed);
+/// What a person can choose has been chosen, or is no more: its states `checked` and `selected`.
+void announceChoice(QWidget* widget);
 
 /// Makes the traits known to the bridge; called once, by Theme.
 void installAccessibleTraits();

@@ -20,10 +20,7 @@ public:
         m_chosen = chosen;
         setTint(chosen ? std::optional(m_words) : std::nullopt,
                 chosen ? std::optional(m_words) : std::nullopt);
-        QAccessible::State changed;
-        changed.checked = true;
-        changed.selected = true;
-        announceStateChange(this, changed);
+        announceChoice(this);
     }
 
     void addSpokenState(QAccessible::State& state) const override {

@@ -6,8 +6,6 @@
 
 #include <QShortcut>
 
-#include <cmath>
-
 namespace tessivo {
 namespace {
 
@@ -21,9 +19,7 @@ Button::Button(const QString& text, const QString& symbol, Kind kind, QWidget* p
     : ClickControl(parent), m_kind(kind), m_symbol(symbol) {
     setText(text);
     setCorner(Corner::button);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void Button::setLabel(const QString& text, const QString& symbol) {
@@ -86,8 +82,8 @@ int Button::baseHeight() const {
 }
 
 int Button::naturalWidth(const QString& text) const {
-    const QFontMetricsF metrics(theme().font(m_heavyWidth ? TextRole::controlStrong : textRole()));
-    return leadingPadding() + symbolRoom() + int(std::ceil(metrics.horizontalAdvance(text))) + padding();
+    return leadingPadding() + symbolRoom() +
+           theme().textWidth(m_heavyWidth ? TextRole::controlStrong : textRole(), text) + padding();
 }
 
 QSize Button::sizeHint() const {
@@ -105,11 +101,10 @@ void Button::resizeEvent(QResizeEvent* event) {
 }
 
 int Button::widestWord() const {
-    const QFontMetricsF metrics(theme().font(TextRole::controlStrong));
-    double widest = 0;
+    int widest = 0;
     for (const QString& word : text().split(QLatin1Char(' ')))
-        widest = std::max(widest, metrics.horizontalAdvance(word));
-    return int(std::ceil(widest));
+        widest = std::max(widest, theme().textWidth(TextRole::controlStrong, word));
+    return widest;
 }
 
 QSize Button::minimumSizeHint() const {
@@ -137,7 +132,7 @@ int Button::heightForWidth(int width) const {
 
 void Button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(disabledOpacity());
+    painter.setOpacity(opacityOf(*this));
     const bool pressed = isDown();
     ColorRole fill = pressed       ? ColorRole::controlPressed
                      : isHovered() ? ColorRole::controlHover
@@ -161,8 +156,7 @@ void Button::paintEvent(QPaintEvent*) {
 
     const Fit fit = fitTo(width());
     painter.setFont(theme().font(textRole()));
-    const QFontMetricsF metrics(painter.font());
-    const double textWidth = fit.wraps ? fit.room : std::ceil(metrics.horizontalAdvance(text()));
+    const double textWidth = fit.wraps ? fit.room : theme().textWidth(textRole(), text());
     double x = fit.left + (m_leading ? 0.0 : std::max(0.0, (fit.room - textWidth) / 2));
     if (fit.symbolRoom > 0) {
         const double side = theme().scaled(SymbolSize::button);
@@ -170,14 +164,10 @@ void Button::paintEvent(QPaintEvent*) {
         x += fit.symbolRoom;
     }
     painter.setPen(words);
-    if (fit.wraps) {
+    if (fit.wraps)
         painter.drawText(QRectF(x, 0, fit.room, height()), wrapFlags, text());
-        return;
-    }
-    // By its baseline, so that text and symbol stand still between weights and hinting.
-    const double baseline =
-        std::round((height() - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent());
-    painter.drawText(QPointF(x, baseline), text());
+    else
+        paintLine(painter, x, height(), text());
 }
 
 } // namespace tessivo

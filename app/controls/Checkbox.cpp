@@ -11,7 +11,6 @@ namespace {
 
 constexpr int textGap = 10;
 constexpr double tickWeight = 3.2;
-constexpr int wrapFlags = Qt::AlignLeading | Qt::AlignTop | Qt::TextWordWrap;
 
 } // namespace
 
@@ -19,14 +18,8 @@ Checkbox::Checkbox(const QString& text, QWidget* parent) : ClickControl(parent) 
     setCheckable(true);
     setText(text);
     setCorner(Corner::checkbox);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    policy.setHeightForWidth(!text.isEmpty());
-    setSizePolicy(policy);
-    connect(this, &QAbstractButton::toggled, this, [this] {
-        QAccessible::State changed;
-        changed.checked = true;
-        announceStateChange(this, changed);
-    });
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(this, &QAbstractButton::toggled, this, [this] { announceChoice(this); });
 }
 
 void Checkbox::addSpokenState(QAccessible::State& state) const {
@@ -43,9 +36,7 @@ QRectF Checkbox::focusShapeRect() const {
 QSize Checkbox::sizeHint() const {
     const int side = theme().scaled(Height::checkbox);
     if (text().isEmpty()) return {side, side};
-    const QFontMetricsF metrics(theme().font(TextRole::body));
-    return {side + textGap + int(std::ceil(metrics.horizontalAdvance(text()))),
-            theme().lineHeight(TextRole::body)};
+    return {side + textGap + theme().textWidth(TextRole::body, text()), theme().lineHeight(TextRole::body)};
 }
 
 QSize Checkbox::minimumSizeHint() const {
@@ -55,14 +46,13 @@ QSize Checkbox::minimumSizeHint() const {
 int Checkbox::heightForWidth(int width) const {
     if (text().isEmpty() || width >= sizeHint().width()) return sizeHint().height();
     const int room = std::max(1, width - theme().scaled(Height::checkbox) - textGap);
-    const QFontMetrics metrics(theme().font(TextRole::body));
     return std::max(theme().lineHeight(TextRole::body),
-                    4 + metrics.boundingRect(QRect(0, 0, room, 10000), wrapFlags, text()).height());
+                    wordsHeight(theme().font(TextRole::body), room, text()));
 }
 
 void Checkbox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(disabledOpacity());
+    painter.setOpacity(opacityOf(*this));
     const QRectF box = focusShapeRect();
     if (isChecked()) {
         const ColorRole fill = isDown()      ? ColorRole::accentFillPressed
@@ -82,14 +72,8 @@ void Checkbox::paintEvent(QPaintEvent*) {
     if (text().isEmpty()) return;
     painter.setFont(theme().font(TextRole::body));
     painter.setPen(theme().color(ColorRole::text1));
-    const QFontMetricsF metrics(painter.font());
-    const double left = box.width() + textGap;
-    const double line = theme().lineHeight(TextRole::body);
-    const double top = (line - metrics.ascent() - metrics.descent()) / 2;
-    if (width() >= sizeHint().width())
-        painter.drawText(QPointF(left, std::round(top + metrics.ascent())), text());
-    else
-        painter.drawText(QRectF(left, top, width() - left, height() - top), wrapFlags, text());
+    paintWords(painter, {box.width() + textGap, 0, width() - box.width() - textGap, double(height())},
+               theme().lineHeight(TextRole::body), width() >= sizeHint().width(), text());
 }
 
 } // namespace tessivo

@@ -4,8 +4,6 @@
 #include "app/controls/Paint.h"
 #include "app/controls/Symbols.h"
 
-#include <cmath>
-
 namespace tessivo {
 namespace {
 
@@ -13,16 +11,9 @@ constexpr int padding = 12;
 constexpr int leadingPadding = 10;
 constexpr int gap = 6;
 
-void drawWords(QPainter& painter, double x, double height, const QString& text) {
-    const QFontMetricsF metrics(painter.font());
-    painter.drawText(
-        QPointF(x, std::round((height - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent())), text);
-}
-
 QSize capsuleSize(const QString& text, TextRole role, bool symbol, int height) {
-    const QFontMetricsF metrics(theme().font(role));
     const int room = symbol ? leadingPadding + theme().scaled(SymbolSize::glyph) + gap : padding;
-    return {room + int(std::ceil(metrics.horizontalAdvance(text))) + padding, theme().scaled(height)};
+    return {room + theme().textWidth(role, text) + padding, theme().scaled(height)};
 }
 
 } // namespace
@@ -30,7 +21,6 @@ QSize capsuleSize(const QString& text, TextRole role, bool symbol, int height) {
 Chip::Chip(const QString& text, const QString& pendingSymbol, QWidget* parent)
     : QWidget(parent), m_text(text), m_pending(pendingSymbol) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
 }
 
 void Chip::setMet(bool met) {
@@ -70,13 +60,12 @@ void Chip::paintEvent(QPaintEvent*) {
                theme().color(m_met ? ColorRole::greenGlyph : ColorRole::grayGlyph));
     painter.setFont(theme().font(TextRole::control));
     painter.setPen(theme().color(m_met ? ColorRole::text1 : ColorRole::text2));
-    drawWords(painter, leadingPadding + side + gap, height(), m_text);
+    paintLine(painter, leadingPadding + side + gap, height(), m_text);
 }
 
 Tag::Tag(const QString& text, const QString& symbol, QWidget* parent)
     : QWidget(parent), m_text(text), m_symbol(symbol) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
 }
 
 QSize Tag::sizeHint() const {
@@ -99,7 +88,7 @@ void Tag::paintEvent(QPaintEvent*) {
                    theme().color(ColorRole::orange));
         x = leadingPadding + side + gap;
     }
-    drawWords(painter, x, height(), m_text);
+    paintLine(painter, x, height(), m_text);
 }
 
 } // namespace tessivo

@@ -15,10 +15,6 @@ bool isReturn(const QKeyEvent& event) {
 ClickControl::ClickControl(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
-    connect(&theme(), &Theme::changed, this, [this] {
-        updateGeometry();
-        update();
-    });
 }
 
 bool ClickControl::event(QEvent* event) {

@@ -21,22 +21,14 @@ public:
     QRectF focusShapeRect() const override { return rect(); }
     double focusShapeCorner() const override { return m_corner; }
 
-    /// Shows the hover look without a pointer; for pictures of the controls.
-    void setHoverShown(bool shown) {
-        m_hoverShown = shown;
-        update();
-    }
-
 protected:
-    bool isHovered() const { return isEnabled() && (m_hoverShown || underMouse()); }
+    bool isHovered() const { return isEnabled() && underMouse(); }
     void setCorner(double corner) { m_corner = corner; }
-    double disabledOpacity() const { return isEnabled() ? 1.0 : 0.45; }
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     double m_corner = 0;
-    bool m_hoverShown = false;
 };
 
 } // namespace tessivo

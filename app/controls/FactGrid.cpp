@@ -1,8 +1,7 @@
 #include "app/controls/FactGrid.h"
 
+#include "app/controls/Paint.h"
 #include "app/controls/TextLabel.h"
-
-#include <QPainter>
 
 namespace tessivo {
 namespace {
@@ -21,9 +20,7 @@ public:
                                 this)) {
         m_value->setSelectable(true);
         m_value->setAccessibleName(label);
-        QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-        policy.setHeightForWidth(true);
-        setSizePolicy(policy);
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     }
 
     TextLabel& value() const { return *m_value; }
@@ -51,12 +48,9 @@ public:
 protected:
     void resizeEvent(QResizeEvent*) override {
         const int top = (theme().scaled(m_look.rowHeight) - theme().lineHeight(TextRole::body)) / 2;
-        const auto put = [this](QWidget* widget, const QRect& place) {
-            widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
-        };
-        put(m_label, QRect(0, top, labelWidth(), m_label->heightForWidth(labelWidth())));
-        put(m_value,
-            QRect(valueLeft(), top, valueWidth(width()), m_value->heightForWidth(valueWidth(width()))));
+        const int label = labelWidth(), value = valueWidth(width());
+        m_label->setGeometry(mirrored(*this, QRect(0, top, label, m_label->heightForWidth(label))));
+        m_value->setGeometry(mirrored(*this, QRect(valueLeft(), top, value, m_value->heightForWidth(value))));
     }
 
 private:
@@ -149,7 +143,7 @@ void FactGrid::setFactVisible(int index, bool visible) {
 void FactGrid::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     for (const QRect& divider : m_grid->dividers())
-        painter.fillRect(divider, theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+        painter.fillRect(divider, theme().divider());
 }
 
 QString FactGrid::value(int index) const {

@@ -93,8 +93,6 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::ParentChange:
         if (m_target) follow(m_target);
         break;
-    case QEvent::Destroy:
-        break;
     default:
         break;
     }

@@ -218,7 +218,7 @@ double GrowingTextField::focusShapeCorner() const {
 bool GrowingTextField::event(QEvent* event) {
     if (event->type() == QEvent::Paint) {
         QPainter painter(this);
-        painter.setOpacity(isEnabled() ? 1 : 0.45);
+        painter.setOpacity(opacityOf(*this));
         paintRounded(painter, rect(), focusShapeCorner(), theme().color(ColorRole::field),
                      hasFocus() ? QColor() : theme().color(ColorRole::fieldBorder));
         return true;

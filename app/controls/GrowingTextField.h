@@ -18,7 +18,6 @@ public:
     QString text() const;
     /// Says nothing, and leaves cursor and undo alone when the text is the same.
     void setText(const QString& text);
-    QString prompt() const { return m_prompt; }
     void setMaximumLines(int lines);
     /// A fixed height instead of growing; for the notes of the report.
     void setFixedTextHeight(int height);

@@ -96,14 +96,12 @@ void ColumnLayout::add(QWidget* widget, int gapAbove, Qt::Alignment alignment) {
 }
 
 void ColumnLayout::insert(int index, QWidget* widget, int gapAbove, Qt::Alignment alignment) {
-    addChildWidget(widget);
-    auto* item = new QWidgetItem(widget);
-    item->setAlignment(alignment);
     const auto at = std::clamp(index, 0, count());
     m_places.resize(m_items.size());
-    m_items.insert(m_items.begin() + at, item);
     m_places.insert(m_places.begin() + at, {gapAbove, QWIDGETSIZE_MAX});
-    invalidate();
+    addWidget(widget);
+    m_items.back()->setAlignment(alignment);
+    std::rotate(m_items.begin() + at, m_items.end() - 1, m_items.end());
 }
 
 void ColumnLayout::setMaximumItemWidth(QWidget* widget, int width) {
@@ -150,12 +148,10 @@ int ColumnLayout::arrange(const QRect& rect, bool apply) const {
 }
 
 void WrapLayout::add(QWidget* widget, int gapBefore) {
-    addChildWidget(widget);
-    m_items.push_back(new QWidgetItem(widget));
-    m_places.resize(m_items.size() - 1, {m_gap, false});
+    m_places.resize(m_items.size(), {m_gap, false});
     m_places.push_back({gapBefore < 0 ? m_gap : gapBefore, m_springPending});
     m_springPending = false;
-    invalidate();
+    addWidget(widget);
 }
 
 void WrapLayout::addSpring() {

@@ -1,17 +1,13 @@
 #include "app/controls/LinkLabel.h"
 
 #include "app/controls/Metrics.h"
+#include "app/controls/Paint.h"
 #include "app/controls/Symbols.h"
-
-#include <QPainter>
-
-#include <cmath>
 
 namespace tessivo {
 namespace {
 
 constexpr int gap = 6;
-constexpr int wrapFlags = Qt::AlignLeading | Qt::AlignTop | Qt::TextWordWrap;
 
 } // namespace
 
@@ -19,14 +15,11 @@ LinkLabel::LinkLabel(const QString& text, QWidget* parent) : ClickControl(parent
     setText(text);
     setCorner(Corner::trackpadCell);
     setCursor(Qt::PointingHandCursor);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 QSize LinkLabel::sizeHint() const {
-    const QFontMetricsF metrics(theme().font(TextRole::control));
-    return {int(std::ceil(metrics.horizontalAdvance(text()))) + gap + theme().scaled(SymbolSize::link),
+    return {theme().textWidth(TextRole::control, text()) + gap + theme().scaled(SymbolSize::link),
             theme().lineHeight(TextRole::body)};
 }
 
@@ -36,10 +29,8 @@ QSize LinkLabel::minimumSizeHint() const {
 
 int LinkLabel::heightForWidth(int width) const {
     if (width >= sizeHint().width()) return sizeHint().height();
-    const QFontMetrics metrics(theme().font(TextRole::control));
     const int room = std::max(1, width - gap - theme().scaled(SymbolSize::link));
-    return std::max(sizeHint().height(),
-                    4 + metrics.boundingRect(QRect(0, 0, room, 10000), wrapFlags, text()).height());
+    return std::max(sizeHint().height(), wordsHeight(theme().font(TextRole::control), room, text()));
 }
 
 QRectF LinkLabel::focusShapeRect() const {
@@ -48,26 +39,17 @@ QRectF LinkLabel::focusShapeRect() const {
 
 void LinkLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(disabledOpacity());
+    painter.setOpacity(opacityOf(*this));
     const QColor words = theme().color(ColorRole::accent);
     QFont font = theme().font(TextRole::control);
     font.setUnderline(isHovered() || isDown());
     painter.setFont(font);
     painter.setPen(words);
-    const QFontMetricsF metrics(font);
     const double line = theme().lineHeight(TextRole::body);
     const double side = theme().scaled(SymbolSize::link);
-    const double top = (line - metrics.ascent() - metrics.descent()) / 2;
-    if (width() >= sizeHint().width()) {
-        painter.drawText(QPointF(0, std::round(top + metrics.ascent())), text());
-        drawSymbol(painter,
-                   QRectF(std::ceil(metrics.horizontalAdvance(text())) + gap, (line - side) / 2, side, side),
-                   QStringLiteral("arrow.up.right.square"), words);
-        return;
-    }
-    const double room = width() - gap - side;
-    painter.drawText(QRectF(0, top, room, height() - top), wrapFlags, text());
-    drawSymbol(painter, QRectF(width() - side, (line - side) / 2, side, side),
+    const double room = std::min(width(), sizeHint().width()) - gap - side;
+    paintWords(painter, {0, 0, room, double(height())}, line, width() >= sizeHint().width(), text());
+    drawSymbol(painter, QRectF(room + gap, (line - side) / 2, side, side),
                QStringLiteral("arrow.up.right.square"), words);
 }
 

@@ -7,24 +7,13 @@
 
 #include <QKeyEvent>
 
-#include <cmath>
-
 namespace tessivo {
 namespace {
 
 constexpr int rowInset = 8;
 constexpr int symbolGap = 9;
 constexpr int glyphInset = 8;
-constexpr int twoLineInset = 8;
 constexpr double ringWidth = 2;
-
-void drawLine(QPainter& painter, const QRectF& room, TextRole role, ColorRole color, const QString& text) {
-    painter.setFont(theme().font(role));
-    painter.setPen(theme().color(color));
-    const QFontMetricsF metrics(painter.font());
-    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
-                     metrics.elidedText(text, Qt::ElideRight, room.width()));
-}
 
 } // namespace
 
@@ -36,11 +25,8 @@ ListRow::ListRow(QWidget* parent) : ClickControl(parent) {
 void ListRow::setSelected(bool selected) {
     if (selected == m_selected) return;
     m_selected = selected;
-    selectionHasChanged();
     update();
-    QAccessible::State changed;
-    changed.selected = true;
-    announceStateChange(this, changed);
+    announceChoice(this);
 }
 
 void ListRow::addSpokenState(QAccessible::State& state) const {
@@ -60,7 +46,7 @@ void ListRow::focusOutEvent(QFocusEvent* event) {
 
 void ListRow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(disabledOpacity());
+    painter.setOpacity(opacityOf(*this));
     if (m_selected) paintRounded(painter, rect(), Corner::row, theme().color(ColorRole::accent, 14));
     if (isDown() || (isHovered() && !m_selected))
         paintRounded(painter, rect(), Corner::row, theme().color(ColorRole::text1, isDown() ? 9 : 5));
@@ -85,9 +71,8 @@ QString SidebarRow::spokenName() const {
 }
 
 QSize SidebarRow::sizeHint() const {
-    const QFontMetricsF metrics(theme().font(TextRole::sidebarRowSelected));
-    const int words = int(std::ceil(metrics.horizontalAdvance(m_title)));
-    return {rowInset + theme().scaled(SymbolSize::sidebar) + symbolGap + words + Space::s +
+    return {rowInset + theme().scaled(SymbolSize::sidebar) + symbolGap +
+                theme().textWidth(TextRole::sidebarRowSelected, m_title) + Space::s +
                 theme().scaled(SymbolSize::glyph) + glyphInset,
             theme().scaled(Height::sidebarRow)};
 }
@@ -103,51 +88,23 @@ void SidebarRow::resizeEvent(QResizeEvent*) {
 void SidebarRow::paintEvent(QPaintEvent* event) {
     ListRow::paintEvent(event);
     QPainter painter(this);
-    painter.setOpacity(disabledOpacity());
-    const auto put = [this](const QRect& place) {
-        return QStyle::visualRect(layoutDirection(), rect(), place);
-    };
+    painter.setOpacity(opacityOf(*this));
     const int side = theme().scaled(SymbolSize::sidebar);
     const int glyph = theme().scaled(SymbolSize::glyph);
-    drawSymbol(painter, put(QRect(rowInset, (height() - side) / 2, side, side)), m_symbol,
+    drawSymbol(painter, mirrored(*this, QRect(rowInset, (height() - side) / 2, side, side)), m_symbol,
                theme().color(isSelected() ? ColorRole::accent : ColorRole::text2));
     const int left = rowInset + side + symbolGap;
-    const int right = glyphInset + glyph + Space::xs;
-    drawLine(painter, put(QRect(left, 0, width() - left - right, height())),
-             isSelected() ? TextRole::sidebarRowSelected : TextRole::sidebarRow, ColorRole::text1, m_title);
+    const QRect room(left, 0, width() - left - glyphInset - glyph - Space::xs, height());
+    painter.setFont(theme().font(isSelected() ? TextRole::sidebarRowSelected : TextRole::sidebarRow));
+    painter.setPen(theme().color(ColorRole::text1));
+    painter.drawText(mirrored(*this, room), Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                     width() >= sizeHint().width()
+                         ? m_title
+                         : QFontMetricsF(painter.font()).elidedText(m_title, Qt::ElideRight, room.width()));
     if (m_status)
-        drawSymbol(painter, put(QRect(width() - glyphInset - glyph, (height() - glyph) / 2, glyph, glyph)),
+        drawSymbol(painter,
+                   mirrored(*this, QRect(width() - glyphInset - glyph, (height() - glyph) / 2, glyph, glyph)),
                    QString::fromUtf8(symbol(*m_status)), theme().color(glyphColor(*m_status)));
-}
-
-TwoLineRow::TwoLineRow(const QString& title, const QString& detail, QWidget* parent)
-    : ListRow(parent), m_title(title), m_detail(detail) {
-    setText(title);
-}
-
-QSize TwoLineRow::sizeHint() const {
-    return {theme().scaled(200), theme().scaled(Height::historyRow)};
-}
-
-QSize TwoLineRow::minimumSizeHint() const {
-    return {theme().scaled(80), sizeHint().height()};
-}
-
-void TwoLineRow::resizeEvent(QResizeEvent*) {
-    const QFontMetricsF metrics(theme().font(TextRole::callout));
-    setToolTip(metrics.horizontalAdvance(m_detail) > width() - 2 * twoLineInset ? m_detail : QString());
-}
-
-void TwoLineRow::paintEvent(QPaintEvent* event) {
-    ListRow::paintEvent(event);
-    QPainter painter(this);
-    painter.setOpacity(disabledOpacity());
-    const int upper = theme().lineHeight(TextRole::body), lower = theme().lineHeight(TextRole::callout);
-    const int top = (height() - upper - lower) / 2;
-    drawLine(painter, QRectF(twoLineInset, top, width() - 2 * twoLineInset, upper),
-             isSelected() ? TextRole::controlStrong : TextRole::control, ColorRole::text1, m_title);
-    drawLine(painter, QRectF(twoLineInset, top + upper, width() - 2 * twoLineInset, lower), TextRole::callout,
-             ColorRole::text2, m_detail);
 }
 
 RowList::RowList(const QString& name, QWidget* parent) : Column(parent) {
@@ -160,16 +117,6 @@ void RowList::addRow(ListRow* row, int gapAbove) {
     row->installEventFilter(this);
     connect(row, &QAbstractButton::clicked, this, [this, row] { Q_EMIT chosen(row); });
     updateTabStops();
-}
-
-void RowList::clear() {
-    m_current = nullptr;
-    m_rows.clear();
-    while (QLayoutItem* item = column().takeAt(0)) {
-        item->widget()->hide();
-        item->widget()->deleteLater();
-        delete item;
-    }
 }
 
 void RowList::setCurrent(ListRow* row) {

@@ -26,7 +26,6 @@ protected:
     void paintEvent(QPaintEvent*) override;
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
-    virtual void selectionHasChanged() {}
 
 private:
     bool m_selected = false;
@@ -55,27 +54,6 @@ private:
     std::optional<TestStatus> m_status;
 };
 
-/// Two lines of text: a History entry.
-class TwoLineRow final : public ListRow {
-    Q_OBJECT
-public:
-    TwoLineRow(const QString& title, const QString& detail, QWidget* parent = nullptr);
-
-    QString title() const { return m_title; }
-    QString detail() const { return m_detail; }
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    QString spokenName() const override { return m_title + QStringLiteral(", ") + m_detail; }
-
-protected:
-    void paintEvent(QPaintEvent*) override;
-    void resizeEvent(QResizeEvent*) override;
-
-private:
-    QString m_title;
-    QString m_detail;
-};
-
 /// A column of rows with headers between them: one stop of the Tab key, arrows, Home and End choose. The
 /// owner answers `chosen` by setting the current row.
 class RowList final : public Column, public AccessibleTraits {
@@ -85,8 +63,6 @@ public:
 
     void addRow(ListRow* row, int gapAbove = 0);
     void addHeader(QWidget* header, int gapAbove = 0) { add(header, gapAbove); }
-    /// Takes everything out and deletes it.
-    void clear();
     const QList<ListRow*>& rows() const { return m_rows; }
     ListRow* current() const { return m_current; }
     /// Null clears the selection. Says nothing.

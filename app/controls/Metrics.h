@@ -17,7 +17,7 @@ inline constexpr int tile = 12; ///< gap of the tile grid
 
 /// The distances between the parts of a page's head and foot.
 namespace PageHead {
-inline constexpr int titleRow = 34, summaryGap = 10, howGap = 6, howWidth = 760;
+inline constexpr int summaryGap = 10, howGap = 6, howWidth = 760;
 inline constexpr int contentGap = 20, dividerGap = 24, overrideGap = 18, overrideInner = 12;
 } // namespace PageHead
 
@@ -38,10 +38,10 @@ inline constexpr int sheet = 640;
 } // namespace Width
 
 namespace Height {
-inline constexpr int control = 30, prominent = 34, field = 32, fieldLine = 20, notes = 110;
+inline constexpr int control = 30, prominent = 34, field = 32, notes = 110;
 inline constexpr int checkbox = 18, badge = 24, chip = 30, progress = 6, meter = 10;
 inline constexpr int sidebarRow = 32, portRow = 52, connectedRow = 44, factRow = 38, identityRow = 30;
-inline constexpr int historyRow = 50, pickupRow = 58, microphoneRow = 76, tile = 84, sheet = 660;
+inline constexpr int historyRow = 50, pickupRow = 58, microphoneRow = 76, sheet = 660;
 inline constexpr int menuBar = 28, menuItem = 28;
 } // namespace Height
 

@@ -3,32 +3,6 @@
 #include "app/controls/Paint.h"
 
 namespace tessivo {
-namespace {
-
-double cornerOf(Panel::Kind kind) {
-    switch (kind) {
-    case Panel::Kind::inner:
-        return Corner::innerPanel;
-    case Panel::Kind::well:
-        return Corner::well;
-    default:
-        return Corner::panel;
-    }
-}
-
-ColorRole fillOf(Panel::Kind kind) {
-    switch (kind) {
-    case Panel::Kind::inner:
-        return ColorRole::window;
-    case Panel::Kind::well:
-        return ColorRole::well;
-    default:
-        return ColorRole::card;
-    }
-}
-
-} // namespace
-
 Divider::Divider(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMinimumHeight(1);
@@ -36,11 +10,10 @@ Divider::Divider(QWidget* parent) : QWidget(parent) {
 
 void Divider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+    painter.fillRect(rect(), theme().divider());
 }
 
-Panel::Panel(Kind kind, QWidget* parent)
-    : QWidget(parent), m_kind(kind), m_corner(cornerOf(kind)), m_layout(new ColumnLayout(this)) {
+Panel::Panel(Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind), m_layout(new ColumnLayout(this)) {
     if (kind != Kind::list) setPadding(Space::block, Space::block);
 }
 
@@ -85,9 +58,10 @@ void Panel::setPadding(int horizontal, int vertical) {
 
 void Panel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const double hairline = devicePixelRatioF() >= 2 ? 0.5 : 1;
-    paintRounded(painter, rect(), m_corner, theme().color(fillOf(m_kind)));
-    paintRounded(painter, rect(), m_corner, {}, theme().color(ColorRole::text1, 8), hairline);
+    const bool inner = m_kind == Kind::inner;
+    const double corner = inner ? Corner::innerPanel : Corner::panel;
+    paintRounded(painter, rect(), corner, theme().color(inner ? ColorRole::window : ColorRole::card));
+    paintHairline(painter, *this, corner);
 }
 
 } // namespace tessivo

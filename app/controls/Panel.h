@@ -22,7 +22,7 @@ protected:
 class Panel : public QWidget {
     Q_OBJECT
 public:
-    enum class Kind { card, list, inner, well };
+    enum class Kind { card, list, inner };
 
     explicit Panel(Kind kind = Kind::card, QWidget* parent = nullptr);
 
@@ -34,17 +34,12 @@ public:
     ColumnLayout& column() { return *m_layout; }
     void setPadding(int horizontal, int vertical);
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void setCorner(double corner) {
-        m_corner = corner;
-        update();
-    }
 
 protected:
     void paintEvent(QPaintEvent*) override;
 
 private:
     Kind m_kind;
-    double m_corner;
     ColumnLayout* m_layout;
     QList<std::pair<QWidget*, QWidget*>> m_dividers;
 };

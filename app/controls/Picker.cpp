@@ -8,8 +8,6 @@
 #include <QMenu>
 #include <QWheelEvent>
 
-#include <cmath>
-
 namespace tessivo {
 namespace {
 
@@ -24,7 +22,6 @@ Picker::Picker(const QString& name, const QStringList& choices, QWidget* parent)
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setChoices(choices);
-    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
     connect(this, &QComboBox::currentTextChanged, this,
             [this](const QString& text) { setToolTip(sizeHint().width() > width() ? text : QString()); });
 }
@@ -53,12 +50,10 @@ void Picker::setPreferredWidth(int width) {
 }
 
 QSize Picker::sizeHint() const {
-    const QFontMetricsF metrics(theme().font(TextRole::control));
-    double words = 0;
+    int words = 0;
     for (int i = 0; i < count(); ++i)
-        words = std::max(words, metrics.horizontalAdvance(itemText(i)));
-    const int natural =
-        padding + int(std::ceil(words)) + padding + theme().scaled(SymbolSize::button) + arrowsInset;
+        words = std::max(words, theme().textWidth(TextRole::control, itemText(i)));
+    const int natural = padding + words + padding + theme().scaled(SymbolSize::button) + arrowsInset;
     const int width = m_preferredWidth > 0 ? theme().scaled(m_preferredWidth) : natural;
     return {width, theme().scaled(Height::control)};
 }
@@ -114,20 +109,19 @@ bool Picker::event(QEvent* event) {
 
 void Picker::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    painter.setOpacity(opacityOf(*this));
     const ColorRole fill = isEnabled() && underMouse() ? ColorRole::controlHover : ColorRole::control;
     paintRounded(painter, rect(), Corner::button, theme().color(fill),
                  theme().color(ColorRole::controlBorder));
     const double side = theme().scaled(SymbolSize::button);
     const QRectF arrows(width() - arrowsInset - side, (height() - side) / 2, side, side);
-    drawSymbol(painter, QStyle::visualRect(layoutDirection(), rect(), arrows.toRect()),
-               QStringLiteral("chevron.up.chevron.down"), theme().color(ColorRole::text2));
+    drawSymbol(painter, mirrored(*this, arrows.toRect()), QStringLiteral("chevron.up.chevron.down"),
+               theme().color(ColorRole::text2));
     painter.setFont(theme().font(TextRole::control));
     painter.setPen(theme().color(ColorRole::text1));
     const QFontMetricsF metrics(painter.font());
     const QRect room(padding, 0, int(arrows.left()) - padding - 4, height());
-    painter.drawText(QStyle::visualRect(layoutDirection(), rect(), room),
-                     Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+    painter.drawText(mirrored(*this, room), Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
                      metrics.elidedText(currentText(), Qt::ElideRight, room.width()));
 }
 

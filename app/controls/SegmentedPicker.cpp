@@ -6,8 +6,6 @@
 
 #include <QKeyEvent>
 
-#include <cmath>
-
 namespace tessivo {
 namespace {
 
@@ -28,14 +26,11 @@ public:
         if (chosen == m_chosen) return;
         m_chosen = chosen;
         update();
-        QAccessible::State changed;
-        changed.checked = true;
-        announceStateChange(this, changed);
+        announceChoice(this);
     }
 
     QSize sizeHint() const override {
-        const QFontMetricsF heavy(theme().font(TextRole::controlStrong));
-        return {int(std::ceil(heavy.horizontalAdvance(text()))) + 2 * padding,
+        return {theme().textWidth(TextRole::controlStrong, text()) + 2 * padding,
                 theme().scaled(Height::control) - 2 * inset};
     }
 
@@ -50,7 +45,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setOpacity(disabledOpacity());
+        painter.setOpacity(opacityOf(*this));
         if (m_chosen)
             paintRounded(painter, rect(), Corner::segment, theme().color(ColorRole::segment),
                          theme().color(ColorRole::controlBorder));
@@ -60,10 +55,7 @@ protected:
         painter.setPen(theme().color(m_chosen ? ColorRole::text1 : ColorRole::text2));
         const QFontMetricsF metrics(painter.font());
         const QString shown = metrics.elidedText(text(), Qt::ElideRight, width() - 8);
-        painter.drawText(
-            QPointF((width() - metrics.horizontalAdvance(shown)) / 2,
-                    std::round((height() - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent())),
-            shown);
+        paintLine(painter, (width() - metrics.horizontalAdvance(shown)) / 2, height(), shown);
     }
 
     void keyPressEvent(QKeyEvent* event) override {
@@ -94,9 +86,7 @@ private:
 SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& choices, QWidget* parent)
     : QWidget(parent) {
     setAccessibleName(name);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     for (const QString& choice : choices) {
         auto* segment = new Segment(choice, *this);
         connect(segment, &QAbstractButton::clicked, this,
@@ -104,11 +94,6 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& choices
         m_segments.append(segment);
     }
     setCurrent(0);
-    connect(&theme(), &Theme::changed, this, [this] {
-        updateGeometry();
-        place();
-        update();
-    });
 }
 
 void SegmentedPicker::setCurrent(int index) {
@@ -158,7 +143,7 @@ void SegmentedPicker::place() {
     for (Segment* segment : m_segments) {
         const QSize size(stacked ? width() - 2 * inset : segment->sizeHint().width(),
                          segment->sizeHint().height());
-        segment->setGeometry(QStyle::visualRect(layoutDirection(), rect(), QRect(QPoint(x, y), size)));
+        segment->setGeometry(mirrored(*this, QRect(QPoint(x, y), size)));
         if (stacked)
             y += size.height();
         else
@@ -172,11 +157,10 @@ void SegmentedPicker::resizeEvent(QResizeEvent*) {
 
 void SegmentedPicker::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    painter.setOpacity(opacityOf(*this));
     QRectF box = rect();
     if (!isStacked(width())) box.setWidth(std::min(width(), sizeHint().width()));
-    const QRect visual = QStyle::visualRect(layoutDirection(), rect(), box.toRect());
-    paintRounded(painter, visual, Corner::track, theme().color(ColorRole::track),
+    paintRounded(painter, mirrored(*this, box.toRect()), Corner::track, theme().color(ColorRole::track),
                  theme().isDark() ? theme().color(ColorRole::text1, 8)
                                   : theme().color(ColorRole::controlBorder));
 }

@@ -4,8 +4,6 @@
 #include "app/controls/Paint.h"
 #include "app/controls/Symbols.h"
 
-#include <cmath>
-
 namespace tessivo {
 namespace {
 
@@ -49,7 +47,6 @@ ColorRole glyphColor(TestStatus status) {
 
 StatusBadge::StatusBadge(TestStatus status, QWidget* parent) : QWidget(parent), m_status(status) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
 }
 
 void StatusBadge::setStatus(TestStatus status) {
@@ -65,9 +62,8 @@ QString StatusBadge::spokenName() const {
 }
 
 QSize StatusBadge::sizeHint() const {
-    const QFontMetricsF metrics(theme().font(TextRole::badge));
-    const int words = int(std::ceil(metrics.horizontalAdvance(spokenName())));
-    return {leadingPadding + theme().scaled(SymbolSize::badge) + gap + words + padding,
+    return {leadingPadding + theme().scaled(SymbolSize::badge) + gap +
+                theme().textWidth(TextRole::badge, spokenName()) + padding,
             theme().scaled(Height::badge)};
 }
 
@@ -80,17 +76,12 @@ void StatusBadge::paintEvent(QPaintEvent*) {
                QString::fromUtf8(symbol(m_status)), words);
     painter.setFont(theme().font(TextRole::badge));
     painter.setPen(words);
-    const QFontMetricsF metrics(painter.font());
-    painter.drawText(
-        QPointF(leadingPadding + side + gap,
-                std::round((height() - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent())),
-        spokenName());
+    paintLine(painter, leadingPadding + side + gap, height(), spokenName());
 }
 
 StatusGlyph::StatusGlyph(std::optional<TestStatus> status, int size, QWidget* parent)
     : QWidget(parent), m_status(status), m_size(size) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
 }
 
 void StatusGlyph::setStatus(std::optional<TestStatus> status) {
@@ -117,7 +108,6 @@ void StatusGlyph::paintEvent(QPaintEvent*) {
 SymbolView::SymbolView(const QString& name, int size, ColorRole color, QWidget* parent)
     : QWidget(parent), m_name(name), m_size(size), m_color(color) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(&theme(), &Theme::changed, this, [this] { updateGeometry(); });
 }
 
 void SymbolView::setSymbol(const QString& name, ColorRole color) {
@@ -133,7 +123,7 @@ QSize SymbolView::sizeHint() const {
 
 void SymbolView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    painter.setOpacity(opacityOf(*this));
     drawSymbol(painter, rect(), m_name, theme().color(m_color));
 }
 

@@ -64,7 +64,6 @@ public:
 
     void setSymbol(const QString& name, ColorRole color);
     QString symbolName() const { return m_name; }
-    ColorRole colorRole() const { return m_color; }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -26,7 +26,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setOpacity(disabledOpacity());
+        painter.setOpacity(opacityOf(*this));
         if (isEnabled() && (isDown() || isHovered()))
             paintRounded(painter, QRectF(rect()).adjusted(2, 2, -2, -2), Corner::checkbox,
                          theme().color(isDown() ? ColorRole::controlPressed : ColorRole::controlHover));
@@ -125,7 +125,7 @@ void Stepper::keyPressEvent(QKeyEvent* event) {
 
 void Stepper::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    painter.setOpacity(opacityOf(*this));
     const QRectF box = focusShapeRect();
     paintRounded(painter, box, Corner::button, theme().color(ColorRole::control),
                  theme().color(ColorRole::controlBorder));

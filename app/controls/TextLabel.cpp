@@ -1,5 +1,7 @@
 #include "app/controls/TextLabel.h"
 
+#include "app/controls/Paint.h"
+
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFontMetricsF>
@@ -29,12 +31,7 @@ QString beginning(const QString& text) {
 } // namespace
 
 TextLabel::TextLabel(const QString& text, TextRole role, ColorRole color, QWidget* parent)
-    : QWidget(parent), m_text(text), m_role(role), m_color(color) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
-    connect(&theme(), &Theme::changed, this, &TextLabel::textHasChanged);
-}
+    : QWidget(parent), m_text(text), m_role(role), m_color(color) {}
 
 void TextLabel::setText(const QString& text) {
     if (text == m_text) return;
@@ -83,16 +80,22 @@ void TextLabel::setTabularDigits(bool tabular) {
 }
 
 void TextLabel::textHasChanged() {
-    m_measuredWidth = -1;
-    m_naturalWidth = -1;
-    m_laidOutWidth = -1;
-    relayout();
+    m_layout.clearLayout();
+    m_brokenAt = m_naturalWidth = -1;
+    updateToolTip();
     updateGeometry();
     update();
 }
 
-/// Fills the layout with lines of the given width at the role's line height; returns the height.
-int TextLabel::layOut(QTextLayout& layout, double width, bool* elided) const {
+/// Breaks the text into lines of the given width at the role's line height.
+void TextLabel::breakAt(double width) const {
+    if (width == m_brokenAt) return;
+    m_brokenAt = width;
+    if (!m_elided && m_layout.lineCount() == 1 && m_layout.lineAt(0).naturalTextWidth() <= width) {
+        // Shaping is what a layout costs, and a text that fits needs none anew.
+        m_layout.lineAt(0).setLineWidth(width);
+        return;
+    }
     const QFont font = theme().font(m_role);
     const int lineHeight = theme().lineHeight(m_role);
     const double baselineInLine = baseline();
@@ -101,17 +104,17 @@ int TextLabel::layOut(QTextLayout& layout, double width, bool* elided) const {
     QTextOption option(m_alignment);
     option.setWrapMode(m_maximumLines == 1 ? QTextOption::ManualWrap
                                            : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setFont(font);
-    layout.setTextOption(option);
-    layout.setCacheEnabled(true);
+    m_layout.setFont(font);
+    m_layout.setTextOption(option);
+    m_layout.setCacheEnabled(true);
 
-    bool cut = false;
+    m_elided = false;
     for (;;) {
-        layout.setText(shown);
-        layout.beginLayout();
+        m_layout.setText(shown);
+        m_layout.beginLayout();
         int lines = 0, lastStart = 0;
         double widest = 0;
-        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
             line.setLineWidth(width);
             line.setPosition(QPointF(0, lines * lineHeight + baselineInLine - line.ascent()));
             if (m_maximumLines > 0 && lines == m_maximumLines - 1) {
@@ -120,18 +123,25 @@ int TextLabel::layOut(QTextLayout& layout, double width, bool* elided) const {
             }
             ++lines;
         }
-        layout.endLayout();
+        m_layout.endLayout();
         const bool tooMany =
             m_maximumLines > 0 && (lines > m_maximumLines || (lines == m_maximumLines && widest > width));
-        if (!tooMany || cut) {
-            if (elided) *elided = cut;
-            return std::max({lines, m_reservedLines, 1}) * lineHeight;
-        }
+        if (!tooMany || m_elided) return;
         QString rest = shown.mid(lastStart);
         rest.replace(QChar::LineSeparator, QLatin1Char(' '));
         shown = shown.left(lastStart) + QFontMetricsF(font).elidedText(rest, Qt::ElideRight, width);
-        cut = true;
+        m_elided = true;
     }
+}
+
+bool TextLabel::isElided() const {
+    if (m_maximumLines == 0) return false;
+    breakAt(width());
+    return m_elided;
+}
+
+void TextLabel::updateToolTip() {
+    if (m_maximumLines > 0) setToolTip(isElided() ? beginning(m_text) : QString());
 }
 
 double TextLabel::baseline() const {
@@ -145,25 +155,24 @@ double TextLabel::naturalWidth() const {
         if (m_tabular) {
             m_naturalWidth = tabularWidth();
         } else {
-            QTextLayout layout;
-            layOut(layout, endless, nullptr);
-            double width = 0;
-            for (int i = 0; i < layout.lineCount(); ++i)
-                width = std::max(width, layout.lineAt(i).naturalTextWidth());
-            m_naturalWidth = width;
+            breakAt(endless);
+            m_naturalWidth = 0;
+            m_naturalLines = m_layout.lineCount();
+            for (int i = 0; i < m_layout.lineCount(); ++i)
+                m_naturalWidth = std::max(m_naturalWidth, m_layout.lineAt(i).naturalTextWidth());
         }
     }
     return m_naturalWidth;
 }
 
 int TextLabel::heightForWidth(int width) const {
-    if (m_tabular) return std::max(1, m_reservedLines) * theme().lineHeight(m_role);
-    if (width != m_measuredWidth) {
-        QTextLayout layout;
-        m_measuredHeight = layOut(layout, width, nullptr);
-        m_measuredWidth = width;
+    int lines = 1;
+    if (!singleLine()) {
+        const bool fits = width >= naturalWidth();
+        if (!fits) breakAt(width);
+        lines = fits ? m_naturalLines : m_layout.lineCount();
     }
-    return m_measuredHeight;
+    return std::max({lines, m_reservedLines, 1}) * theme().lineHeight(m_role);
 }
 
 QSize TextLabel::sizeHint() const {
@@ -178,32 +187,19 @@ QSize TextLabel::minimumSizeHint() const {
             std::max(1, m_reservedLines) * theme().lineHeight(m_role)};
 }
 
-void TextLabel::relayout() {
-    if (m_tabular || width() == m_laidOutWidth) return;
-    bool elided = false;
-    layOut(m_layout, width(), &elided);
-    m_laidOutWidth = width();
-    if (elided != m_elided) {
-        m_elided = elided;
-        setToolTip(elided ? beginning(m_text) : QString());
-    } else if (elided) {
-        setToolTip(beginning(m_text));
-    }
-}
-
 void TextLabel::resizeEvent(QResizeEvent*) {
-    relayout();
+    updateToolTip();
 }
 
 void TextLabel::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LayoutDirectionChange) textHasChanged();
-    if (event->type() == QEvent::EnabledChange) update();
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::FontChange)
+        textHasChanged();
     QWidget::changeEvent(event);
 }
 
 void TextLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    painter.setOpacity(opacityOf(*this));
     painter.setPen(theme().color(m_color));
     if (m_tabular) {
         drawTabular(painter);
@@ -218,6 +214,7 @@ void TextLabel::paintEvent(QPaintEvent*) {
         range.format.setForeground(palette().highlightedText());
         selections.append(range);
     }
+    breakAt(width());
     m_layout.draw(&painter, QPointF(0, topOf()), selections);
 }
 
@@ -287,6 +284,7 @@ void TextLabel::select(int start, int end) {
 }
 
 int TextLabel::positionAt(const QPointF& point) const {
+    breakAt(width());
     const int count = m_layout.lineCount();
     if (count == 0) return 0;
     const int line = std::clamp(int((point.y() - topOf()) / theme().lineHeight(m_role)), 0, count - 1);

@@ -21,7 +21,6 @@ public:
     void setText(const QString& text);
     void setTextRole(TextRole role);
     void setColorRole(ColorRole role);
-    ColorRole colorRole() const { return m_color; }
     void setAlignment(Qt::Alignment horizontal);
     /// With the mouse, and by Ctrl+A once clicked; Ctrl+C copies.
     void setSelectable(bool selectable);
@@ -33,7 +32,7 @@ public:
     /// Digits all equally wide, so that a changing count stays still; for text of one line.
     void setTabularDigits(bool tabular);
     void setHeading(bool heading) { m_heading = heading; }
-    bool isElided() const { return m_elided; }
+    bool isElided() const;
 
     bool hasHeightForWidth() const override { return !singleLine(); }
     int heightForWidth(int width) const override;
@@ -64,9 +63,9 @@ protected:
 
 private:
     bool singleLine() const { return m_tabular || m_maximumLines == 1; }
-    void relayout();
+    void breakAt(double width) const;
+    void updateToolTip();
     int topOf() const;
-    int layOut(QTextLayout& layout, double width, bool* elided) const;
     double naturalWidth() const;
     int positionAt(const QPointF& point) const;
     void select(int start, int end);
@@ -84,14 +83,14 @@ private:
     bool m_selectable = false;
     bool m_tabular = false;
     bool m_heading = false;
-    bool m_elided = false;
     int m_selectionStart = 0;
     int m_selectionEnd = 0;
-    QTextLayout m_layout;
-    int m_laidOutWidth = -1;
-    mutable int m_measuredWidth = -1;
-    mutable int m_measuredHeight = 0;
+    // Measuring and drawing share one layout, broken into lines at the width last asked for.
+    mutable QTextLayout m_layout;
+    mutable double m_brokenAt = -1;
+    mutable bool m_elided = false;
     mutable double m_naturalWidth = -1;
+    mutable int m_naturalLines = 1;
 };
 
 /// A heading over a group of blocks: "Checks by hand".

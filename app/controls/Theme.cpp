@@ -8,9 +8,17 @@
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QFontMetricsF>
 #include <QToolTip>
 
+#include <cmath>
+
 namespace tessivo {
+
+static size_t qHash(TextRole role, size_t seed = 0) {
+    return ::qHash(int(role), seed);
+}
+
 namespace {
 
 constexpr const char* ownerProperty = "tessivoTheme";
@@ -187,18 +195,20 @@ QColor Theme::color(ColorRole role, double percent) const {
     return color;
 }
 
-QFont Theme::font(TextRole role) const {
-    const Type look = type(role);
-    QFont font(role == TextRole::monospaced ? m_monospaced : m_family);
-    font.setPixelSize(scaled(look.size));
-    font.setWeight(QFont::Weight(look.weight));
-    font.setHintingPreference(QFont::PreferNoHinting);
-    if (look.spacing != 0) font.setLetterSpacing(QFont::AbsoluteSpacing, look.spacing * m_textScale);
-    return font;
+QColor Theme::divider() const {
+    return color(ColorRole::text1, m_dark ? 12 : 10);
 }
 
 int Theme::lineHeight(TextRole role) const {
     return scaled(type(role).line);
+}
+
+int Theme::textWidth(TextRole role, const QString& text) const {
+    const std::pair key(role, text);
+    if (const int* known = m_widths.object(key)) return *known;
+    const int width = int(std::ceil(QFontMetricsF(font(role)).horizontalAdvance(text)));
+    m_widths.insert(key, new int(width));
+    return width;
 }
 
 int Theme::scaled(double size) const {
@@ -249,25 +259,34 @@ void Theme::readPalette() {
 }
 
 void Theme::readFont(const QFont& system) {
-    // The application's own font was set below; only another one is news.
-    if (!m_family.isEmpty() && system == font(TextRole::body)) return;
-    const bool first = m_family.isEmpty();
-    if (!first && system == m_system) return;
+    // The application's own font is set below; only another one is news.
+    const bool first = !m_system;
+    if (!first && (system == font(TextRole::body) || system == m_system)) return;
     m_system = system;
-
-    // A platform hides its own interface font behind a name that starts with a dot; nothing suits it better.
-    const QString systemFamily = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-    const bool hasOwn = systemFamily.startsWith(QLatin1Char('.'));
-    m_family =
-        !hasOwn && QFontDatabase::hasFamily(QStringLiteral("Inter")) ? QStringLiteral("Inter") : systemFamily;
-    m_monospaced = QFontDatabase::hasFamily(QStringLiteral("JetBrains Mono"))
-                       ? QStringLiteral("JetBrains Mono")
-                       : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
     m_textScale = qBound(1.0, QFontInfo(system).pixelSize() / largestUsualPixels, largestScale);
-
+    makeFonts();
     QApplication::setFont(font(TextRole::body));
     QToolTip::setFont(font(TextRole::callout));
     if (!first) Q_EMIT changed();
+}
+
+void Theme::makeFonts() {
+    QStringList families{QFontDatabase::systemFont(QFontDatabase::GeneralFont).family()};
+    // A platform hides its own interface font behind a name that starts with a dot; nothing suits it better.
+    if (!families.first().startsWith(QLatin1Char('.'))) families.prepend(QStringLiteral("Inter"));
+    const QStringList monospaced{QStringLiteral("JetBrains Mono"),
+                                 QFontDatabase::systemFont(QFontDatabase::FixedFont).family()};
+    for (size_t i = 0; i < m_fonts.size(); ++i) {
+        const auto role = TextRole(i);
+        const Type look = type(role);
+        QFont font(role == TextRole::monospaced ? monospaced : families);
+        font.setPixelSize(scaled(look.size));
+        font.setWeight(QFont::Weight(look.weight));
+        font.setHintingPreference(QFont::PreferNoHinting);
+        if (look.spacing != 0) font.setLetterSpacing(QFont::AbsoluteSpacing, look.spacing * m_textScale);
+        m_fonts[i] = font;
+    }
+    m_widths.clear();
 }
 
 } // namespace tessivo

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QCache>
 #include <QColor>
 #include <QFont>
 #include <QObject>
 #include <QPalette>
-
 #include <QPointer>
+
+#include <array>
+#include <optional>
 
 class QApplication;
 
@@ -72,6 +75,7 @@ enum class TextRole {
     sidebarRowSelected,
     monospaced,
 };
+inline constexpr size_t textRoleCount = size_t(TextRole::monospaced) + 1;
 
 /// The one source of colours, type and sizes. It follows the desktop while running: dark when the application
 /// palette's window is darker than its text, larger when the system font is larger than 12 points. Making it
@@ -90,16 +94,19 @@ public:
     QColor color(ColorRole role) const;
     /// The role's colour at `percent` (0 to 100) opacity: `text1@8`.
     QColor color(ColorRole role, double percent) const;
+    /// A hairline between two parts.
+    QColor divider() const;
 
-    QFont font(TextRole role) const;
+    QFont font(TextRole role) const { return m_fonts[size_t(role)]; }
     int lineHeight(TextRole role) const;
+    /// The whole pixels that a line of text takes. Remembered: layouts ask for the same few words again and
+    /// again, and shaping them is most of what a layout costs.
+    int textWidth(TextRole role, const QString& text) const;
 
     /// How much larger than designed the text is: 1 to 2.5.
     double textScale() const { return m_textScale; }
     /// A height or symbol size of Metrics.h at this text scale.
     int scaled(double size) const;
-    /// The monospaced family in use.
-    QString monospacedFamily() const { return m_monospaced; }
 
     static QPalette palette(bool dark);
 
@@ -110,15 +117,18 @@ Q_SIGNALS:
     void changed();
 
 private:
+    static constexpr int mostWidths = 1000;
+
     void readPalette();
     void readFont(const QFont& system);
+    void makeFonts();
 
     QApplication& m_application;
     bool m_dark = false;
     double m_textScale = 1;
-    QString m_family;
-    QString m_monospaced;
-    QFont m_system;
+    std::optional<QFont> m_system;
+    std::array<QFont, textRoleCount> m_fonts;
+    mutable QCache<std::pair<TextRole, QString>, int> m_widths{mostWidths};
     QPointer<FocusRing> m_ring; // lives in whatever it surrounds, and may go with it
 };
 

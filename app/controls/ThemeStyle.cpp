@@ -1,6 +1,7 @@
 #include "app/controls/ThemeStyle.h"
 
 #include "app/controls/Metrics.h"
+#include "app/controls/Paint.h"
 #include "app/controls/Symbols.h"
 #include "app/controls/Theme.h"
 
@@ -20,15 +21,6 @@ constexpr int thumbWidth = 6;
 constexpr int thumbGap = 4;
 constexpr int thumbLeast = 32;
 
-void roundedBox(QPainter& painter, const QRectF& rect, double corner, const QColor& fill,
-                const QColor& border, double width = 1) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(fill);
-    painter.setPen(border.isValid() ? QPen(border, width) : QPen(Qt::NoPen));
-    const double half = border.isValid() ? width / 2 : 0;
-    painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), corner - half, corner - half);
-}
-
 /// The application's own menu comes first and stands out.
 QFont menuBarFont(const QStyleOptionMenuItem& item, const QWidget* bar) {
     QFont font = item.font;
@@ -40,8 +32,7 @@ QFont menuBarFont(const QStyleOptionMenuItem& item, const QWidget* bar) {
 /// The bar's ground and the hairline under it.
 void fillMenuBar(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect, theme().color(ColorRole::sidebar));
-    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1),
-                     theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), theme().divider());
 }
 
 } // namespace
@@ -113,13 +104,19 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     }
 }
 
+QIcon ThemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    // A menu bar asks for the mark of what doesn't fit when it is made: the style's own is a picture file.
+    if (icon == SP_ToolBarHorizontalExtensionButton) return symbolIcon(QStringLiteral("chevron.right"));
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
     painter->save();
     switch (element) {
     case PE_PanelMenu:
-        roundedBox(*painter, option->rect, Corner::menu, theme().color(ColorRole::card),
-                   theme().color(ColorRole::controlBorder));
+        paintRounded(*painter, option->rect, Corner::menu, theme().color(ColorRole::card),
+                     theme().color(ColorRole::controlBorder));
         break;
     case PE_FrameMenu:
         break;
@@ -132,13 +129,13 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_FrameLineEdit: {
         const bool focused = option->state & State_HasFocus;
         if (element == PE_PanelLineEdit || focused)
-            roundedBox(*painter, option->rect, Corner::field, theme().color(ColorRole::field),
-                       theme().color(focused ? ColorRole::focus : ColorRole::fieldBorder), focused ? 2 : 1);
+            paintRounded(*painter, option->rect, Corner::field, theme().color(ColorRole::field),
+                         theme().color(focused ? ColorRole::focus : ColorRole::fieldBorder), focused ? 2 : 1);
         break;
     }
     case PE_FrameFocusRect:
-        roundedBox(*painter, option->rect, Corner::checkbox, Qt::transparent, theme().color(ColorRole::focus),
-                   2);
+        paintRounded(*painter, option->rect, Corner::checkbox, Qt::transparent,
+                     theme().color(ColorRole::focus), 2);
         break;
     default:
         painter->restore();
@@ -193,7 +190,7 @@ void ThemeStyle::drawPushButton(const QStyleOption* option, QPainter* painter) c
     painter->setOpacity(option->state & State_Enabled ? 1 : 0.45);
     QRectF box = option->rect;
     if (option->state & State_HasFocus) {
-        roundedBox(*painter, box, Corner::button, Qt::transparent, theme().color(ColorRole::focus), 2);
+        paintRounded(*painter, box, Corner::button, Qt::transparent, theme().color(ColorRole::focus), 2);
         box.adjust(3, 3, -3, -3);
     }
     const ColorRole fill = prominent ? (pressed   ? ColorRole::accentFillPressed
@@ -202,8 +199,8 @@ void ThemeStyle::drawPushButton(const QStyleOption* option, QPainter* painter) c
                                      : (pressed   ? ColorRole::controlPressed
                                         : hovered ? ColorRole::controlHover
                                                   : ColorRole::control);
-    roundedBox(*painter, box, Corner::button - (box.top() > option->rect.top() ? 2 : 0), theme().color(fill),
-               prominent ? QColor() : theme().color(ColorRole::controlBorder));
+    paintRounded(*painter, box, Corner::button - (box.top() > option->rect.top() ? 2 : 0),
+                 theme().color(fill), prominent ? QColor() : theme().color(ColorRole::controlBorder));
 }
 
 void ThemeStyle::drawMenuBarItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
@@ -211,8 +208,8 @@ void ThemeStyle::drawMenuBarItem(const QStyleOption* option, QPainter* painter, 
     if (!item) return;
     fillMenuBar(*painter, option->rect);
     if (option->state & (State_Selected | State_Sunken))
-        roundedBox(*painter, option->rect.adjusted(0, 3, 0, -3), Corner::segment,
-                   theme().color(ColorRole::text1, 9), QColor());
+        paintRounded(*painter, option->rect.adjusted(0, 3, 0, -3), Corner::segment,
+                     theme().color(ColorRole::text1, 9), QColor());
     painter->setFont(menuBarFont(*item, widget));
     painter->setPen(theme().color(ColorRole::text1, option->state & State_Enabled ? 100 : 45));
     painter->drawText(option->rect, Qt::AlignCenter | Qt::TextHideMnemonic, item->text);
@@ -225,12 +222,12 @@ void ThemeStyle::drawMenuItem(const QStyleOption* option, QPainter* painter, con
     if (item->menuItemType == QStyleOptionMenuItem::Separator) {
         painter->fillRect(
             QRect(rect.left() + menuPadding, rect.center().y(), rect.width() - 2 * menuPadding, 1),
-            theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+            theme().divider());
         return;
     }
     const bool enabled = option->state & State_Enabled;
     if (enabled && option->state & State_Selected)
-        roundedBox(*painter, rect, Corner::segment, theme().color(ColorRole::accent, 14), QColor());
+        paintRounded(*painter, rect, Corner::segment, theme().color(ColorRole::accent, 14), QColor());
     const QColor words = theme().color(ColorRole::text1, enabled ? 100 : 45);
     const bool checks = item->menuHasCheckableItems || item->maxIconWidth > 0;
     const int side = theme().scaled(14);
@@ -337,8 +334,8 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
         thumb = QRectF(thumb.left(), thumb.bottom() - thumbGap - thumbWidth, thumb.width(), thumbWidth);
     const bool lively = option->state & State_MouseOver || option->activeSubControls & SC_ScrollBarSlider;
     painter->save();
-    roundedBox(*painter, thumb, thumbWidth / 2.0, theme().color(ColorRole::text1, lively ? 45 : 26),
-               QColor());
+    paintRounded(*painter, thumb, thumbWidth / 2.0, theme().color(ColorRole::text1, lively ? 45 : 26),
+                 QColor());
     painter->restore();
 }
 

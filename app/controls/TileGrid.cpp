@@ -31,9 +31,7 @@ Tile::Tile(const QString& title, const QString& symbol, QWidget* parent)
     m_heading->setMaximumLines(1);
     m_summary->setMaximumLines(2);
     m_summary->setReservedLines(2);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void Tile::setStatus(TestStatus status, const QString& summary) {
@@ -75,31 +73,25 @@ void Tile::resizeEvent(QResizeEvent*) {
     const int left = textLeft();
     const int room = width() - left - padding - theme().scaled(SymbolSize::tileGlyph) - glyphGap;
     const int line = theme().lineHeight(TextRole::headline);
-    const auto put = [this](QWidget* widget, const QRect& place) {
-        widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
-    };
-    put(m_heading, QRect(left, edge, room, line));
-    put(m_summary, QRect(left, edge + line + summaryGap, room, 2 * theme().lineHeight(TextRole::callout)));
+    m_heading->setGeometry(mirrored(*this, QRect(left, edge, room, line)));
+    m_summary->setGeometry(mirrored(
+        *this, QRect(left, edge + line + summaryGap, room, 2 * theme().lineHeight(TextRole::callout))));
     setToolTip(m_summary->isElided() ? m_summary->text() : QString());
 }
 
 void Tile::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setOpacity(disabledOpacity());
+    painter.setOpacity(opacityOf(*this));
     paintRounded(painter, rect(), Corner::tile, theme().color(ColorRole::card));
     if (isDown() || isHovered())
         paintRounded(painter, rect(), Corner::tile, theme().color(ColorRole::text1, isDown() ? 9 : 5));
-    paintRounded(painter, rect(), Corner::tile, {}, theme().color(ColorRole::text1, 8),
-                 devicePixelRatioF() >= 2 ? 0.5 : 1);
-    const auto put = [this](const QRect& place) {
-        return QStyle::visualRect(layoutDirection(), rect(), place);
-    };
+    paintHairline(painter, *this, Corner::tile);
     const int side = theme().scaled(SymbolSize::tile);
     const int line = theme().lineHeight(TextRole::headline);
-    drawSymbol(painter, put(QRect(padding, edge + (line - side) / 2, side, side)), m_symbol,
+    drawSymbol(painter, mirrored(*this, QRect(padding, edge + (line - side) / 2, side, side)), m_symbol,
                theme().color(ColorRole::accent));
     const int glyph = theme().scaled(SymbolSize::tileGlyph);
-    drawSymbol(painter, put(QRect(width() - padding - glyph, padding, glyph, glyph)),
+    drawSymbol(painter, mirrored(*this, QRect(width() - padding - glyph, padding, glyph, glyph)),
                QString::fromUtf8(symbol(m_status)), theme().color(glyphColor(m_status)));
 }
 

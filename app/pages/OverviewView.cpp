@@ -36,11 +36,6 @@ TextLabel* callout(const QString& words = {}) {
     return new TextLabel(words, TextRole::callout, ColorRole::text2);
 }
 
-// A page knows another Panel, the frame shape of its base.
-Panel* makePanel() {
-    return new Panel;
-}
-
 /// A panel's headline with its badge at the far end.
 SplitRow* headline(TestID test, StatusBadge* badge) {
     auto* label = new TextLabel(QString::fromUtf8(title(test)), TextRole::headline);
@@ -87,7 +82,7 @@ void OverviewView::addIdentity() {
     m_identity->addFact(tr("Memory"));
     m_identity->addFact(tr("Storage"));
     m_identity->addFact(tr("macOS"));
-    auto* panel = makePanel();
+    auto* panel = new Panel;
     panel->column().setContentsMargins(Space::block, identityPadding, Space::block, Space::l);
     panel->add(m_identity);
     panel->add(
@@ -109,7 +104,7 @@ void OverviewView::addEnrollment() {
     words->add(m_enrollmentDetails, Space::xxs);
     auto* body = new SplitRow(words, m_readAgain);
     body->setTrailingAlignment(Qt::AlignBottom);
-    auto* panel = makePanel();
+    auto* panel = new Panel;
     panel->add(headline(TestID::enrollment, m_enrollment));
     panel->add(body, underHeadline);
     add(panel, Space::overviewCard);
@@ -132,7 +127,7 @@ void OverviewView::addActivationLock() {
     auto* answer = new WrapRow(nullptr, Space::l);
     answer->add(new TextLabel(shows, TextRole::body, ColorRole::text2));
     answer->add(m_lockAnswer);
-    auto* panel = makePanel();
+    auto* panel = new Panel;
     panel->add(headline(TestID::activationLock, m_lock));
     panel->add(how, underHeadline);
     panel->column().setMaximumItemWidth(how, theme().scaled(PageHead::howWidth));
