@@ -2,12 +2,8 @@
 
 #include "tests/app/PageTesting.h"
 
-#include "app/controls/Checkbox.h"
-#include "app/controls/OverrideControls.h"
-
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QTest>
 #include <QTextBlock>
 #include <gtest/gtest.h>
@@ -111,51 +107,6 @@ TEST(GrowingTextField, editsAcrossTheBordersOfItsBlocksAsIfThereWereNone) {
     EXPECT_EQ(field.text(), QString(4500, QLatin1Char('y')));
     for (QTextBlock block = field.document()->begin(); block.isValid(); block = block.next())
         EXPECT_LE(block.length(), 2001);
-}
-
-TEST(GrowingTextField, aKeyPressStaysQuickAtAHundredThousandCharacters) {
-    GrowingTextField field;
-    showAt(field, {600, 112});
-    field.setText(longText());
-    field.moveCursor(QTextCursor::End);
-    field.grab();
-    std::vector<double> presses;
-    for (int i = 0; i < 15; ++i) {
-        const double start = processorMilliseconds();
-        QTest::keyClick(&field, Qt::Key_X);
-        field.repaint();
-        presses.push_back(processorMilliseconds() - start);
-    }
-    std::nth_element(presses.begin(), presses.begin() + 7, presses.end());
-    RecordProperty("millisecondsPerKey", std::to_string(presses[7]));
-    EXPECT_LT(presses[7], keyPressLimit);
-}
-
-TEST(OverrideControls, sayWhatThePersonRuled) {
-    OverrideControls controls(TestID::ports);
-    std::optional<UserOverride> said;
-    QObject::connect(&controls, &OverrideControls::changed, [&](const std::optional<UserOverride>& override) {
-        said = override;
-        controls.setOverride(override);
-    });
-    showAt(controls, {600, 120});
-    auto* box = findByName<Checkbox>(&controls, text("Not part of this sale (leave it out of the report)"));
-    auto* note = findByName<GrowingTextField>(&controls, text("Problem note for USB ports"));
-    ASSERT_TRUE(box && note);
-
-    type(note, text("  "));
-    EXPECT_EQ(said, (UserOverride{false, "  "})) << "blanks are kept as written";
-    EXPECT_TRUE(click(box));
-    EXPECT_EQ(said, (UserOverride{true, "  "}));
-    note->selectAll();
-    QTest::keyClick(note, Qt::Key_Backspace);
-    EXPECT_EQ(said, (UserOverride{true, std::nullopt})) << "clearing the note keeps the flag";
-    EXPECT_TRUE(click(box));
-    EXPECT_EQ(said, std::nullopt) << "with neither there is no override";
-    type(note, text("x"));
-    EXPECT_TRUE(click(box));
-    EXPECT_TRUE(click(box));
-    EXPECT_EQ(said, (UserOverride{false, "x"})) << "toggling keeps the note";
 }
 
 } // namespace

@@ -14,7 +14,6 @@
 #include "tests/app/PageTesting.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -65,22 +64,35 @@ TEST_F(TestPageTest, correctsTheResultByHand) {
     auto* box = findByName<Checkbox>(&page, text("Not part of this sale (leave it out of the report)"));
     auto* note = findByName<GrowingTextField>(&page, text("Problem note for Keyboard"));
     ASSERT_TRUE(box && note);
-    type(note, text("Sticky G "));
+    const auto ruled = [&] {
+        const auto& all = model.state().overrides;
+        return all.contains(TestID::keyboard) ? std::optional(all.at(TestID::keyboard)) : std::nullopt;
+    };
+    type(note, text("  "));
+    EXPECT_EQ(ruled(), (UserOverride{false, "  "})) << "blanks are kept as written";
+    type(note, text("G "));
     EXPECT_EQ(badge(), TestStatus::problem);
     EXPECT_TRUE(shown("Problem noted by the person testing"));
-    EXPECT_EQ(model.state().overrides.at(TestID::keyboard), (UserOverride{false, "Sticky G "}));
     EXPECT_TRUE(click(box));
+    EXPECT_EQ(ruled(), (UserOverride{true, "  G "})) << "the note stays";
     EXPECT_EQ(badge(), TestStatus::notIncluded);
     EXPECT_TRUE(click(box));
-    EXPECT_EQ(badge(), TestStatus::problem) << "the note comes back";
-    EXPECT_EQ(note->textCursor().position(), 9) << "and its cursor has stayed";
+    EXPECT_EQ(badge(), TestStatus::problem) << "and counts again";
+    EXPECT_EQ(note->textCursor().position(), 4) << "its cursor has stayed";
+    EXPECT_TRUE(click(box));
     note->selectAll();
     QTest::keyClick(note, Qt::Key_Delete);
-    EXPECT_TRUE(model.state().overrides.empty());
+    EXPECT_EQ(ruled(), (UserOverride{true, std::nullopt})) << "clearing the note keeps the flag";
+    EXPECT_TRUE(click(box));
+    EXPECT_EQ(ruled(), std::nullopt) << "with neither there is no override";
 
     model.change([](SessionState& state) { state.overrides[TestID::keyboard] = {true, "By another"}; });
     EXPECT_TRUE(isChecked(box));
     EXPECT_EQ(note->text(), text("By another"));
+    note->selectAll();
+    QTest::keyClick(note, Qt::Key_Delete);
+    EXPECT_TRUE(click(box));
+    EXPECT_EQ(ruled(), std::nullopt);
 }
 
 TEST_F(TestPageTest, doesNoWorkForWhatItDoesNotShow) {
@@ -97,30 +109,6 @@ TEST_F(TestPageTest, doesNoWorkForWhatItDoesNotShow) {
     EXPECT_EQ(badge(), TestStatus::notRun) << "a hidden page waits";
     page.show();
     EXPECT_EQ(badge(), TestStatus::unfinished);
-}
-
-TEST_F(TestPageTest, aKeyPressInALongNoteStaysQuick) {
-    showAt(page, {950, 700});
-    auto* note = findByName<GrowingTextField>(&page, text("Problem note for Keyboard"));
-    QString words;
-    while (words.size() < 100'000)
-        words += text("a dent near the hinge \xD7\xA9\xD7\xA8 ");
-    model.change([&](SessionState& state) {
-        state.overrides[TestID::keyboard] = {false, words.toStdString()};
-    });
-    note->moveCursor(QTextCursor::End);
-    page.grab();
-    std::vector<double> presses;
-    for (int i = 0; i < 15; ++i) {
-        const double start = processorMilliseconds();
-        QTest::keyClick(note, Qt::Key_X);
-        page.repaint();
-        presses.push_back(processorMilliseconds() - start);
-    }
-    EXPECT_EQ(note->text().size(), words.size() + 15);
-    std::nth_element(presses.begin(), presses.begin() + 7, presses.end());
-    RecordProperty("millisecondsPerKey", std::to_string(presses[7]));
-    EXPECT_LT(presses[7], keyPressLimit);
 }
 
 TEST_F(TestPageTest, standsWholeWhenNarrowLargeAndFullOfOddText) {

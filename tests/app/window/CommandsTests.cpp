@@ -136,22 +136,6 @@ TEST_F(CommandsTests, startingOverAsksFirst) {
     EXPECT_EQ(accessibleNameOf(row(Page::overview)), "This Mac, Problem");
 }
 
-TEST_F(CommandsTests, startingOverWhileAReadingRunsLeavesItRunning) {
-    controls->hangEnrollmentTool();
-    start();
-    showAt(window(), QSize(1180, 780));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return controls->enrollmentRuns() == 1; }, patience));
-    dialogs.confirmAnswer = true;
-    model().setNotes("mine");
-    choose("Start Over…");
-    EXPECT_TRUE(model().reading());
-    EXPECT_EQ(model().notes(), "");
-    controls->setEnrolled(true);
-    ASSERT_TRUE(finishReading());
-    EXPECT_EQ(controls->enrollmentRuns(), 1u);
-    EXPECT_TRUE(model().state().enrollment->isManaged());
-}
-
 TEST_F(CommandsTests, aSavedPDFGoesIntoHistoryAndACancelledOneDoesNot) {
     launch();
     choose("Save Report as PDF…");
