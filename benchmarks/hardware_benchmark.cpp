@@ -2,20 +2,18 @@
 #include "app/controls/Theme.h"
 #include "app/pages/Pages.h"
 #include "app/readers/Readers.h"
+#include "benchmarks/Bench.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "platform/simulated/MachineFile.h"
-#include "platform/simulated/ManualScheduler.h"
-#include "platform/simulated/SimulatedControls.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>
 #include <ctime>
 #include <fstream>
-#include <stdlib.h>
 
 namespace {
 
 using namespace tessivo;
+using namespace tessivo::bench;
 namespace fs = std::filesystem;
 
 constexpr int deviceCount = 200;
@@ -30,10 +28,8 @@ void put(const fs::path& file, const std::string& text) {
 class BusyTree {
 public:
     BusyTree() {
-        std::string name = (fs::temp_directory_path() / "tessivo-bench-XXXXXX").string();
-        m_root = ::mkdtemp(name.data());
         for (int i = 0; i < deviceCount; ++i) {
-            const fs::path device = m_root / "sys/bus/usb/devices" /
+            const fs::path device = root() / "sys/bus/usb/devices" /
                                     (std::to_string(1 + i / 100) + "-" + std::to_string(1 + i % 100));
             put(device / "product", "Device " + std::to_string(i));
             put(device / "manufacturer", "Maker");
@@ -43,19 +39,18 @@ public:
             put(device / "speed", "5000");
         }
         for (int i = 0; i < interfaceCount; ++i) {
-            const fs::path port = m_root / "sys/class/net" / ("eth" + std::to_string(i));
+            const fs::path port = root() / "sys/class/net" / ("eth" + std::to_string(i));
             put(port / "type", "1");
             put(port / "operstate", "up");
             put(port / "carrier", "1");
             put(port / "speed", "1000");
         }
     }
-    ~BusyTree() { fs::remove_all(m_root); }
 
-    const fs::path& root() const { return m_root; }
+    const fs::path& root() const { return m_folder.path(); }
 
 private:
-    fs::path m_root;
+    Folder m_folder;
 };
 
 void scanUSB(benchmark::State& state) {
@@ -88,30 +83,19 @@ double processorSeconds() {
 void openPortsPage(benchmark::State& state) {
     using namespace std::chrono_literals;
     constexpr int seconds = 60;
-    ManualScheduler clock{Date{794'000'000}};
-    SimulatedPlatform mac(loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock);
-    SimulatedControls controls(mac);
-    AppModel model(mac);
-    class NoDialogs final : public Dialogs {
-        std::optional<fs::path> savePath(QWidget*, FileKind, const QString&) override { return {}; }
-        std::vector<fs::path> openReportFiles(QWidget*, const QString&) override { return {}; }
-        bool choosePrinter(QWidget*, QPrinter&) override { return false; }
-        bool confirm(QWidget*, const QString&, const QString&, const QString&, const QString&) override {
-            return false;
-        }
-        void inform(QWidget*, const QString&, const QString&) override {}
-    } dialogs;
+    Mac mac;
+    AppModel model(mac.platform);
     double used = 0;
     for (auto _ : state) {
-        std::unique_ptr<QWidget> page(makePage(Page::ports, {model, dialogs}, nullptr));
-        page->resize(950, 752);
+        std::unique_ptr<QWidget> page(makePage(Page::ports, {model, mac.dialogs}, nullptr));
+        page->resize(pageSize);
         page->show();
         QApplication::processEvents();
         const double before = processorSeconds();
         for (int second = 0; second < seconds; ++second) {
-            if (second % 10 == 0) controls.plugUSB("Stick", 0x0951, 0x1666, 0x01100000);
-            if (second % 10 == 5) controls.unplugUSB(0x01100000);
-            clock.advance(1s);
+            if (second % 10 == 0) mac.controls.plugUSB("Stick", 0x0951, 0x1666, 0x01100000);
+            if (second % 10 == 5) mac.controls.unplugUSB(0x01100000);
+            mac.clock.advance(1s);
             QApplication::processEvents();
         }
         used += processorSeconds() - before;

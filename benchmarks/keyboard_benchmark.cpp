@@ -3,49 +3,30 @@
 
 #include "app/controls/Theme.h"
 #include "app/pages/Pages.h"
-#include "platform/simulated/MachineFile.h"
-#include "platform/simulated/ManualScheduler.h"
-#include "platform/simulated/SimulatedControls.h"
+#include "benchmarks/Bench.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
-#include <QTimer>
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 
 using namespace tessivo;
+using namespace tessivo::bench;
 
 namespace {
 
 constexpr double frameAt120Hz = 1000.0 / 120;
 constexpr int rounds = 40;
 
-class NoDialogs final : public Dialogs {
-public:
-    std::optional<std::filesystem::path> savePath(QWidget*, FileKind, const QString&) override { return {}; }
-    std::vector<std::filesystem::path> openReportFiles(QWidget*, const QString&) override { return {}; }
-    bool choosePrinter(QWidget*, QPrinter&) override { return false; }
-    bool confirm(QWidget*, const QString&, const QString&, const QString&, const QString&) override {
-        return false;
-    }
-    void inform(QWidget*, const QString&, const QString&) override {}
-};
-
 struct Bench {
-    ManualScheduler clock;
-    SimulatedPlatform platform{loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock};
-    SimulatedControls controls{platform};
-    AppModel model{platform};
-    NoDialogs dialogs;
+    Mac mac;
+    AppModel model{mac.platform};
     std::unique_ptr<QWidget> window;
 
     explicit Bench(Page page) {
-        window.reset(makePage(page, {model, dialogs}, nullptr));
-        window->resize(950, 752);
+        window.reset(makePage(page, {model, mac.dialogs}, nullptr));
+        window->resize(pageSize);
         window->show();
         QApplication::setActiveWindow(window.get());
         QApplication::processEvents();
@@ -53,9 +34,9 @@ struct Bench {
 };
 
 void print(const char* what, std::vector<double> times) {
-    std::ranges::sort(times);
+    const Spread spread(std::move(times));
     std::printf("%-34s median %.3f ms, 99th percentile %.3f ms, largest %.3f ms (frame %.2f ms)\n", what,
-                times[times.size() / 2], times[times.size() * 99 / 100], times.back(), frameAt120Hz);
+                spread.median, spread.high, spread.largest, frameAt120Hz);
 }
 
 /// Each key of the diagram, cleared and struck again: each time from the event to the end of the painting.
@@ -69,12 +50,11 @@ void keys() {
         QApplication::processEvents();
         for (std::vector<double>* times : {&first, &again})
             for (quint32 scanCode = 10; scanCode < 60; ++scanCode) {
-                QElapsedTimer timer;
-                timer.start();
+                const Stopwatch watch;
                 QKeyEvent press(QEvent::KeyPress, Qt::Key_A, {}, scanCode, 0, 0);
                 QApplication::sendEvent(bench.window.get(), &press);
                 QApplication::processEvents();
-                times->push_back(double(timer.nsecsElapsed()) / 1e6);
+                times->push_back(watch.milliseconds());
             }
     }
     print("key seen for the first time", first);
@@ -86,20 +66,19 @@ void touches() {
     Bench bench(Page::trackpad);
     constexpr int perSecond = 1000, seconds = 10;
     std::vector<double> late;
-    QElapsedTimer timer;
-    timer.start();
+    const Stopwatch watch;
     while (late.size() < std::size_t(perSecond * seconds)) {
         const double due = double(late.size()) * 1000 / perSecond;
-        if (double(timer.nsecsElapsed()) / 1e6 < due) {
+        if (watch.milliseconds() < due) {
             QApplication::processEvents();
             continue;
         }
         const auto step = double(late.size() % 4000) / 4000;
-        bench.controls.touch({{step, std::abs(1 - 2 * step)}, {1 - step, step}});
+        bench.mac.controls.touch({{step, std::abs(1 - 2 * step)}, {1 - step, step}});
         // A surface that never fills up: some of the events change the picture to the end.
         if (late.size() % 400 == 399) bench.model.change([](SessionState& state) { state.trackpad = {}; });
         QApplication::processEvents();
-        late.push_back(double(timer.nsecsElapsed()) / 1e6 - due);
+        late.push_back(watch.milliseconds() - due);
     }
     print("touch at 1,000 a second, lateness", late);
 }

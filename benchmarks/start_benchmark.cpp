@@ -5,36 +5,22 @@
 #include "app/controls/Theme.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/RootView.h"
+#include "benchmarks/Bench.h"
 
 #include <QApplication>
 #include <QMainWindow>
-#include <QTemporaryDir>
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 using namespace tessivo;
+using namespace tessivo::bench;
 
 namespace {
 
 constexpr int usualRounds = 15;
-constexpr QSize windowSize(1180, 780);
-
-class NoDialogs final : public Dialogs {
-public:
-    std::optional<std::filesystem::path> savePath(QWidget*, FileKind, const QString&) override { return {}; }
-    std::vector<std::filesystem::path> openReportFiles(QWidget*, const QString&) override { return {}; }
-    bool choosePrinter(QWidget*, QPrinter&) override { return false; }
-    bool confirm(QWidget*, const QString&, const QString&, const QString&, const QString&) override {
-        return false;
-    }
-    void inform(QWidget*, const QString&, const QString&) override {}
-};
 
 /// Ends the process when the window has been painted and what was painted is on its way to the screen.
 class FirstPaint final : public QObject {
@@ -74,7 +60,7 @@ struct Run {
 };
 
 Run run(const char* program, const char* what) {
-    const auto start = std::chrono::steady_clock::now();
+    const Stopwatch watch;
     const pid_t child = ::fork();
     if (child == 0) {
         ::execl(program, program, what, nullptr);
@@ -83,17 +69,12 @@ Run run(const char* program, const char* what) {
     int status = 0;
     rusage used{};
     ::wait4(child, &status, 0, &used);
-    const auto end = std::chrono::steady_clock::now();
+    const double time = watch.milliseconds();
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
         std::fprintf(stderr, "%s ended with status %d\n", what, status);
         std::exit(1);
     }
-    return {std::chrono::duration<double, std::milli>(end - start).count(), double(used.ru_maxrss) / 1024};
-}
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
+    return {time, double(used.ru_maxrss) / 1024};
 }
 
 } // namespace
@@ -104,9 +85,9 @@ int main(int argc, char** argv) {
     if (what == "empty") return showEmptyWindow(argc, argv);
     const int rounds = what.empty() ? usualRounds : std::atoi(what.c_str());
     const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
-    const QTemporaryDir folder;
+    const Folder folder;
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
-        ::setenv(name, qPrintable(folder.path()), 1);
+        ::setenv(name, folder.path().c_str(), 1);
     std::map<std::string, std::vector<double>> times, memory;
     for (int round = -1; round < rounds; ++round)
         for (const char* each : {"tessivo", "empty"}) {
@@ -117,6 +98,6 @@ int main(int argc, char** argv) {
         }
     for (const char* each : {"tessivo", "empty"})
         std::printf("%-8s first paint after %.1f ms (median of %d, smallest %.1f), peak memory %.1f MiB\n",
-                    each, median(times[each]), rounds, *std::ranges::min_element(times[each]),
-                    median(memory[each]));
+                    each, Spread(times[each]).median, rounds, Spread(times[each]).smallest,
+                    Spread(memory[each]).median);
 }

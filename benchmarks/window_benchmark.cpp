@@ -4,36 +4,19 @@
 #include "app/controls/Theme.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/RootView.h"
+#include "benchmarks/Bench.h"
 #include "kit/Samples.h"
-#include "platform/simulated/MachineFile.h"
-#include "platform/simulated/ManualScheduler.h"
-#include "platform/simulated/SimulatedPlatform.h"
 
 #include <QApplication>
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <set>
 
 using namespace tessivo;
+using namespace tessivo::bench;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr int rounds = 400;
-constexpr QSize windowSize(1180, 780);
-
-class NoDialogs final : public Dialogs {
-public:
-    std::optional<std::filesystem::path> savePath(QWidget*, FileKind, const QString&) override { return {}; }
-    std::vector<std::filesystem::path> openReportFiles(QWidget*, const QString&) override { return {}; }
-    bool choosePrinter(QWidget*, QPrinter&) override { return false; }
-    bool confirm(QWidget*, const QString&, const QString&, const QString&, const QString&) override {
-        return false;
-    }
-    void inform(QWidget*, const QString&, const QString&) override {}
-};
 
 /// Which widgets have been painted since it was last cleared.
 class Painted final : public QObject {
@@ -50,17 +33,15 @@ public:
 };
 
 void print(const char* what, std::size_t widgets, std::vector<double> times) {
-    std::ranges::sort(times);
+    const Spread spread(std::move(times));
     std::printf("%-44s %3zu widgets painted, median %.3f ms, 99th percentile %.3f ms, largest %.3f ms\n",
-                what, widgets, times[times.size() / 2], times[times.size() * 99 / 100], times.back());
+                what, widgets, spread.median, spread.high, spread.largest);
 }
 
 /// Writes in turn two sessions that differ; each time from before the write until nothing is left to paint.
 void measure(const char* what, Page page, const std::function<void(SessionState&, bool)>& write) {
-    ManualScheduler clock;
-    SimulatedPlatform platform(loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock);
-    NoDialogs dialogs;
-    AppDelegate application(platform, dialogs);
+    Mac mac;
+    AppDelegate application(mac.platform, mac.dialogs);
     AppModel& model = application.model();
     model.setState(Samples::session(model.state().machine));
     model.setPage(page);
@@ -71,11 +52,11 @@ void measure(const char* what, Page page, const std::function<void(SessionState&
     std::vector<double> times;
     Painted painted(application.window());
     for (int round = 0; round < rounds; ++round) {
-        const auto start = Clock::now();
+        const Stopwatch watch;
         model.change([&](SessionState& state) { write(state, round % 2 == 0); });
         QApplication::sendPostedEvents();
         QApplication::processEvents();
-        times.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+        times.push_back(watch.milliseconds());
     }
     painted.widgets.clear();
     model.change([&](SessionState& state) { write(state, true); });
