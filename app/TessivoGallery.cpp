@@ -1,5 +1,5 @@
-// Pictures of every page, light and dark, at the first size and the smallest: `tessivo-gallery FOLDER
-// [PAGE...]`.
+// Pictures of every page and of a running keyboard test, light and dark, at the first size and the smallest:
+// `tessivo-gallery FOLDER [PAGE...]`.
 
 #include "app/controls/QtDialogs.h"
 #include "app/controls/Theme.h"
@@ -10,11 +10,14 @@
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/SimulatedPlatform.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QTimer>
 #include <cstdio>
+#include <numeric>
 
 using namespace tessivo;
 
@@ -29,6 +32,8 @@ void settle() {
     QTimer::singleShot(settling, &loop, &QEventLoop::quit);
     loop.exec();
 }
+
+const QString keyboardRunning = QStringLiteral("keyboard-running");
 
 struct Machine {
     const char* name;
@@ -58,6 +63,63 @@ void fill(AppModel& model) {
     model.setState(session);
 }
 
+/// A keyboard test that has come to the middle of its third row, as the window system would tell the keys.
+void runKeyboardTest(RootView& window, AppModel& model) {
+    model.change([](SessionState& session) { session.keyboard = {}; });
+    model.setPage(Page::keyboard);
+    QApplication::setActiveWindow(&window);
+    for (auto* button : window.findChildren<QAbstractButton*>())
+        if (button->text() == QStringLiteral("Start")) button->click();
+    std::vector<quint32> scanCodes(37); // from Esc through Q to H
+    std::iota(scanCodes.begin(), scanCodes.end(), 9);
+    std::erase_if(scanCodes, [](quint32 code) { return code == 36 || code == 37; }); // Return, Control
+    scanCodes.insert(scanCodes.end(), {49, 51, 66, 44, 45});                         // `, \\, Caps Lock, J, K
+    for (const quint32 code : scanCodes) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_A, {}, code, 0, 0);
+        QApplication::sendEvent(&window, &press);
+    }
+}
+
+int takeAll(const QDir& folder, const QStringList& wanted, Dialogs& dialogs) {
+    const auto isWanted = [&](const QString& name) { return wanted.isEmpty() || wanted.contains(name); };
+    int pictures = 0;
+    for (const Machine& machine : machines) {
+        for (const bool dark : {false, true}) {
+            QApplication::setPalette(Theme::palette(dark));
+            QtScheduler scheduler;
+            SimulatedPlatform platform(
+                loadMachineFile(std::string(TESSIVO_MACHINES_BUILD "/") + machine.file), scheduler);
+            AppDelegate delegate(platform, dialogs);
+            RootView& window = delegate.window();
+            fill(delegate.model());
+            delegate.open();
+            const auto take = [&](const QString& name, bool smallest) {
+                settle();
+                const QString file = QStringLiteral("%1-%2%3-%4.png")
+                                         .arg(name, QLatin1String(machine.name),
+                                              smallest ? QStringLiteral("-smallest") : QString(),
+                                              dark ? QStringLiteral("dark") : QStringLiteral("light"));
+                if (!window.grab().save(folder.filePath(file)))
+                    throw std::runtime_error(file.toStdString() + " couldn't be written");
+                ++pictures;
+            };
+            for (const bool smallest : {true, false}) {
+                window.resize(smallest ? window.minimumSize() : firstSize);
+                for (const Page page : allCases<Page>()) {
+                    const QString name = QString::fromLatin1(rawValue(page).data());
+                    if (!isWanted(name)) continue;
+                    delegate.model().setPage(page);
+                    take(name, smallest);
+                }
+            }
+            if (!isWanted(keyboardRunning)) continue;
+            runKeyboardTest(window, delegate.model());
+            take(keyboardRunning, false);
+        }
+    }
+    return pictures;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -71,36 +133,11 @@ int main(int argc, char** argv) {
     const QStringList wanted = QApplication::arguments().mid(2);
     const Theme theme(application);
     QtDialogs dialogs;
-    int pictures = 0;
-    for (const Machine& machine : machines) {
-        for (const bool dark : {false, true}) {
-            QApplication::setPalette(Theme::palette(dark));
-            QtScheduler scheduler;
-            SimulatedPlatform platform(
-                loadMachineFile(std::string(TESSIVO_MACHINES_BUILD "/") + machine.file), scheduler);
-            AppDelegate delegate(platform, dialogs);
-            RootView& window = delegate.window();
-            fill(delegate.model());
-            delegate.open();
-            for (const bool smallest : {false, true}) {
-                window.resize(smallest ? window.minimumSize() : firstSize);
-                for (const Page page : allCases<Page>()) {
-                    const QString name = QString::fromLatin1(rawValue(page).data());
-                    if (!wanted.isEmpty() && !wanted.contains(name)) continue;
-                    delegate.model().setPage(page);
-                    settle();
-                    const QString file = QStringLiteral("%1-%2%3-%4.png")
-                                             .arg(name, QLatin1String(machine.name),
-                                                  smallest ? QStringLiteral("-smallest") : QString(),
-                                                  dark ? QStringLiteral("dark") : QStringLiteral("light"));
-                    if (!window.grab().save(folder.filePath(file))) {
-                        std::fprintf(stderr, "%s couldn't be written\n", qPrintable(file));
-                        return 1;
-                    }
-                    ++pictures;
-                }
-            }
-        }
+    try {
+        std::printf("%d pictures in %s\n", takeAll(folder, wanted, dialogs),
+                    qPrintable(folder.absolutePath()));
+    } catch (const std::runtime_error& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
     }
-    std::printf("%d pictures in %s\n", pictures, qPrintable(folder.absolutePath()));
 }

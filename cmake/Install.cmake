@@ -1,9 +1,12 @@
 # What lands where, and the Debian package: `cmake --build --preset release && cpack --config build/release/CPackConfig.cmake`.
 include(GNUInstallDirs)
 
-install(TARGETS tessivo tessivo-probe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS tessivo tessivo-demo tessivo-probe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES kit/resources/strings-es.json
     DESTINATION ${CMAKE_INSTALL_DATADIR}/tessivo/TessivoKit_TessivoKit.bundle)
+# The Macs that `tessivo-demo` simulates.
+install(DIRECTORY platform/simulated/machines/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tessivo/machines
+    FILES_MATCHING PATTERN "*.json")
 install(FILES packaging/tessivo.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/tessivo.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES app/resources/tessivo.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
