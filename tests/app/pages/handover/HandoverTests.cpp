@@ -25,12 +25,6 @@ protected:
             names << accessibleNameOf(box) + (isChecked(box) ? " [x]" : " [ ]");
         return names;
     }
-    QStringList links() {
-        QStringList texts;
-        for (auto* link : view->findChildren<LinkLabel*>())
-            texts << link->text();
-        return texts;
-    }
     std::set<HandoverStep> ticked() const {
         return state().handover ? state().handover->ticked : std::set<HandoverStep>{};
     }
@@ -86,7 +80,7 @@ TEST_F(HandoverTests, anIntelMacAndAnUnknownOneResetTheirMemoryToo) {
         open(Page::handover);
         EXPECT_TRUE(shown("Reset NVRAM (Intel Macs)")) << machine;
         EXPECT_NE(findByName<QWidget>(view.get(), "Optional"), nullptr);
-        EXPECT_TRUE(links().contains(link)) << machine;
+        EXPECT_NE(findByName<LinkLabel>(view.get(), link), nullptr) << machine;
         EXPECT_EQ(boxes().size(), 5) << machine;
     }
 }
