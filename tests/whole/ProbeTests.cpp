@@ -11,8 +11,10 @@
 namespace tessivo {
 namespace {
 
+using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 struct Outcome {
@@ -41,28 +43,20 @@ ConditionReport sampleReport() {
                                  Samples::notes());
 }
 
-TEST(Probe, reportOfThisComputer) {
-    const Outcome run = probe({"report", "--as", "text"});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.err, "");
-    EXPECT_THAT(run.out, StartsWith("CONDITION REPORT: "));
-    EXPECT_THAT(run.out, HasSubstr("\nMemory: "));
-    EXPECT_THAT(run.out, testing::Not(HasSubstr("\nMemory: 0 GB")));
-    EXPECT_THAT(run.out, HasSubstr("\nStorage: "));
-    EXPECT_THAT(run.out, EndsWith("Anyone can rerun the tests to compare.\n"));
-}
-
-TEST(Probe, aCapturedMachineGivesTheSameReport) {
+TEST(Probe, aCapturedMachineGivesTheReportOfThisComputer) {
     const TemporaryFolder folder;
     const Outcome machine = probe({"machine"});
     ASSERT_EQ(machine.status, 0) << machine.err;
     const auto file = folder.write("m.json", machine.out);
     const Outcome here = probe(QStringList{"report", "--as", "text"} + fixedDate);
     const Outcome replayed = probe(QStringList{"report", "--machine", q(file), "--as", "text"} + fixedDate);
-    EXPECT_EQ(replayed.status, 0);
-    EXPECT_EQ(replayed.err, "");
+    EXPECT_EQ(here.status + replayed.status, 0);
+    EXPECT_EQ(here.err + replayed.err, "");
     EXPECT_EQ(replayed.out, here.out);
-    EXPECT_THAT(replayed.out, HasSubstr(" on March 5, 2026 at 4:07 PM UTC\n"));
+    EXPECT_THAT(here.out, AllOf(StartsWith("CONDITION REPORT: "), HasSubstr("\nStorage: "),
+                                HasSubstr(" on March 5, 2026 at 4:07 PM UTC\n"), HasSubstr("\nMemory: "),
+                                Not(HasSubstr("\nMemory: 0 GB")),
+                                EndsWith("Anyone can rerun the tests to compare.\n")));
 }
 
 TEST(Probe, aSessionStandsAsItIsAndTakesANewMachine) {
@@ -100,9 +94,9 @@ TEST(Probe, everyForm) {
 
     const std::string serial = expected.machine.serial.value();
     EXPECT_THAT(as("listing-en").out, HasSubstr("Tested on March 5, 2026 with Tessivo."));
-    EXPECT_THAT(as("listing-en").out, testing::Not(HasSubstr(serial)));
+    EXPECT_THAT(as("listing-en").out, Not(HasSubstr(serial)));
     EXPECT_THAT(as("listing-es", {"--serial"}).out,
-                testing::AllOf(HasSubstr("5 de marzo de 2026"), HasSubstr(serial)));
+                AllOf(HasSubstr("5 de marzo de 2026"), HasSubstr(serial)));
     // The listing's date is the zone's: it is still the fifth in Los Angeles.
     EXPECT_THAT(probe({"report", "--session", q(file), "--at", "2026-03-06T05:00:00Z", "--time-zone",
                        "America/Los_Angeles", "--as", "listing-en"})
@@ -135,7 +129,7 @@ TEST(Probe, guardAndHistory) {
     EXPECT_EQ(parsePropertyMap("{\"issues\": " + guard(listing.out, "es").out + "}"),
               (PropertyMap{{"issues", PropertyList()}}));
     EXPECT_EQ(parsePropertyMap("{\"issues\": " + guard(" ", "en").out + "}"),
-              (PropertyMap{{"issues", PropertyList{PropertyList{"empty", Property()}}}}));
+              (PropertyMap{{"issues", PropertyList{Property(PropertyList{"empty", Property()})}}}));
 }
 
 TEST(Probe, aFaultIsOneLineThatNamesTheFile) {
@@ -175,24 +169,12 @@ TEST(Probe, aFaultIsOneLineThatNamesTheFile) {
 }
 
 TEST(Probe, wrongUsage) {
-    const QStringList rows[] = {
-        {},
-        {"reprot"},
-        {"machine", "more"},
-        {"report"},
-        {"report", "--as"},
-        {"report", "--as", "html"},
-        {"report", "--as", "text", "--as", "text"},
-        {"report", "--as", "text", "--at", "yesterday"},
-        {"report", "--as", "text", "--time-zone", "Mars/Base"},
-        {"report", "--as", "text", "--loud"},
-        {"guard", "--report", "x", "--draft", "x"},
-        {"guard", "--report", "x", "--language", "fr", "--draft", "x"},
-        {"history"},
-        {"history", "a", "b"},
-    };
-    for (const QStringList& row : rows)
-        EXPECT_EQ(probe(row).status, 2) << row.join(' ').toStdString();
+    for (const char* line :
+         {"", "reprot", "machine more", "report", "report --as", "report --as html",
+          "report --as text --as text", "report --as text --at yesterday",
+          "report --as text --time-zone Mars/Base", "report --as text --loud", "guard --report x --draft x",
+          "guard --report x --language fr --draft x", "history", "history a b"})
+        EXPECT_EQ(probe(QString(line).split(' ', Qt::SkipEmptyParts)).status, 2) << line;
 }
 
 TEST(Probe, anOutputFileIsReplacedWholeOrLeft) {
