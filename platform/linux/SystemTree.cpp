@@ -1,7 +1,6 @@
 #include "platform/linux/SystemTree.h"
 
 #include "kit/support/Text.h"
-#include "platform/linux/Descriptor.h"
 
 #include <algorithm>
 #include <charconv>
@@ -10,20 +9,17 @@
 
 namespace tessivo {
 
-SystemTree::SystemTree(std::filesystem::path root) : m_root(std::move(root)) {
-    std::error_code error;
-    // A canonical root is what `resolved` can cut off again.
-    if (auto canonical = std::filesystem::canonical(m_root, error); !error) m_root = std::move(canonical);
-}
+namespace {
 
-std::optional<std::string> SystemTree::bytes(const std::string& path) const {
+/// A path that isn't absolute begins at the folder.
+std::optional<std::string> readFile(int folder, const char* path) {
     // Not blocking: a pipe in place of a file must not hold the main thread.
-    const Descriptor file(::open(absolute(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const Descriptor file(::openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
     if (file < 0 || ::fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
     std::string out;
     char buffer[4096];
-    while (out.size() < largestFile) {
+    while (out.size() < SystemTree::largestFile) {
         const ssize_t count = ::read(file, buffer, sizeof buffer);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return std::nullopt;
@@ -35,8 +31,7 @@ std::optional<std::string> SystemTree::bytes(const std::string& path) const {
     return out;
 }
 
-std::optional<std::string> SystemTree::text(const std::string& path) const {
-    auto raw = bytes(path);
+std::optional<std::string> trimmedText(std::optional<std::string> raw) {
     if (!raw) return std::nullopt;
     // Device tree texts end with a zero byte.
     constexpr std::string_view ends("\0 \t\n\v\f\r", 7);
@@ -49,6 +44,26 @@ std::optional<std::string> SystemTree::text(const std::string& path) const {
     return raw;
 }
 
+} // namespace
+
+std::optional<std::string> SystemFolder::text(const char* file) const {
+    return trimmedText(readFile(m_folder, file));
+}
+
+SystemTree::SystemTree(std::filesystem::path root) : m_root(std::move(root)) {
+    std::error_code error;
+    // A canonical root is what `resolved` can cut off again.
+    if (auto canonical = std::filesystem::canonical(m_root, error); !error) m_root = std::move(canonical);
+}
+
+std::optional<std::string> SystemTree::bytes(const std::string& path) const {
+    return readFile(AT_FDCWD, absolute(path).c_str());
+}
+
+std::optional<std::string> SystemTree::text(const std::string& path) const {
+    return trimmedText(bytes(path));
+}
+
 std::optional<std::int64_t> SystemTree::number(const std::string& path, int base) const {
     const auto text = this->text(path);
     return text ? wholeNumber(*text, base) : std::nullopt;
@@ -58,6 +73,12 @@ bool SystemTree::exists(const std::string& path) const {
     return ::access(absolute(path).c_str(), F_OK) == 0;
 }
 
+std::optional<SystemFolder> SystemTree::folder(const std::string& path) const {
+    Descriptor folder(::open(absolute(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (folder < 0) return std::nullopt;
+    return SystemFolder(std::move(folder));
+}
+
 std::optional<std::vector<std::string>> SystemTree::names(const std::string& folder) const {
     std::error_code error;
     std::filesystem::directory_iterator entries(absolute(folder), error);
@@ -65,6 +86,7 @@ std::optional<std::vector<std::string>> SystemTree::names(const std::string& fol
     std::vector<std::string> names;
     for (; entries != std::filesystem::directory_iterator(); entries.increment(error))
         names.push_back(entries->path().filename().string());
+    if (error) return std::nullopt;
     std::sort(names.begin(), names.end());
     return names;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/Descriptor.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -7,6 +9,18 @@
 #include <vector>
 
 namespace tessivo {
+
+/// One folder, held open: all that is read of it is of the one device that it stands for, even if that goes
+/// meanwhile and another takes its name. Reads as `SystemTree` does. Any thread.
+class SystemFolder final {
+public:
+    explicit SystemFolder(Descriptor folder) : m_folder(std::move(folder)) {}
+
+    std::optional<std::string> text(const char* file) const;
+
+private:
+    Descriptor m_folder;
+};
 
 /// The files below a root folder in which Linux tells of itself: procfs, sysfs and /etc. Another root
 /// than "/" is a captured tree. Paths are relative to the root, without a slash in front; links are
@@ -30,6 +44,8 @@ public:
     std::optional<std::int64_t> number(const std::string& path, int base = 10) const;
 
     bool exists(const std::string& path) const;
+    /// Nothing if there is no such folder.
+    std::optional<SystemFolder> folder(const std::string& path) const;
     /// Names in a folder, sorted; nothing if there is no such folder.
     std::optional<std::vector<std::string>> names(const std::string& folder) const;
     /// The last name of what a link points to: of ".../driver" the driver's name.

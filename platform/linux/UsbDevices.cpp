@@ -1,7 +1,7 @@
 #include "platform/linux/UsbDevices.h"
 
+#include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tessivo::UsbDevices {
 
@@ -10,13 +10,12 @@ namespace {
 const std::string folder = "sys/bus/usb/devices/";
 
 // Mb/s as the kernel prints them, in the order of the registry's codes.
-constexpr std::array speeds = {"1.5", "12", "480", "5000", "10000", "20000"};
+constexpr std::array<std::string_view, 6> speeds = {"1.5", "12", "480", "5000", "10000", "20000"};
 
-std::optional<std::int64_t> speedCode(const SystemTree& tree, const std::string& device) {
-    const auto text = tree.text(device + "/speed");
-    for (std::size_t code = 0; code < speeds.size(); ++code)
-        if (text == speeds[code]) return std::int64_t(code);
-    return std::nullopt;
+std::optional<std::int64_t> speedCode(const std::string& text) {
+    const auto found = std::ranges::find(speeds, text);
+    if (found == speeds.end()) return std::nullopt;
+    return found - speeds.begin();
 }
 
 /// Root hubs are named "usb1", interfaces "1-2:1.0".
@@ -24,30 +23,28 @@ bool isDevice(const std::string& name) {
     return !name.starts_with("usb") && name.find(':') == std::string::npos;
 }
 
-RegistryEntry entry(const SystemTree& tree, const std::string& name) {
-    const std::string device = folder + name;
-    // Every device has its numbers; where the files are missing the device has gone.
-    const auto gone = [&] {
-        return !tree.exists(device + "/idVendor") || !tree.exists(device + "/idProduct");
+/// Nothing if the device has gone.
+std::optional<PropertyMap> properties(const SystemTree& tree, const std::string& name) {
+    const auto device = tree.folder(folder + name);
+    if (!device) return std::nullopt;
+    PropertyMap out;
+    const auto addHex = [&](const char* key, const std::string& text, std::int64_t largest) {
+        if (const auto value = wholeNumber(text, 16); value && *value >= 0 && *value <= largest)
+            out[key] = *value;
     };
-    PropertyMap properties;
-    const auto addText = [&](const char* key, const char* file) {
-        if (auto value = tree.text(device + file)) properties[key] = *value;
-    };
-    const auto addHex = [&](const char* key, const char* file, std::int64_t largest) {
-        const auto value = tree.number(device + file, 16);
-        if (value && *value >= 0 && *value <= largest) properties[key] = *value;
-    };
-    addText("USB Product Name", "/product");
-    addText("USB Vendor Name", "/manufacturer");
-    addHex("idVendor", "/idVendor", 0xffff);
-    addHex("idProduct", "/idProduct", 0xffff);
-    addHex("bDeviceClass", "/bDeviceClass", 0xff);
-    if (const auto code = speedCode(tree, device)) properties["Device Speed"] = *code;
+    if (auto product = device->text("product")) out["USB Product Name"] = std::move(*product);
+    if (auto vendor = device->text("manufacturer")) out["USB Vendor Name"] = std::move(*vendor);
+    if (const auto kind = device->text("bDeviceClass")) addHex("bDeviceClass", *kind, 0xff);
+    if (const auto speed = device->text("speed"))
+        if (const auto code = speedCode(*speed)) out["Device Speed"] = *code;
     // From the name and not from files: a place that failed to read once would look like another device.
-    if (const auto location = locationID(name)) properties["locationID"] = std::int64_t(*location);
-    RegistryEntry out{"IOUSBHostDevice", std::move(properties), nullptr};
-    if (gone()) out.properties.reset();
+    if (const auto location = locationID(name)) out["locationID"] = std::int64_t(*location);
+    // Last, since every device has them: where they can be read, it was there all along.
+    const auto vendorID = device->text("idVendor");
+    const auto productID = device->text("idProduct");
+    if (!vendorID || !productID) return std::nullopt;
+    addHex("idVendor", *vendorID, 0xffff);
+    addHex("idProduct", *productID, 0xffff);
     return out;
 }
 
@@ -58,7 +55,7 @@ std::optional<std::vector<RegistryEntry>> entries(const SystemTree& tree) {
     if (!names) return std::nullopt;
     std::vector<RegistryEntry> out;
     for (const std::string& name : *names)
-        if (isDevice(name)) out.push_back(entry(tree, name));
+        if (isDevice(name)) out.push_back({"IOUSBHostDevice", properties(tree, name), nullptr});
     return out;
 }
 
