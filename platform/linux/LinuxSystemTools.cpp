@@ -88,6 +88,7 @@ std::vector<pid_t> descendants(pid_t child) {
 /// Ends what is left of the child's group, then takes the child's status.
 std::optional<int> endAndReap(pid_t child) {
     ::kill(-child, SIGKILL);
+    ::kill(child, SIGKILL); // it may have joined another group
     int status = 0;
     pid_t reaped;
     do
