@@ -94,11 +94,12 @@ RegistryEntry batteryEntry(const SystemTree& tree, const std::string& supply) {
 void addHealth(PropertyMap& description, const std::string& health) {
     const std::string word = Text::lowercased(health);
     if (word == "good") description["BatteryHealth"] = "Good";
-    if (word == "dead" || word == "unspecified failure") {
+    if (word == "dead" || word == "unspecified failure" || word == "blown fuse") {
         description["BatteryHealth"] = "Poor";
         description["BatteryHealthCondition"] = "Permanent Battery Failure";
     }
-    if (word == "calibration required") description["BatteryHealthCondition"] = "Check Battery";
+    if (word == "calibration required" || word == "cell imbalance")
+        description["BatteryHealthCondition"] = "Check Battery";
     if (word == "no battery") description["Is Present"] = false;
 }
 

@@ -40,11 +40,7 @@ TEST(Battery, captures) {
 }
 
 TEST(Battery, attributes) {
-    struct Row {
-        std::vector<const char*> attributes;
-        const char* expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::vector<const char*>, const char*> rows[] = {
         {{"present = 0", "cycle_count = 9"}, "absent, cycles -, design -, full -, -, registry"},
         // A driver without the attribute lists its battery only while there is one.
         {{"cycle_count = 9"}, "present, cycles 9, design -, full -, -, registry"},
@@ -66,36 +62,31 @@ TEST(Battery, attributes) {
         {{"charge_full = 4000000", "energy_full_design = 50000000", "voltage_now = 10000000"},
          "present, cycles -, design -, full 4000, -, registry"},
         {{"health = Dead"}, "present, cycles -, design -, full -, Permanent Battery Failure, registry"},
+        {{"health = Blown fuse"}, "present, cycles -, design -, full -, Permanent Battery Failure, registry"},
+        {{"health = Cell imbalance"}, "present, cycles -, design -, full -, Check Battery, registry"},
         {{"health = Overheat"}, "present, cycles -, design -, full -, -, registry"},
-        {{"health = Unknown"}, "present, cycles -, design -, full -, -, registry"},
         {{"scope = Device"}, "absent, cycles -, design -, full -, -, none"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [attributes, expected] : rows) {
         CapturedTree tree;
         tree.add("sys/class/power_supply/BAT0/type = Battery");
-        for (const char* attribute : row.attributes)
+        for (const char* attribute : attributes)
             tree.add(std::string("sys/class/power_supply/BAT0/") + attribute);
-        EXPECT_EQ(print(read(tree)), row.expected) << row.attributes.front();
+        EXPECT_EQ(print(read(tree)), expected) << attributes.front();
     }
 }
 
-TEST(Battery, anInstalledBatteryComesBeforeAnEmptyBay) {
+TEST(Battery, anInstalledBatteryComesBeforeAnEmptyBayAndAUPSIsNone) {
     CapturedTree tree;
+    tree.add("sys/class/power_supply/ups/type = UPS");
+    EXPECT_EQ(print(read(tree)), "absent, cycles -, design -, full -, -, none");
+    EXPECT_EQ(LinuxPowerSources(tree.tree()).descriptions(),
+              (PropertyList{PropertyMap{{"Type", "UPS"}, {"Is Present", true}}}));
     tree.add("sys/class/power_supply/BAT0/type = Battery");
     tree.add("sys/class/power_supply/BAT0/present = 0");
     tree.add("sys/class/power_supply/BAT1/type = Battery");
-    tree.add("sys/class/power_supply/BAT1/present = 1");
     tree.add("sys/class/power_supply/BAT1/cycle_count = 33");
     EXPECT_EQ(print(read(tree)), "present, cycles 33, design -, full -, -, registry");
-}
-
-TEST(Battery, aUPSIsNoBattery) {
-    CapturedTree tree;
-    tree.add("sys/class/power_supply/ups/type = UPS");
-    const auto sources = LinuxPowerSources(tree.tree()).descriptions();
-    ASSERT_EQ(sources->size(), 1u);
-    EXPECT_EQ(text(std::get<PropertyMap>(sources->front().value), "Type"), "UPS");
-    EXPECT_FALSE(read(tree).present);
 }
 
 } // namespace
