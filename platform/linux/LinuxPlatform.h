@@ -40,6 +40,7 @@ public:
     void waitForDevices() override;
 
 private:
+    MediaBackend m_mediaBackend;
     QtScheduler m_scheduler;
     LinuxMachineFacts m_machineFacts;
     LinuxRegistry m_registry;

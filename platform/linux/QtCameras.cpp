@@ -52,13 +52,16 @@ private:
 
 } // namespace
 
+MediaBackend::MediaBackend() {
+    // The other one would need plug-ins of its own for cameras.
+    if (!qEnvironmentVariableIsSet("QT_MEDIA_BACKEND")) qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+}
+
 /// The thread, its list and its open cameras. Shared with the sessions, which may outlive the platform,
 /// and with the work that waits on the thread.
 class QtCameras::Thread final : public std::enable_shared_from_this<Thread> {
 public:
     Thread() : m_thread(new QThread), m_worker(new QObject) {
-        // The other backend would need plug-ins of its own for cameras.
-        if (!qEnvironmentVariableIsSet("QT_MEDIA_BACKEND")) qputenv("QT_MEDIA_BACKEND", "ffmpeg");
         m_thread->setObjectName("Tessivo.camera");
         m_worker->moveToThread(m_thread);
         m_thread->start();

@@ -7,6 +7,13 @@
 
 namespace tessivo {
 
+/// Chooses the part of Qt that talks to cameras. It does so in the environment, which other threads read: to
+/// be made before any of them begins.
+class MediaBackend final {
+public:
+    MediaBackend();
+};
+
 /// The cameras of this computer, on a thread of their own that alone touches them. The thread begins with
 /// the first list. Made and let go on the main thread, while the application object lives.
 class QtCameras final {

@@ -1,7 +1,10 @@
+#include "platform/linux/QtCameras.h"
+
 #include <QCoreApplication>
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
+    const tessivo::MediaBackend mediaBackend;
     QCoreApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
