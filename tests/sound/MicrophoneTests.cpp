@@ -63,8 +63,9 @@ TEST_F(MicrophoneTest, aToneAtHalfScalePassesAndAFaintOneDoesNot) {
         MicMonitor monitor(m_devices, m_scheduler);
         const Sine sine(m_daemon, "one", 440, amplitude);
         ASSERT_TRUE(monitor.listen({"mic", ""}, [&](double level) { reading.hear(level); }));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(monitor.level() - decibels) < 0.5; },
-                                    SoundDaemon::patience))
+        EXPECT_TRUE(
+            QTest::qWaitFor([&, decibels = decibels] { return std::abs(monitor.level() - decibels) < 0.5; },
+                            SoundDaemon::patience))
             << monitor.level();
         EXPECT_NEAR(*reading.peak, decibels, 0.5);
         EXPECT_EQ(reading.heardSound(), passes);

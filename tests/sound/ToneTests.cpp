@@ -154,26 +154,20 @@ TEST_F(ToneTest, routingAndLettingGoEndTheToneAtOnce) {
     }
 }
 
-TEST_F(ToneTest, onlyTheFrontSpeakerOfASurroundOutputSounds) {
-    start({nullSink("one", 6)}, 1, 1);
-    TonePlayer player(m_output);
-    EXPECT_EQ(player.outputChannels(), 6u);
-    SoundRecorder recorder(m_daemon, "one.monitor", 6);
-    player.play(true, false);
-    waitForTone();
-    expectWholeTone(recorder.channel(0, 6));
-    for (int channel = 1; channel < 6; ++channel)
-        EXPECT_TRUE(isSilent(recorder.channel(channel, 6))) << channel;
-}
-
-TEST_F(ToneTest, aSingleSpeakerTellsItsOneChannelAndSounds) {
-    start({nullSink("one", 1)}, 1, 1);
-    TonePlayer player(m_output);
-    EXPECT_EQ(player.outputChannels(), 1u);
-    SoundRecorder recorder(m_daemon, "one.monitor", 1);
-    player.play(true, true);
-    waitForTone();
-    EXPECT_EQ(toneIn(recorder.samples()).size(), frames);
+TEST_F(ToneTest, ofOtherThanTwoSpeakersOnlyTheFrontOneSounds) {
+    for (const int channels : {6, 1}) {
+        start({nullSink("one", channels)}, 1, 1);
+        TonePlayer player(m_output);
+        EXPECT_EQ(player.outputChannels(), std::uint32_t(channels));
+        SoundRecorder recorder(m_daemon, "one.monitor", channels);
+        player.play(true, channels == 1);
+        waitForTone();
+        expectWholeTone(recorder.channel(0, channels));
+        for (int channel = 1; channel < channels; ++channel)
+            EXPECT_TRUE(isSilent(recorder.channel(channel, channels))) << channel;
+        m_daemon.kill();
+        ASSERT_TRUE(hasDevices(0, 0));
+    }
 }
 
 TEST_F(ToneTest, outputsCarryTheServersNamesAndStableIDs) {
@@ -193,7 +187,8 @@ TEST_F(ToneTest, outputsCarryTheServersNamesAndStableIDs) {
     EXPECT_EQ(HeadphoneDetect::find(outputs), std::nullopt);
     for (const auto& [sink, name] : {std::pair("one", longName), std::pair("two", odd)}) {
         m_daemon.run("pactl", {"set-default-sink", sink});
-        EXPECT_TRUE(QTest::qWaitFor([&] { return readDefaultOutputName(m_audio) == name.toStdString(); }));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&, name = name] { return readDefaultOutputName(m_audio) == name.toStdString(); }));
     }
 
     m_daemon.kill();
@@ -221,17 +216,6 @@ TEST_F(ToneTest, aDaemonThatDiesEndsTheToneAndANewOneIsFound) {
     player.play(true, false);
     waitForTone();
     expectWholeTone(recorder.channel(0));
-}
-
-TEST_F(ToneTest, withoutAServerThereAreNoOutputs) {
-    ASSERT_TRUE(m_server->waitUntilSettled(std::chrono::seconds(5)));
-    EXPECT_TRUE(readAudioOutputs(m_audio).empty());
-    EXPECT_EQ(readDefaultOutputName(m_audio), std::nullopt);
-    TonePlayer player(m_output);
-    EXPECT_EQ(player.outputChannels(), 0u);
-    player.play(true, true);
-    player.route(7);
-    player.play(true, true);
 }
 
 } // namespace

@@ -6,10 +6,7 @@
 namespace tessivo {
 namespace {
 
-constexpr std::uint32_t operator""_code(const char* text, std::size_t) {
-    return std::uint32_t(std::uint8_t(text[0])) << 24 | std::uint32_t(std::uint8_t(text[1])) << 16 |
-           std::uint32_t(std::uint8_t(text[2])) << 8 | std::uint32_t(std::uint8_t(text[3]));
-}
+constexpr std::uint32_t global = fourCharCode("glob"), output = fourCharCode("outp");
 
 /// Properties under (object, selector, scope); some can be listed without being readable.
 struct FakeAudio final : AudioObjects {
@@ -33,12 +30,12 @@ struct FakeAudio final : AudioObjects {
     std::optional<std::string> text(std::uint32_t object, std::uint32_t selector,
                                     std::uint32_t scope) const override {
         const auto found = names.find(object);
-        if (selector != "lnam"_code || scope != "glob"_code || found == names.end()) return std::nullopt;
+        if (selector != fourCharCode("lnam") || scope != global || found == names.end()) return std::nullopt;
         return found->second;
     }
     std::optional<std::string> translatedText(std::uint32_t object, std::uint32_t selector,
                                               std::uint32_t scope, std::uint32_t code) const override {
-        if (selector != "lscn"_code || scope != "outp"_code || !sourceNames) return std::nullopt;
+        if (selector != fourCharCode("lscn") || scope != output || !sourceNames) return std::nullopt;
         return std::to_string(object) + fourCharCode(code);
     }
 
@@ -50,15 +47,15 @@ struct FakeAudio final : AudioObjects {
 
 FakeAudio twoOutputs() {
     FakeAudio audio;
-    audio.values = {{{1, "dev#"_code, "glob"_code}, {40, 30, 20}},
-                    {{1, "dOut"_code, "glob"_code}, {20}},
-                    {{40, "stm#"_code, "outp"_code}, {1, 2}},
-                    {{40, "tran"_code, "glob"_code}, {"bltn"_code}},
-                    {{40, "ssrc"_code, "outp"_code}, {"hdpn"_code}},
-                    {{40, "jack"_code, "outp"_code}, {0}},
-                    {{30, "stm#"_code, "outp"_code}, {}}, // a microphone
-                    {{20, "stm#"_code, "outp"_code}, {3}},
-                    {{20, "tran"_code, "glob"_code}, {"usb "_code}}};
+    audio.values = {{{1, fourCharCode("dev#"), global}, {40, 30, 20}},
+                    {{1, fourCharCode("dOut"), global}, {20}},
+                    {{40, fourCharCode("stm#"), output}, {1, 2}},
+                    {{40, fourCharCode("tran"), global}, {fourCharCode("bltn")}},
+                    {{40, fourCharCode("ssrc"), output}, {fourCharCode("hdpn")}},
+                    {{40, fourCharCode("jack"), output}, {0}},
+                    {{30, fourCharCode("stm#"), output}, {}}, // a microphone
+                    {{20, fourCharCode("stm#"), output}, {3}},
+                    {{20, fourCharCode("tran"), global}, {fourCharCode("usb ")}}};
     audio.names = {{20, "Phones"}, {30, "Microphone"}};
     return audio;
 }
@@ -81,13 +78,13 @@ TEST(AudioReader, whatCantBeReadIsAbsent) {
     EXPECT_EQ(readAudioOutput(audio, 40)->dataSourceName, std::nullopt);
     EXPECT_EQ(readAudioOutput(audio, 40)->dataSource, "hdpn");
     for (const auto& [address, value] : audio.values)
-        if (std::get<0>(address) == 40 && std::get<1>(address) != "stm#"_code)
+        if (std::get<0>(address) == 40 && std::get<1>(address) != fourCharCode("stm#"))
             audio.unreadable.insert(address);
     EXPECT_EQ(readAudioOutput(audio, 40), (AudioOutputInfo{.id = 40, .name = "Output"}));
 
     audio.names.clear();
     EXPECT_EQ(readDefaultOutputName(audio), std::nullopt);
-    audio.unreadable.insert({1, "dev#"_code, "glob"_code});
+    audio.unreadable.insert({1, fourCharCode("dev#"), global});
     EXPECT_TRUE(readAudioOutputs(audio).empty());
     EXPECT_TRUE(readAudioOutputs(FakeAudio()).empty());
     EXPECT_EQ(readDefaultOutputName(FakeAudio()), std::nullopt);
