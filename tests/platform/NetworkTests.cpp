@@ -45,9 +45,6 @@ TEST(Network, everyKindOfInterface) {
                             "tun0, VirtualInterface by , up", "wlp4s0, IO80211Interface by iwlwifi, down",
                             "wwp5s0, OtherInterface by iosm, down"));
     EXPECT_THAT(builtInPorts(CapturedTree("network")), ElementsAre("enp0s31f6", "enp2s0"));
-}
-
-TEST(Network, aLaptopWithWiFiAndAnAdapterHasNoPort) {
     EXPECT_THAT(printed(CapturedTree("macbook-pro-t2")),
                 ElementsAre("t2_ncm, USBEthernetInterface by cdc_ncm, up 425 Mb/s",
                             "wlp3s0, IO80211Interface by brcmfmac, up"));

@@ -11,51 +11,36 @@ using enum PulseAvailability;
 
 const PulsePort speakerPort{"analog-output-speaker", "Speakers", PA_DEVICE_PORT_TYPE_SPEAKER, unknown};
 
+const PulsePort hdmiPort{"hdmi-output-0", "HDMI", PA_DEVICE_PORT_TYPE_HDMI, yes};
+
 PulsePort headphonePort(PulseAvailability available) {
     return {"analog-output-headphones", "Headphones", PA_DEVICE_PORT_TYPE_HEADPHONES, available};
 }
 
 TEST(PulseDevices, portsTellTheDataSourceAndTheJack) {
-    const PulsePort untyped{"[Out] Headphones", "Headphones", 0, yes};
-    const PulsePort lineOut{"analog-output-lineout", "Line Out", 0, yes};
-    const PulsePort plain{"analog-output", "Analog Output", 0, unknown};
-    const PulsePort hdmi{"hdmi-output-0", "HDMI", PA_DEVICE_PORT_TYPE_HDMI, yes};
+    constexpr const char *speaker = "analog-output-speaker", *headphones = "analog-output-headphones";
     struct {
-        const char* what;
         std::vector<PulsePort> ports;
         const char* active;
         std::optional<std::string> source, sourceName;
         std::optional<std::uint32_t> jack;
     } const cases[] = {
-        {"no ports", {}, nullptr, {}, {}, {}},
-        {"speakers, empty jack",
-         {speakerPort, headphonePort(no)},
-         "analog-output-speaker",
-         "ispk",
-         "Speakers",
-         0},
-        {"speakers though plugged",
-         {speakerPort, headphonePort(yes)},
-         "analog-output-speaker",
-         "ispk",
-         "Speakers",
-         1},
-        {"headphones",
-         {speakerPort, headphonePort(yes)},
-         "analog-output-headphones",
-         "hdpn",
-         "Headphones",
-         1},
-        {"chosen but empty", {speakerPort, headphonePort(no)}, "analog-output-headphones", {}, {}, 0},
-        {"chosen, can't tell", {headphonePort(unknown)}, "analog-output-headphones", {}, {}, {}},
-        {"an older server", {untyped}, "[Out] Headphones", "hdpn", "Headphones", 1},
-        {"line out", {lineOut}, "analog-output-lineout", "line", "Line Out", 1},
-        {"says nothing", {plain}, "analog-output", {}, {}, {}},
-        {"a monitor's", {hdmi}, "hdmi-output-0", "hdmi", "HDMI", {}},
-        {"active port not listed", {speakerPort}, "gone", {}, {}, {}},
+        {{}, nullptr, {}, {}, {}},
+        {{speakerPort, headphonePort(no)}, speaker, "ispk", "Speakers", 0},
+        {{speakerPort, headphonePort(yes)}, speaker, "ispk", "Speakers", 1},
+        {{speakerPort, headphonePort(yes)}, headphones, "hdpn", "Headphones", 1},
+        // Chosen, but empty or not able to tell.
+        {{speakerPort, headphonePort(no)}, headphones, {}, {}, 0},
+        {{headphonePort(unknown)}, headphones, {}, {}, {}},
+        // Older servers give no type.
+        {{{"[Out] Headphones", "Phones", 0, yes}}, "[Out] Headphones", "hdpn", "Phones", 1},
+        {{{"analog-output-lineout", "Line", 0, yes}}, "analog-output-lineout", "line", "Line", 1},
+        {{{"analog-output", "Analog", 0, unknown}}, "analog-output", {}, {}, {}},
+        {{hdmiPort}, "hdmi-output-0", "hdmi", "HDMI", {}},
+        {{speakerPort}, "gone", {}, {}, {}},
     };
     for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
+        SCOPED_TRACE(&row - cases);
         PulseSink sink{.ports = row.ports};
         if (row.active) sink.activePort = row.active;
         const auto source = sink.dataSource();
@@ -66,13 +51,12 @@ TEST(PulseDevices, portsTellTheDataSourceAndTheJack) {
 }
 
 TEST(PulseDevices, onlyTheMachinesOwnOutputIsBuiltIn) {
-    const PulsePort hdmi{"hdmi-output-0", "HDMI", PA_DEVICE_PORT_TYPE_HDMI, yes};
     struct {
         PulseSink sink;
         const char* transport;
     } const cases[] = {
         {{.bus = "pci"}, "bltn"},
-        {{.bus = "pci", .ports = {hdmi}, .activePort = "hdmi-output-0"}, "hdmi"},
+        {{.bus = "pci", .ports = {hdmiPort}, .activePort = "hdmi-output-0"}, "hdmi"},
         {{.formFactor = "internal"}, "bltn"},
         {{.systemPath = "/devices/platform/soc/sound/card0"}, "bltn"},
         {{.bus = "usb", .formFactor = "headset"}, "usb "},

@@ -1,7 +1,10 @@
+#include "app/readers/MachineCapture.h"
 #include "app/readers/Readers.h"
 #include "kit/support/PropertyJson.h"
+#include "platform/linux/LinuxPlatform.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedPlatform.h"
+#include "tests/platform/CapturedTree.h"
 
 #include <gmock/gmock.h>
 
@@ -17,13 +20,8 @@ struct Mac {
     SimulatedPlatform platform;
 };
 
-/// A Mac whose registry holds these entries of one class.
-Mac withEntries(const std::string& className, const std::string& entries) {
-    return Mac(R"({"registry": {")" + className + R"(": [)" + entries + "]}}");
-}
-
 TEST(Readers, anInterfaceIsWhatItsPropertiesSay) {
-    Mac mac = withEntries("IONetworkInterface", R"(
+    Mac mac(R"({"registry": {"IONetworkInterface": [
         {"class": "I", "properties": {"BSD Name": "en3", "IOBuiltin": true},
          "parent": {"class": "C", "properties": {"IOLinkStatus": 3, "IOLinkSpeed": 1000000000}}},
         {"class": "I", "properties": {"BSD Name": "en0", "IOBuiltin": true},
@@ -31,7 +29,7 @@ TEST(Readers, anInterfaceIsWhatItsPropertiesSay) {
         {"class": "I", "properties": {"BSD Name": "en1", "IOBuiltin": 1}, "parent": {"class": "C"}},
         {"class": "I", "properties": {"BSD Name": "en4"}},
         {"class": "I", "properties": {"BSD Name": 5}, "parent": {"class": "C"}},
-        {"class": "I", "parent": {"class": "C"}})");
+        {"class": "I", "parent": {"class": "C"}}]}})");
     EXPECT_THAT(readWiredInterfaces(mac.platform.registry()),
                 ElementsAre(WiredInterface{"en0", true, "C", "I", false, {}},
                             WiredInterface{"en1", false, "C", "I", false, {}},
@@ -40,8 +38,8 @@ TEST(Readers, anInterfaceIsWhatItsPropertiesSay) {
 }
 
 TEST(Readers, aDeviceWithoutPropertiesIsPassedOver) {
-    Mac mac = withEntries("IOUSBHostDevice", R"({"properties": {"locationID": 4294967295}}, {},
-        {"properties": {"locationID": 1, "USB Product Name": "Stick"}})");
+    Mac mac(R"({"registry": {"IOUSBHostDevice": [{"properties": {"locationID": 4294967295}}, {},
+        {"properties": {"locationID": 1, "USB Product Name": "Stick"}}]}})");
     EXPECT_THAT(readUSBDevices(mac.platform.registry()),
                 ElementsAre(USBDevice{.name = "Stick", .locationID = 1},
                             USBDevice{.name = "USB device", .locationID = 4294967295}));
@@ -76,17 +74,23 @@ TEST(Readers, aMachineTakesItsFallbacks) {
     }
 }
 
-TEST(Readers, aToolThatFailsGivesNoEnrollmentWhateverItPrints) {
-    const std::pair<const char*, bool> rows[] = {{"{}", false},
-                                                 {R"({"tools": {"/usr/bin/profiles": {"exitStatus": 1,
-        "output": "Enrolled via DEP: No\nMDM enrollment: No"}}})",
-                                                  false},
-                                                 {R"({"tools": {"/usr/bin/profiles": {"exitStatus": 0,
-        "output": "Enrolled via DEP: No\nMDM enrollment: No"}}})",
-                                                  true}};
-    for (const auto& [json, read] : rows) {
-        Mac mac{json};
-        EXPECT_EQ(readEnrollmentStatus(mac.platform.systemTools(), {}).has_value(), read) << json;
+TEST(MachineCapture, aReplayedComputerReadsLikeItself) {
+    for (const char* name :
+         {"macbook-pro-t2", "laptop-two-batteries", "desktop-raid", "apple-silicon", "network", "hostile"}) {
+        SCOPED_TRACE(name);
+        const CapturedTree tree(name);
+        LinuxPlatform computer(tree.path());
+        const PropertyMap captured = parsePropertyMap(prettyText(captureMachine(computer)));
+        ManualScheduler clock;
+        SimulatedPlatform replayed(captured, clock);
+
+        EXPECT_EQ(readMachineInfo(replayed.machineFacts(), replayed.registry()),
+                  readMachineInfo(computer.machineFacts(), computer.registry()));
+        EXPECT_EQ(readBattery(replayed.registry(), replayed.powerSources()),
+                  readBattery(computer.registry(), computer.powerSources()));
+        EXPECT_EQ(readUSBDevices(replayed.registry()), readUSBDevices(computer.registry()));
+        EXPECT_EQ(readWiredInterfaces(replayed.registry()), readWiredInterfaces(computer.registry()));
+        EXPECT_EQ(prettyText(captureMachine(replayed)), prettyText(captured));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "app/readers/Readers.h"
+#include "kit/hardware/PortChecklist.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedControls.h"
 #include "tests/TemporaryFolder.h"
@@ -15,199 +16,164 @@ namespace {
 using Form = SimulatedControls::JackForm;
 
 /// A simulated Mac, its controls, and what the application's readers make of it.
-class SimulatedMacTests : public testing::Test {
-protected:
-    explicit SimulatedMacTests(const char* file = "macbook-air-m2.json")
-        : mac(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / file), clock), controls(mac) {}
+struct Mac {
+    explicit Mac(const std::string& file = "macbook-air-m2.json")
+        : platform(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / file), clock) {}
 
     std::vector<std::string> usbNames() {
         std::vector<std::string> names;
-        for (const auto& device : readUSBDevices(mac.registry()))
+        for (const auto& device : readUSBDevices(platform.registry()))
             names.push_back(device.name);
         return names;
     }
-    std::optional<AudioOutputInfo> jack() {
-        return HeadphoneDetect::find(readAudioOutputs(mac.audioObjects()));
-    }
-    std::vector<WiredInterface> ports() {
-        return EthernetCheck::builtInPorts(readWiredInterfaces(mac.registry()));
-    }
+    std::vector<AudioOutputInfo> outputs() { return readAudioOutputs(platform.audioObjects()); }
+    BatteryReading battery() { return readBattery(platform.registry(), platform.powerSources()); }
+    MachineInfo machine() { return readMachineInfo(platform.machineFacts(), platform.registry()); }
 
     ManualScheduler clock;
-    SimulatedPlatform mac;
-    SimulatedControls controls;
+    SimulatedPlatform platform;
+    SimulatedControls controls{platform};
 };
 
-class SimulatedMini : public SimulatedMacTests {
-protected:
-    SimulatedMini() : SimulatedMacTests("mac-mini-m4.json") {}
-};
-
-class SimulatedPro : public SimulatedMacTests {
-protected:
-    SimulatedPro() : SimulatedMacTests("macbook-pro-t2-worn.json") {}
-};
-
-TEST_F(SimulatedMacTests, aBrokenReadingFailsAndAMendedOneComesBack) {
-    const auto whole = readMachineInfo(mac.machineFacts(), mac.registry());
+TEST(SimulatedMac, aBrokenReadingFailsAndAMendedOneComesBack) {
+    Mac mac;
+    const MachineInfo whole = mac.machine();
     ASSERT_TRUE(whole.serial && whole.chip && whole.storageBytes);
     for (const auto reading : allCases<SimulatedReading>())
-        controls.breakReading(reading);
-    const auto broken = readMachineInfo(mac.machineFacts(), mac.registry());
-    EXPECT_EQ(broken.modelID, "Unknown");
-    EXPECT_EQ(broken.osVersion, "macOS 15.3.1");
-    EXPECT_FALSE(broken.serial || broken.chip || broken.storageBytes);
-    EXPECT_EQ(readBattery(mac.registry(), mac.powerSources()).source, BatteryReading::Source::none);
-    EXPECT_TRUE(readAudioOutputs(mac.audioObjects()).empty());
-    EXPECT_TRUE(readWiredInterfaces(mac.registry()).empty());
+        mac.controls.breakReading(reading);
+    const MachineInfo broken{"Unknown", {}, {}, whole.memoryBytes, "macOS 15.3.1", {}};
+    EXPECT_EQ(mac.machine(), broken);
+    EXPECT_EQ(mac.battery().source, BatteryReading::Source::none);
+    EXPECT_TRUE(mac.outputs().empty());
+    EXPECT_TRUE(readWiredInterfaces(mac.platform.registry()).empty());
     for (const auto reading : allCases<SimulatedReading>())
-        controls.mendReading(reading);
-    EXPECT_EQ(readMachineInfo(mac.machineFacts(), mac.registry()), whole);
+        mac.controls.mendReading(reading);
+    EXPECT_EQ(mac.machine(), whole);
 }
 
-TEST_F(SimulatedMacTests, anUnpluggedHubTakesWhatHangsBehindItAndNothingElse) {
-    controls.plugUSB("Hub", 1507, 1552, 0x14100000, 9);
-    controls.plugUSB("Keyboard", 1452, 592, 0x14120000);
-    controls.plugUSB("Deep stick", 1921, 21904, 0x14124000);
-    controls.plugUSB("Other port", 1921, 21905, 0x14200000);
-    EXPECT_THAT(usbNames(), ElementsAre("Hub", "Keyboard", "Deep stick", "Other port"));
-    EXPECT_TRUE(controls.unplugUSB(0x14100000));
-    EXPECT_THAT(usbNames(), ElementsAre("Other port"));
-    EXPECT_FALSE(controls.unplugUSB(0x14100000));
-    controls.plugUSB({});
-    EXPECT_THAT(usbNames(), ElementsAre("USB device", "Other port"));
+TEST(SimulatedMac, anUnpluggedHubTakesWhatHangsBehindItAndNothingElse) {
+    Mac mac;
+    mac.controls.plugUSB("Hub", 1507, 1552, 0x14100000, 9);
+    mac.controls.plugUSB("Keyboard", 1452, 592, 0x14120000);
+    mac.controls.plugUSB("Deep stick", 1921, 21904, 0x14124000);
+    mac.controls.plugUSB("Other port", 1921, 21905, 0x14200000);
+    mac.controls.plugUSB({});
+    EXPECT_THAT(mac.usbNames(), ElementsAre("USB device", "Hub", "Keyboard", "Deep stick", "Other port"));
+    EXPECT_TRUE(mac.controls.unplugUSB(0x14100000));
+    EXPECT_THAT(mac.usbNames(), ElementsAre("USB device", "Other port"));
+    EXPECT_FALSE(mac.controls.unplugUSB(0x14100000));
 }
 
-TEST_F(SimulatedMini, aLinkRisesAndDropsOnItsInterfaceAlone) {
-    ASSERT_EQ(ports().size(), 1u);
-    EXPECT_FALSE(ports()[0].linkActive);
-    EXPECT_TRUE(controls.raiseLink("en0", 2'500'000'000));
-    EXPECT_TRUE(ports()[0].linkActive);
-    EXPECT_EQ(ports()[0].speedText(), "2.5 Gb/s");
-    EXPECT_TRUE(controls.dropLink("en0"));
-    EXPECT_FALSE(ports()[0].linkActive);
-    EXPECT_FALSE(controls.raiseLink("en77", 1));
+TEST(SimulatedMac, aLinkRisesAndDrops) {
+    Mac mac("mac-mini-m4.json");
+    const auto ports = [&] {
+        return EthernetCheck::builtInPorts(readWiredInterfaces(mac.platform.registry()));
+    };
+    EXPECT_TRUE(mac.controls.raiseLink("en0", 2'500'000'000));
+    EXPECT_TRUE(ports().at(0).linkActive);
+    EXPECT_EQ(ports().at(0).speedText(), "2.5 Gb/s");
+    EXPECT_TRUE(mac.controls.dropLink("en0"));
+    EXPECT_FALSE(ports().at(0).linkActive);
+    EXPECT_FALSE(mac.controls.raiseLink("en77", 1));
 }
 
-TEST_F(SimulatedPro, headphonesChangeTheDataSourceAndGiveItBack) {
-    EXPECT_FALSE(jack());
-    controls.insertHeadphones(Form::dataSource);
-    ASSERT_TRUE(jack());
-    EXPECT_EQ(jack()->dataSource, "hdpn");
-    EXPECT_EQ(jack()->dataSourceName, "Headphones");
-    controls.pullHeadphones();
-    EXPECT_FALSE(jack());
-    EXPECT_EQ(readAudioOutputs(mac.audioObjects()).at(0).dataSource, "ispk");
+TEST(SimulatedMac, headphonesComeAndGoInEitherForm) {
+    const std::tuple<const char*, Form, const char*> rows[] = {
+        {"macbook-pro-t2-worn.json", Form::dataSource, "hdpn"},
+        {"macbook-air-m2.json", Form::separateDevice, "External Headphones"}};
+    for (const auto& [file, form, sign] : rows) {
+        Mac mac(file);
+        const auto before = mac.outputs();
+        const auto speakers = readDefaultOutputName(mac.platform.audioObjects());
+        EXPECT_FALSE(HeadphoneDetect::find(before));
+        mac.controls.insertHeadphones(form);
+        const auto jack = HeadphoneDetect::find(mac.outputs());
+        ASSERT_TRUE(jack) << file;
+        EXPECT_EQ(jack->dataSource.value_or(jack->name), sign);
+        EXPECT_EQ(readDefaultOutputName(mac.platform.audioObjects()), jack->name);
+        mac.controls.pullHeadphones();
+        EXPECT_EQ(mac.outputs(), before);
+        EXPECT_EQ(readDefaultOutputName(mac.platform.audioObjects()), speakers);
+    }
 }
 
-TEST_F(SimulatedMacTests, headphonesAsADeviceOfTheirOwnComeAndGo) {
-    const auto before = readAudioOutputs(mac.audioObjects());
-    controls.insertHeadphones(Form::separateDevice);
-    ASSERT_TRUE(jack());
-    EXPECT_EQ(jack()->name, "External Headphones");
-    EXPECT_EQ(readDefaultOutputName(mac.audioObjects()), "External Headphones");
-    controls.pullHeadphones();
-    EXPECT_EQ(readAudioOutputs(mac.audioObjects()), before);
-    EXPECT_EQ(readDefaultOutputName(mac.audioObjects()), "MacBook Air Speakers");
-}
-
-TEST_F(SimulatedMacTests, tonesAreRecordedWithTheirDeviceAndTheirSides) {
-    const auto engine = mac.toneOutput().makeEngine();
-    EXPECT_EQ(engine->outputFormat().channelCount, 2u);
+TEST(SimulatedMac, tonesAreRecordedWithTheirDeviceAndTheirSides) {
+    Mac mac;
+    const auto engine = mac.platform.toneOutput().makeEngine();
     engine->schedule({0, 0.3f}, {0, 0}, 48000);
     EXPECT_TRUE(engine->start());
     engine->schedule({0, 0.3f}, {0, 0}, 48000);
-    controls.insertHeadphones(Form::separateDevice);
-    EXPECT_TRUE(engine->setDevice(jack()->id));
+    mac.controls.insertHeadphones(Form::separateDevice);
+    const std::uint32_t jack = HeadphoneDetect::find(mac.outputs())->id;
+    EXPECT_TRUE(engine->setDevice(jack));
     EXPECT_FALSE(engine->setDevice(999));
     engine->schedule({0, 0, 0}, {0, 0, 0.3f}, 44100);
-    controls.failEngine(true);
+    mac.controls.failEngine(true);
     EXPECT_FALSE(engine->start());
     EXPECT_FALSE(engine->isRunning());
-    EXPECT_THAT(controls.tones(), ElementsAre(ScheduledTone{82, true, false, 2, 48000, false},
-                                              ScheduledTone{82, true, false, 2, 48000, true},
-                                              ScheduledTone{jack()->id, false, true, 3, 44100, true}));
+    EXPECT_THAT(mac.controls.tones(), ElementsAre(ScheduledTone{82, true, false, 2, 48000, false},
+                                                  ScheduledTone{82, true, false, 2, 48000, true},
+                                                  ScheduledTone{jack, false, true, 3, 44100, true}));
 }
 
-TEST_F(SimulatedMacTests, batteryFiguresReachTheReading) {
-    controls.setBattery("NominalChargeCapacity", 3000);
-    controls.setBattery("CycleCount", {});
-    controls.setPowerSource("BatteryHealthCondition", "Service Recommended");
-    auto reading = readBattery(mac.registry(), mac.powerSources());
-    EXPECT_EQ(reading.fullChargeCapacity, 3000);
-    EXPECT_FALSE(reading.cycleCount);
-    EXPECT_TRUE(reading.conditionWarns());
-    controls.removeBattery();
-    reading = readBattery(mac.registry(), mac.powerSources());
-    EXPECT_FALSE(reading.present);
-    controls.setBattery("BatteryInstalled", true);
-    controls.setPowerSource("Type", "InternalBattery");
-    EXPECT_TRUE(readBattery(mac.registry(), mac.powerSources()).present);
+TEST(SimulatedMac, batteryFiguresReachTheReading) {
+    Mac mac;
+    mac.controls.setBattery("NominalChargeCapacity", 3000);
+    mac.controls.setBattery("CycleCount", {});
+    mac.controls.setPowerSource("BatteryHealthCondition", "Service Recommended");
+    EXPECT_EQ(mac.battery().fullChargeCapacity, 3000);
+    EXPECT_FALSE(mac.battery().cycleCount);
+    EXPECT_TRUE(mac.battery().conditionWarns());
+    mac.controls.removeBattery();
+    EXPECT_FALSE(mac.battery().present);
+    mac.controls.setBattery("BatteryInstalled", true);
+    EXPECT_TRUE(mac.battery().present);
 }
 
-TEST_F(SimulatedMacTests, theEnrollmentToolAnswersIsMissingFloodsOrHangs) {
-    const auto read = [this](std::stop_token stop = {}) {
-        return readEnrollmentStatus(mac.systemTools(), stop);
+TEST(SimulatedMac, theEnrollmentToolAnswersIsMissingFloodsOrHangs) {
+    Mac mac;
+    const auto read = [&](std::stop_token stop) {
+        return readEnrollmentStatus(mac.platform.systemTools(), stop);
     };
-    EXPECT_FALSE(read()->isManaged());
-    controls.setEnrolled(true);
-    EXPECT_TRUE(read()->isManaged());
-    controls.setEnrollmentAnswer("Enrolled via DEP: No\nMDM enrollment: No\n", 1);
-    EXPECT_FALSE(read());
-    controls.removeEnrollmentTool();
-    EXPECT_FALSE(read());
-    controls.floodEnrollmentTool();
-    EXPECT_FALSE(read());
-    const auto flood = mac.systemTools().run(SimulatedControls::enrollmentTool, {}, {});
-    ASSERT_TRUE(flood);
-    EXPECT_EQ(flood->standardOutput.size(), SystemTools::largestOutput);
+    mac.controls.setEnrolled(true);
+    EXPECT_TRUE(read({})->isManaged());
+    mac.controls.removeEnrollmentTool();
+    EXPECT_FALSE(read({}));
+    mac.controls.floodEnrollmentTool();
+    const auto flood = mac.platform.systemTools().run(SimulatedControls::enrollmentTool, {}, {});
+    EXPECT_EQ(flood.value_or(ToolRun()).standardOutput.size(), SystemTools::largestOutput);
 
-    controls.hangEnrollmentTool();
+    mac.controls.hangEnrollmentTool();
     std::stop_source stop;
     auto stopped = std::async(std::launch::async, read, stop.get_token());
+    auto answered = std::async(std::launch::async, read, std::stop_token());
     EXPECT_EQ(stopped.wait_for(20ms), std::future_status::timeout);
     stop.request_stop();
     EXPECT_FALSE(stopped.get());
-    auto answered = std::async(std::launch::async, read, std::stop_token());
     EXPECT_EQ(answered.wait_for(20ms), std::future_status::timeout);
-    controls.setEnrolled(false);
+    mac.controls.setEnrolled(false);
     EXPECT_FALSE(answered.get()->isManaged());
 }
 
-TEST_F(SimulatedMacTests, fingersReachTheirHandlersOnlyWhileTheyAreWatched) {
-    std::vector<FingerPosition> touched;
+TEST(SimulatedMac, aHandlerOfFingersMayStopThem) {
+    Mac mac;
     std::vector<std::string> words;
-    controls.touch({{0.5, 0.5}});
-    mac.fingerTouches().start({[&](const auto& fingers) { touched = fingers; },
-                               [&](const std::string& word) {
-                                   words.push_back(word);
-                                   mac.fingerTouches().stop();
-                               }});
-    EXPECT_TRUE(controls.trackpadIsWatched());
-    controls.touch({{0.25, 1}, {1, 0}});
-    controls.gesture("force");
-    controls.gesture("zoom");
-    EXPECT_THAT(touched, ElementsAre(FingerPosition{0.25, 1}, FingerPosition{1, 0}));
+    mac.controls.touch({{0.5, 0.5}});
+    mac.platform.fingerTouches().start({nullptr, [&](const std::string& word) {
+                                            words.push_back(word);
+                                            mac.platform.fingerTouches().stop();
+                                        }});
+    mac.controls.touch({{0.25, 1}, {1, 0}});
+    mac.controls.gesture("force");
+    mac.controls.gesture("zoom");
     EXPECT_THAT(words, ElementsAre("force"));
-    EXPECT_FALSE(controls.trackpadIsWatched());
+    EXPECT_FALSE(mac.controls.trackpadIsWatched());
 }
 
-TEST_F(SimulatedMacTests, theDesktopAndTheUpdateFrameworkAreRecorded) {
-    mac.desktop().openURL("https://example.org/");
-    mac.desktop().setPasteboardText("report");
-    controls.setFeedURL("http://127.0.0.1:1/feed");
-    mac.updateFramework().checkForUpdates();
-    EXPECT_THAT(controls.openedURLs(), ElementsAre("https://example.org/"));
-    EXPECT_EQ(controls.pasteboardText(), "report");
-    EXPECT_EQ(mac.updateFramework().feedURL(), "http://127.0.0.1:1/feed");
-    EXPECT_EQ(controls.updateChecks(), 1u);
-}
-
-TEST_F(SimulatedMacTests, theWordingModelAnswersFailsAndWaitsAsScripted) {
-    EXPECT_EQ(mac.wordingService().availability(), WordingAvailability::unsupported);
-    auto& wording = controls.wording();
-    wording.setAvailability(WordingAvailability::available);
-    const auto model = mac.wordingService().makeModel();
+TEST(SimulatedMac, theWordingModelAnswersFailsAndWaitsAsScripted) {
+    Mac mac;
+    auto& wording = mac.controls.wording();
+    const auto model = mac.platform.wordingService().makeModel();
     EXPECT_EQ(model->rewrite("be brief", "as it is"), "as it is");
     wording.setAnswers({{"first"}, {.text = "no such luck", .fails = true}, {.text = "late", .waits = true}});
     EXPECT_EQ(model->rewrite("", ""), "first");
@@ -222,26 +188,21 @@ TEST_F(SimulatedMacTests, theWordingModelAnswersFailsAndWaitsAsScripted) {
 TEST(SimulatedStorage, aWriteThatFailsLeavesWhatWasThereAndAnIniFileLivesOn) {
     const TemporaryFolder folder;
     ManualScheduler clock;
-    const auto file = folder.path() / "defaults.ini";
     const std::string bytes("{\"a\": 1}\0\xFF", 10);
     {
-        SimulatedPlatform mac({}, clock, {file, {{folder.path()}}});
-        SimulatedControls controls(mac);
-        EXPECT_FALSE(mac.defaults().data("session"));
+        SimulatedPlatform mac({}, clock, {folder / "defaults.ini", {{folder.path()}}});
         mac.defaults().setData("session", bytes);
         mac.defaults().setText("notes", "größer\n«2»");
-        controls.failDefaults(true);
+        SimulatedControls(mac).failDefaults(true);
         mac.defaults().setData("session", "lost");
         mac.defaults().setText("notes", "lost");
         EXPECT_EQ(mac.defaults().data("session"), bytes);
-        EXPECT_EQ(controls.defaultsWrites(), 2u);
         EXPECT_THAT(mac.folders().applicationSupport(), ElementsAre(folder.path()));
     }
-    SimulatedPlatform again({}, clock, {file, std::nullopt});
+    SimulatedPlatform again({}, clock, {folder / "defaults.ini", std::nullopt});
     EXPECT_EQ(again.defaults().data("session"), bytes);
     EXPECT_EQ(again.defaults().text("notes"), "größer\n«2»");
-    ASSERT_EQ(again.folders().applicationSupport().size(), 1u);
-    EXPECT_TRUE(std::filesystem::is_directory(again.folders().applicationSupport()[0]));
+    EXPECT_TRUE(std::filesystem::is_directory(again.folders().applicationSupport().at(0)));
 }
 
 } // namespace
