@@ -1,10 +1,12 @@
 #include "kit/support/Date.h"
 
+#include "kit/support/Text.h"
+#include "kit/support/UserLocale.h"
+
 #include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <memory>
-#include <unicode/locid.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 #include <unordered_map>
@@ -54,14 +56,6 @@ std::optional<int> takeOffset(std::string_view& text) {
 std::unique_ptr<icu::TimeZone> zoneNamed(const std::string& name) {
     return std::unique_ptr<icu::TimeZone>(
         icu::TimeZone::createTimeZone(unicode(name.empty() ? systemTimeZone() : name)));
-}
-
-/// The system without a locale speaks US English with its own twists; people get plain US English.
-icu::Locale userLocale() {
-    const icu::Locale& locale = icu::Locale::getDefault();
-    if (std::string_view(locale.getVariant()) == "POSIX" || *locale.getLanguage() == '\0')
-        return icu::Locale::getUS();
-    return locale;
 }
 
 enum class Style { pattern, longDate, mediumDateShortTime };
@@ -162,11 +156,8 @@ std::string Date::longText(const std::string& locale, const std::string& timeZon
 }
 
 std::string Date::shortText() const {
-    std::string text = format(*this, Style::mediumDateShortTime, {}, userLocale(), {});
     // The narrow no-break space before AM and PM is missing from many fonts.
-    for (std::size_t at = 0; (at = text.find("\u202F", at)) != std::string::npos;)
-        text.replace(at, 3, " ");
-    return text;
+    return Text::replaced(format(*this, Style::mediumDateShortTime, {}, userLocale(), {}), "\u202F", " ");
 }
 
 std::string systemTimeZone() {

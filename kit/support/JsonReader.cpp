@@ -75,14 +75,12 @@ bool isWellFormed(std::string_view token) {
     return at == token.size();
 }
 
-bool mayBeHuge(std::string_view token) {
-    return token.size() > 18 || token.find_first_of("eE") != std::string_view::npos;
-}
+/// Stands for a number that the parser can't hold: no member is of this type, so it fails the key that it
+/// stands under, and under an unknown key nobody looks at it.
+constexpr std::string_view tooLarge = "[[]]";
 
-/// The document with each number that the parser can't hold replaced by a value of a type that no member
-/// has: it fails the key that it stands under, and under an unknown key nobody looks at it.
+/// The document with `tooLarge` in the place of each such number.
 std::string withoutHugeNumbers(std::string_view text) {
-    constexpr std::string_view typeless = "[[]]";
     simdjson::dom::parser parser;
     std::string result;
     for (std::size_t at = 0; at < text.size();) {
@@ -94,9 +92,9 @@ std::string withoutHugeNumbers(std::string_view text) {
         } else if (text[at] == '-' || isDigit(text[at])) {
             at = std::min(text.find_first_not_of("0123456789+-.eE", at), text.size());
             const std::string_view token = text.substr(begin, at - begin);
-            if (mayBeHuge(token) && isWellFormed(token) &&
+            if (isWellFormed(token) &&
                 parser.parse(token.data(), token.size()).error() == simdjson::NUMBER_ERROR) {
-                result += typeless;
+                result += tooLarge;
                 continue;
             }
         } else {
@@ -113,11 +111,15 @@ std::unique_ptr<simdjson::dom::parser>& spareParser() {
     return spare;
 }
 
+bool isTooLarge(element found) {
+    return found.is_array() && simdjson::minify(found) == tooLarge;
+}
+
 [[noreturn]] void failType(const Path& path, std::string_view expected, element found) {
     const char* type = "a number";
     switch (found.type()) {
     case element_type::ARRAY:
-        type = "a list";
+        if (!isTooLarge(found)) type = "a list";
         break;
     case element_type::OBJECT:
         type = "an object";
@@ -135,6 +137,11 @@ std::unique_ptr<simdjson::dom::parser>& spareParser() {
         break;
     }
     path.fail(std::string("not ").append(expected).append(" but ").append(type));
+}
+
+[[noreturn]] void failNumber(const Path& path, std::string_view expected, element found) {
+    if (isTooLarge(found)) path.fail("out of range");
+    failType(path, expected, found);
 }
 
 /// The whole number that a double stands for, or nothing.
@@ -176,7 +183,7 @@ std::string_view readText(element element, const Path& path) {
 
 double readDouble(element element, const Path& path) {
     double number = 0;
-    if (element.get(number)) failType(path, "a number", element);
+    if (element.get(number)) failNumber(path, "a number", element);
     return number;
 }
 
@@ -201,7 +208,7 @@ std::int64_t readSigned(element element, const Path& path, std::int64_t least, s
             path.fail("not a whole number");
         break;
     default:
-        failType(path, "a whole number", element);
+        failNumber(path, "a whole number", element);
     }
     if (number < least || number > most) path.fail("out of range");
     return number;

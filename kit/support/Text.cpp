@@ -1,5 +1,7 @@
 #include "kit/support/Text.h"
 
+#include "kit/support/UserLocale.h"
+
 #include <charconv>
 #include <cmath>
 #include <memory>
@@ -7,7 +9,6 @@
 #include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
-#include <unicode/locid.h>
 #include <unicode/numfmt.h>
 #include <unicode/uchar.h>
 #include <unicode/utext.h>
@@ -249,11 +250,9 @@ std::string joined(const std::vector<std::string>& pieces, std::string_view sepa
 
 std::string grouped(std::int64_t number) {
     static thread_local const std::unique_ptr<icu::NumberFormat> format = [] {
-        const icu::Locale& user = icu::Locale::getDefault();
-        const bool none = std::string_view(user.getVariant()) == "POSIX" || *user.getLanguage() == '\0';
         UErrorCode status = U_ZERO_ERROR;
         return std::unique_ptr<icu::NumberFormat>(
-            icu::NumberFormat::createInstance(none ? icu::Locale::getUS() : user, UNUM_DECIMAL, status));
+            icu::NumberFormat::createInstance(userLocale(), UNUM_DECIMAL, status));
     }();
     if (!format) return std::to_string(number);
     icu::UnicodeString text;

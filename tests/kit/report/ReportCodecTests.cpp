@@ -4,7 +4,6 @@
 #include "tests/kit/RandomSession.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace tessivo {
 namespace {
@@ -124,88 +123,6 @@ TEST(ReportCodec, faultsNameTheirPath) {
     EXPECT_EQ(with("\"works\"", longCase.c_str()),
               "results[0].status: unknown case \"" + std::string(39, 'x') + "…\"");
     EXPECT_EQ(with("\"works\"", "\"a\\nb\\u0000\""), "results[0].status: unknown case \"a b \"");
-}
-
-std::string times(std::size_t count, const std::string& unit) {
-    std::string text;
-    while (count-- > 0)
-        text += unit;
-    return text;
-}
-
-/// What stands under a key that no report has: JSON is read over, everything else refuses the whole.
-TEST(ReportCodec, shapesThatParsersDisagreeOn) {
-    const std::string read = "read";
-    const std::string broken = "isn't JSON";
-    const std::string number = "isn't JSON: a number is malformed or too large";
-    const std::string escape = "isn't JSON: a text holds a broken escape";
-    const std::string control = "isn't JSON: a text holds a bare control character";
-    const std::string deep = "is nested too deeply";
-    const std::string utf8 = "isn't UTF-8 text";
-    const std::string lists = times(900, "[") + times(900, "]"), object = "{\"a\":";
-    // Several shapes stand in one text, a bar between them.
-    const std::pair<std::string, std::string> rows[] = {
-        {read,
-         R"(-0|-0.0|1E+2|1e-400|0e1|1e400|-1e99999|123456789012345678901234567890|[1e400, {"a": -1e400}])"},
-        {read, "-9223372036854775809|18446744073709551616|0." + times(5000, "1") + "|" + times(5000, "9")},
-        {number, "01|-01|1.|1.e1|1e|1e+|-|0x10|1_000|1e4.5|--1|1-1|-Infinity"},
-        {broken, "+1|.5|NaN|Infinity|1 000|１|[1e400 01]"},
-        {read, R"("\u0000"|"\ud83d\ude00"|"\uFFFF"|"\/"|"1e400")"},
-        {read, "\"\x7F\"|\"\u2028\"|\"\uFEFF\""},
-        {escape, R"("\ud800"|"\udc00"|"\ud800\ud800"|"\ud800x"|"\udc00\ud800"|"\u12"|"\u00G0")"},
-        {escape, R"("\x41"|"\a"|"\U0041")"},
-        {control, std::string("\"\n\"|\"\t\"|\"\0\"", 11)},
-        {utf8,
-         "\"\xFF\"|\"\xC0\xAF\"|\"\xED\xA0\x80\"|\"\xF4\x90\x80\x80\"|\"\xE2\x82\"|\"\xF0\x80\x80\x80\""},
-        {read, R"([]|{}|[[],[[]]]|{"":0}|{"a":1,"a":2}|null)"},
-        {read, " \t\r\n[ ] |" + lists + "|" + times(900, object) + "0" + times(900, "}")},
-        {deep, times(100'000, "[") + times(100'000, "]") + "|" + times(100'000, "[") + "|" +
-                   times(100'000, object)},
-        {broken, R"([1,]|[,1]|[1,,2]|[1 2]|[1|]|[1}|{"a":1,}|{"a" 1}|{"a":}|{a:1}|{1:1}|{"a":1 "b":2})"},
-        {broken, "'a'|True|nul|nulll|truefalse|undefined|1 // one|/* one */ 1|# 1|\\u0031||\v1|\u00A01"},
-        {broken, std::string(1, '\0') + "1"},
-    };
-    for (const auto& [outcome, shapes] : rows) {
-        std::istringstream stream(shapes);
-        for (std::string shape; std::getline(stream, shape, '|');) {
-            const std::string text = "{\"future\": " + shape + "," + std::string(smallText).substr(1);
-            EXPECT_EQ(faultOf(text), outcome) << shape.substr(0, 60);
-        }
-    }
-}
-
-TEST(ReportCodec, whatStandsAroundTheDocument) {
-    const std::string text = smallText;
-    const std::string utf16 = [&] {
-        std::string wide = "\xFF\xFE";
-        for (char letter : text)
-            (wide += letter) += '\0';
-        return wide;
-    }();
-    const std::pair<std::string, std::string> rows[] = {
-        {"\xEF\xBB\xBF" + text, "read"},
-        {" \n\t\r" + text + "\n\n ", "read"},
-        {"\xEF\xBB\xBF\xEF\xBB\xBF" + text, "isn't JSON"},
-        {text + "x", "isn't JSON"},
-        {text + text, "isn't JSON"},
-        {text + ",", "isn't JSON"},
-        {text + std::string(1, '\0'), "isn't JSON"},
-        {utf16, "isn't JSON: a text holds a bare control character"},
-        {"", "isn't JSON: it is empty"},
-        {"\xEF\xBB\xBF", "isn't JSON: it is empty"},
-        {" \n ", "isn't JSON: it is empty"},
-        {"{", "isn't JSON"},
-        {"\"", "isn't JSON: a text doesn't end"},
-        {"[" + text + "]", "not an object but a list"},
-        {"null", "not an object but null"},
-        {"1e400", "not an object but a number"},
-        {"{}", "id: missing"},
-        {std::string(10 << 20, '['), "isn't JSON"},
-        {std::string(10 << 20, ' '), "isn't JSON: it is empty"},
-        {std::string(10 << 20, 'x'), "isn't JSON"},
-    };
-    for (const auto& [shape, outcome] : rows)
-        EXPECT_EQ(faultOf(shape), outcome) << shape.substr(0, 20) << " " << shape.size();
 }
 
 /// Whatever becomes of the bytes, they are either a report that can be written again or a fault with a

@@ -81,12 +81,6 @@ TEST(SessionCodec, aNewSessionHasItsSixteenRequiredKeysAlone) {
               R"("active":1,"known":[],"baselineTaken":false},"overrides":[]})");
 }
 
-TEST(SessionCodec, overridesAloneIsAnAlternatingArray) {
-    EXPECT_NE(fullText().find(R"("overrides":["display",{"notIncluded":false,"problem":"Scratch"}])"),
-              std::string::npos);
-    EXPECT_NE(fullText().find(R"("manual":{"touchID":"works"})"), std::string::npos);
-}
-
 TEST(SessionCodec, whatWasSeenDownIsNotStored) {
     SessionState state = fullSession();
     state.ethernet->sawDown = {"en0"};
@@ -113,19 +107,14 @@ TEST(SessionCodec, toleratesWhatOlderAndNewerVersionsWrite) {
 }
 
 TEST(SessionCodec, everyOtherFaultLosesTheWholeAndNamesItsPath) {
-    struct Row {
-        const char* what;
-        const char* instead;
-        const char* fault;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {R"("overrides":["display",{"notIncluded":false,"problem":"Scratch"}],)", "", "overrides: missing"},
         {R"("started":794419629.25)", R"("started":null)", "started: missing"},
         {R"("started":794419629.25)", R"("started":"2026")", "started: not a number but a text"},
-        {R"("started":794419629.25)", R"("started":1e400)", "started: not a number but a list"},
+        {R"("started":794419629.25)", R"("started":1e400)", "started: out of range"},
         {R"("memoryBytes":8589934592)", R"("memoryBytes":-1)", "machine.memoryBytes: out of range"},
         {R"("memoryBytes":8589934592)", R"("memoryBytes":18446744073709551616)",
-         "machine.memoryBytes: not a whole number but a list"},
+         "machine.memoryBytes: out of range"},
         {R"("storageBytes":245107195904)", R"("storageBytes":9223372036854775808)",
          "machine.storageBytes: out of range"},
         {R"("locationID":338690048)", R"("locationID":4294967296)",
@@ -149,8 +138,8 @@ TEST(SessionCodec, everyOtherFaultLosesTheWholeAndNamesItsPath) {
         {R"("source":"registry")", R"("source":7)", "battery.source: not a text but a number"},
         {R"({"ticked":["backup"]})", R"({"ticked":["sell"]})", "handover.ticked[0]: unknown case \"sell\""},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(faultOf(with(row.what, row.instead)), row.fault);
+    for (const auto& [what, instead, fault] : rows)
+        EXPECT_EQ(faultOf(with(what, instead)), fault);
 }
 
 TEST(SessionCodec, aValueThatJSONHasNoWordForIsRefusedOnWriting) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
-#include <thread>
 #include <time.h>
 
 namespace tessivo {
@@ -104,17 +103,6 @@ TEST(Date, knowsZonesByName) {
         EXPECT_TRUE(isTimeZone(name)) << name;
     for (const char* name : {"", "Mars/Olympus", "america", "Etc/Unknown", "GMT+5", "UTC-03:30"})
         EXPECT_FALSE(isTimeZone(name)) << name;
-}
-
-TEST(Date, formatsOnSeveralThreadsAtOnce) {
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back([] {
-            for (int k = 0; k < 50; ++k)
-                EXPECT_EQ(Date{0}.longText("en", "UTC"), "January 1, 2001");
-        });
-    for (std::thread& thread : threads)
-        thread.join();
 }
 
 } // namespace
