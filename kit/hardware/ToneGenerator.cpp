@@ -17,7 +17,7 @@ StereoTone ToneGenerator::stereo(bool left, bool right, double frequency, double
     const double exact = rate * duration;
     if (!(exact >= 1 && exact <= mostFrames)) return {};
     const std::size_t frames = std::size_t(exact);
-    const std::size_t fade = std::min(frames / 2, std::size_t(std::abs(rate) * fadeSeconds));
+    const std::size_t fade = std::size_t(std::min(double(frames / 2), std::abs(rate) * fadeSeconds));
 
     std::vector<float> tone(frames);
     for (std::size_t i = 0; i < frames; ++i) {

@@ -1,5 +1,6 @@
 #include "kit/catalog/KeyboardLayout.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace tessivo {
@@ -45,9 +46,12 @@ TEST(KeyboardLayout, everyKeyStandsInItsPlace) {
                                         "shift:56 grave:50 " + lower + " rshift:60", bottomRow}));
 }
 
-TEST(KeyboardLayout, rowsAreFifteenUnitsWide) {
-    for (const auto* layout : {&KeyboardLayout::ansi(), &KeyboardLayout::iso()})
-        for (const auto& row : layout->rows) {
+TEST(KeyboardLayout, rowsAreFifteenUnitsWideAndEachKeyCountsOnce) {
+    const std::pair<KeyboardLayout::ID, std::size_t> rows[] = {{KeyboardLayout::ID::ansi, 77},
+                                                               {KeyboardLayout::ID::iso, 78}};
+    for (const auto& [id, keys] : rows) {
+        const KeyboardLayout& layout = KeyboardLayout::named(id);
+        for (const auto& row : layout.rows) {
             double width = 0;
             for (const KeySlot& slot : row) {
                 const auto* stack = std::get_if<KeyStack>(&slot);
@@ -55,45 +59,25 @@ TEST(KeyboardLayout, rowsAreFifteenUnitsWide) {
             }
             EXPECT_EQ(width, 15.0);
         }
-}
-
-TEST(KeyboardLayout, countsEachKeyOnceAndTouchIDNever) {
-    struct Row {
-        KeyboardLayout::ID id;
-        std::size_t keys;
-    };
-    for (const Row& row : {Row{KeyboardLayout::ID::ansi, 77}, Row{KeyboardLayout::ID::iso, 78}}) {
-        const KeyboardLayout& layout = KeyboardLayout::named(row.id);
-        EXPECT_EQ(layout.id, row.id);
-        EXPECT_EQ(layout.keys().size(), row.keys + 1);
-        EXPECT_EQ(layout.testableKeys().size(), row.keys);
-        EXPECT_EQ(layout.codes().size(), row.keys);
-        int modifiers = 0;
-        int functions = 0;
-        for (const KeySpec& key : layout.testableKeys()) {
-            EXPECT_NE(key.id, "touchID");
-            modifiers += key.kind == KeyKind::modifier;
-            functions += key.kind == KeyKind::function;
-        }
-        EXPECT_EQ(modifiers, 9);
-        EXPECT_EQ(functions, 12);
+        EXPECT_EQ(layout.keys().size(), keys + 1) << "Touch ID has no code and never counts";
+        EXPECT_EQ(layout.testableKeys().size(), keys);
+        EXPECT_EQ(layout.codes().size(), keys);
+        EXPECT_EQ(std::ranges::count(layout.testableKeys(), KeyKind::modifier, &KeySpec::kind), 9);
+        EXPECT_EQ(std::ranges::count(layout.testableKeys(), KeyKind::function, &KeySpec::kind), 12);
     }
 }
 
 TEST(KeyboardLayout, findsAKeyByItsCode) {
-    const auto isoReturn = KeyboardLayout::iso().key(36);
-    ASSERT_TRUE(isoReturn);
-    EXPECT_EQ(isoReturn->label, "return");
-    EXPECT_EQ(isoReturn->width, 1.5);
-    EXPECT_EQ(KeyboardLayout::iso().key(10)->label, "§");
-    EXPECT_EQ(KeyboardLayout::ansi().key(10), std::nullopt);
-    EXPECT_EQ(KeyboardLayout::ansi().key(42)->width, 1.5);
-    EXPECT_EQ(KeyboardLayout::iso().key(42)->width, 1.0);
-    EXPECT_EQ(KeyboardLayout::ansi().key(49)->name(), "space");
-    EXPECT_EQ(KeyboardLayout::ansi().key(123)->label, "\u25C0\uFE0E");
-    EXPECT_EQ(KeyboardLayout::ansi().key(124)->label, "\u25B6\uFE0E");
-    EXPECT_EQ(KeyboardLayout::ansi().key(126)->label, "\u25B2");
-    EXPECT_EQ(KeyboardLayout::ansi().key(125)->label, "\u25BC");
+    const KeyboardLayout& ansi = KeyboardLayout::ansi();
+    const KeyboardLayout& iso = KeyboardLayout::iso();
+    EXPECT_EQ(iso.key(36), (KeySpec{"return", "return", 36, 1.5})) << "the upper half";
+    EXPECT_EQ(iso.key(10)->label, "§");
+    EXPECT_EQ(ansi.key(10), std::nullopt);
+    EXPECT_EQ(ansi.key(49)->name(), "space");
+    const std::pair<KeyCode, const char*> arrows[] = {
+        {123, "\u25C0\uFE0E"}, {124, "\u25B6\uFE0E"}, {126, "\u25B2"}, {125, "\u25BC"}};
+    for (const auto& [code, label] : arrows)
+        EXPECT_EQ(ansi.key(code)->label, label);
 }
 
 } // namespace

@@ -1,9 +1,8 @@
 #include "kit/catalog/StorageCheck.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
+#include <gtest/gtest.h>
 #include <map>
 #include <set>
 
@@ -55,23 +54,19 @@ TEST(SpecCatalog, isWhole) {
 }
 
 TEST(SpecCatalog, keepsTheIrregularRows) {
-    struct Row {
-        const char* modelID;
-        std::vector<std::int64_t> storage;
-        std::vector<std::int64_t> fusion;
-    };
-    const std::vector<Row> rows = {{"MacBookAir8,1", {128, 256, 512, 1536}, {}},
-                                   {"iMac19,2", {256, 1024}, {1024}},
-                                   {"iMac19,1", {256, 512, 1024, 2048, 3072}, {1024, 2048, 3072}},
-                                   {"Mac15,3", {512, 1024, 2048}, {}},
-                                   {"Mac16,1", {512, 1024, 2048}, {}},
-                                   {"Mac15,14", {1024, 2048, 4096, 8192, 16384}, {}}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.modelID);
-        const ModelSpec* spec = SpecCatalog::spec(row.modelID);
-        ASSERT_NE(spec, nullptr);
-        EXPECT_EQ(spec->storage, row.storage);
-        EXPECT_EQ(spec->fusion, row.fusion);
+    using Sizes = std::vector<std::int64_t>;
+    const std::tuple<const char*, Sizes, Sizes> rows[] = {
+        {"MacBookAir8,1", {128, 256, 512, 1536}, {}},
+        {"iMac19,2", {256, 1024}, {1024}},
+        {"iMac19,1", {256, 512, 1024, 2048, 3072}, {1024, 2048, 3072}},
+        {"Mac15,3", {512, 1024, 2048}, {}},
+        {"Mac16,1", {512, 1024, 2048}, {}},
+        {"Mac15,14", {1024, 2048, 4096, 8192, 16384}, {}}};
+    for (const auto& [modelID, storage, fusion] : rows) {
+        const ModelSpec* spec = SpecCatalog::spec(modelID);
+        ASSERT_NE(spec, nullptr) << modelID;
+        EXPECT_EQ(spec->storage, storage) << modelID;
+        EXPECT_EQ(spec->fusion, fusion) << modelID;
     }
     EXPECT_EQ(SpecCatalog::spec("Mac14,9"), SpecCatalog::spec("Mac14,5"));
     EXPECT_EQ(SpecCatalog::spec("MacBookPro15,1")->sources,
@@ -80,35 +75,20 @@ TEST(SpecCatalog, keepsTheIrregularRows) {
 }
 
 TEST(SpecCatalog, theKindComesFromTheRowOrThePrefix) {
-    struct Row {
-        const char* modelID;
-        std::optional<MacKind> kind;
-        const char* name;
-    };
-    for (const Row& row :
-         {Row{"Mac14,3", MacKind::desktop, "Mac mini (M2, 2023)"},
-          Row{"iMacPro1,1", MacKind::allInOne, "iMac Pro (2017)"},
-          Row{"iMacPro9,9", MacKind::allInOne, "iMacPro9,9"},
-          Row{"MacBookPro99,1", MacKind::laptop, "MacBookPro99,1"},
-          Row{"Macmini99,1", MacKind::desktop, "Macmini99,1"},
-          Row{"MacPro99,1", MacKind::desktop, "MacPro99,1"}, Row{"Mac17,1", std::nullopt, "Mac17,1"},
-          Row{"macbookpro18,1", std::nullopt, "macbookpro18,1"}, Row{"Mac14,22", std::nullopt, "Mac14,22"},
-          Row{"", std::nullopt, ""}}) {
-        SCOPED_TRACE(row.modelID);
-        EXPECT_EQ(SpecCatalog::kind(row.modelID), row.kind);
-        EXPECT_EQ(SpecCatalog::displayName(row.modelID), row.name);
-    }
+    const std::pair<const char*, std::optional<MacKind>> rows[] = {
+        {"Mac14,3", MacKind::desktop},     {"iMacPro1,1", MacKind::allInOne},
+        {"iMacPro9,9", MacKind::allInOne}, {"MacBookPro99,1", MacKind::laptop},
+        {"Macmini99,1", MacKind::desktop}, {"MacPro99,1", MacKind::desktop},
+        {"Mac17,1", std::nullopt},         {"macbookpro18,1", std::nullopt},
+        {"Mac14,22", std::nullopt},        {"", std::nullopt}};
+    for (const auto& [modelID, kind] : rows)
+        EXPECT_EQ(SpecCatalog::kind(modelID), kind) << modelID;
 }
 
 TEST(StorageCheck, findsTheSizeOfAByteCount) {
-    struct Row {
-        double gigabytes;
-        const char* modelID;
-        std::optional<std::int64_t> size;
-    };
     constexpr std::nullopt_t none = std::nullopt;
     // The Fusion stage counts only on a row with that size, and only above the size's own range.
-    const std::vector<Row> rows = {
+    const std::tuple<double, const char*, std::optional<std::int64_t>> rows[] = {
         {57.6, "", 64},           {57.5, "", none},           {245, "", 256},
         {263.68, "", 256},        {263.7, "", none},          {300, "", none},
         {512, "", 512},           {899.9, "", none},          {900, "", 1024},
@@ -118,11 +98,9 @@ TEST(StorageCheck, findsTheSizeOfAByteCount) {
         {1160, "iMac19,2", 1024}, {1160.1, "iMac19,2", none}, {1100, "Mac14,2", none},
         {1100, "", none},         {2100, "iMac19,2", none},   {2100, "iMac19,1", 2048},
         {3200, "iMac19,1", 3072}, {3300, "iMac19,1", none}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::to_string(row.gigabytes) + " " + row.modelID);
-        const auto bytes = static_cast<std::int64_t>(std::llround(row.gigabytes * 1e9));
-        EXPECT_EQ(StorageCheck::nearest(bytes, SpecCatalog::spec(row.modelID)), row.size);
-    }
+    for (const auto& [gigabytes, modelID, size] : rows)
+        EXPECT_EQ(StorageCheck::nearest(std::llround(gigabytes * 1e9), SpecCatalog::spec(modelID)), size)
+            << gigabytes << " " << modelID;
 }
 
 } // namespace

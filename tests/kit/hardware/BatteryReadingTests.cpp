@@ -8,47 +8,34 @@ namespace {
 
 using Source = BatteryReading::Source;
 
-const PropertyMap internalBattery{{"Type", "InternalBattery"}, {"BatteryHealth", "Good"}};
-const PropertyMap ups{{"Type", "UPS"}, {"BatteryHealth", "Good"}};
-
-BatteryReading installed(PropertyMap figures) {
-    figures.emplace("BatteryInstalled", true);
-    return BatteryReading::make(&figures, nullptr);
-}
-
 TEST(BatteryReading, choosesItsSource) {
+    const PropertyMap internal{{"Type", "InternalBattery"}, {"BatteryHealth", "Good"}};
+    const PropertyMap absent{{"Type", "InternalBattery"}, {"Is Present", false}};
+    const PropertyMap ups{{"Type", "UPS"}, {"BatteryHealth", "Good"}};
     const PropertyMap number{{"BatteryInstalled", 1}, {"CycleCount", 9}};
     const PropertyMap zero{{"BatteryInstalled", 0}, {"CycleCount", 9}};
     const PropertyMap off{{"BatteryInstalled", false}, {"CycleCount", 9}};
     const PropertyMap silent{{"CycleCount", 9}};
-    const PropertyMap absent{{"Type", "InternalBattery"}, {"Is Present", false}};
-    struct Row {
-        const PropertyMap* registry;
-        const PropertyMap* powerSource;
-        bool present;
-        Source source;
-    };
-    const Row rows[] = {{&number, nullptr, true, Source::registry},
-                        {&number, &internalBattery, true, Source::registry},
-                        {&zero, &internalBattery, true, Source::powerSources},
-                        {&off, &internalBattery, true, Source::powerSources},
-                        {&silent, &internalBattery, true, Source::powerSources},
-                        {nullptr, &internalBattery, true, Source::powerSources},
-                        {nullptr, &absent, false, Source::registry},
-                        {nullptr, &ups, false, Source::registry},
-                        {&off, nullptr, false, Source::registry},
-                        {nullptr, nullptr, false, Source::none}};
-    for (const Row& row : rows) {
-        const int at = int(&row - rows);
-        const auto reading = BatteryReading::make(row.registry, row.powerSource);
-        EXPECT_EQ(reading.present, row.present) << at;
-        EXPECT_EQ(reading.source, row.source) << at;
-        EXPECT_EQ(reading.cycleCount.has_value(), row.present && row.source == Source::registry) << at;
-        EXPECT_EQ(reading.condition.has_value(), row.present && row.powerSource) << at;
+    const std::tuple<const PropertyMap*, const PropertyMap*, bool, Source> rows[] = {
+        {&number, nullptr, true, Source::registry},       {&number, &internal, true, Source::registry},
+        {&zero, &internal, true, Source::powerSources},   {&off, &internal, true, Source::powerSources},
+        {&silent, &internal, true, Source::powerSources}, {nullptr, &internal, true, Source::powerSources},
+        {nullptr, &absent, false, Source::registry},      {nullptr, &ups, false, Source::registry},
+        {&off, nullptr, false, Source::registry},         {nullptr, nullptr, false, Source::none}};
+    for (const auto& [registry, powerSource, present, source] : rows) {
+        const auto reading = BatteryReading::make(registry, powerSource);
+        EXPECT_EQ(reading.present, present);
+        EXPECT_EQ(reading.source, source);
+        EXPECT_EQ(reading.cycleCount.has_value(), present && source == Source::registry);
+        EXPECT_EQ(reading.condition.has_value(), present && powerSource);
     }
 }
 
 TEST(BatteryReading, picksItsFigures) {
+    const auto installed = [](PropertyMap figures) {
+        figures.emplace("BatteryInstalled", true);
+        return BatteryReading::make(&figures, nullptr);
+    };
     const auto full = installed({{"CycleCount", 0},
                                  {"DesignCapacity", 5000},
                                  {"NominalChargeCapacity", 0},
@@ -83,17 +70,13 @@ TEST(BatteryReading, wordsTheCondition) {
 
 TEST(BatteryReading, worksOutItsHealth) {
     constexpr auto most = std::numeric_limits<std::int64_t>::max();
-    struct Row {
-        std::optional<std::int64_t> design, full, percent;
-    };
-    const Row rows[] = {{5000, 4123, 82},  {5000, 5100, 100}, {200, 159, 80}, {1, most, 100},
-                        {most, most, 100}, {0, 4000, {}},     {5000, -1, {}}, {{}, 4000, {}}};
-    for (const Row& row : rows) {
-        BatteryReading reading;
-        reading.designCapacity = row.design;
-        reading.fullChargeCapacity = row.full;
-        EXPECT_EQ(reading.healthPercent(), row.percent) << &row - rows;
-    }
+    using Figure = std::optional<std::int64_t>;
+    const std::tuple<Figure, Figure, Figure> rows[] = {
+        {5000, 4123, 82},  {5000, 5100, 100}, {200, 159, 80}, {1, most, 100},
+        {most, most, 100}, {0, 4000, {}},     {5000, -1, {}}, {std::nullopt, 4000, {}}};
+    for (const auto& [design, full, percent] : rows)
+        EXPECT_EQ((BatteryReading{.designCapacity = design, .fullChargeCapacity = full}.healthPercent()),
+                  percent);
 }
 
 } // namespace

@@ -27,11 +27,5 @@ TEST(EnrollmentStatus, readsTheToolsOutput) {
         EXPECT_EQ(EnrollmentStatus::parse(output), expected) << output;
 }
 
-TEST(EnrollmentStatus, isManagedByEitherAnswer) {
-    EXPECT_TRUE((EnrollmentStatus{true, false, "No"}).isManaged());
-    EXPECT_TRUE((EnrollmentStatus{false, true, "Yes"}).isManaged());
-    EXPECT_FALSE((EnrollmentStatus{false, false, "No"}).isManaged());
-}
-
 } // namespace
 } // namespace tessivo

@@ -69,21 +69,18 @@ TEST(EthernetTest, seesALinkComeUp) {
 }
 
 TEST(EthernetTest, keepsTheBestLink) {
-    struct Row {
-        std::vector<WiredInterface> scan;
-        const char* name;
-        std::optional<std::uint64_t> speed;
-    };
-    const Row rows[] = {{{port("en0", true, gigabit), port("en1", true, 10 * gigabit)}, "en1", 10 * gigabit},
-                        {{port("en0", true, gigabit), port("en1", true, gigabit)}, "en0", gigabit},
-                        {{port("en0", true, 0), port("en1", true, 0)}, "en0", {}},
-                        {{port("en0", true), port("en1", true, 1)}, "en1", 1},
-                        {{port("en0", true, gigabit), port("en1", true)}, "en0", gigabit}};
-    for (const Row& row : rows) {
+    using Speed = std::optional<std::uint64_t>;
+    // The speeds of two ports that are up, the port that is kept, and its speed.
+    const std::tuple<Speed, Speed, const char*, Speed> rows[] = {{gigabit, 10 * gigabit, "en1", 10 * gigabit},
+                                                                 {gigabit, gigabit, "en0", gigabit},
+                                                                 {0, 0, "en0", {}},
+                                                                 {std::nullopt, 1, "en1", 1},
+                                                                 {gigabit, {}, "en0", gigabit}};
+    for (const auto& [first, second, name, speed] : rows) {
         EthernetTest test;
-        test.record(row.scan);
-        EXPECT_EQ(test.linkSeenOn, row.name) << &row - rows;
-        EXPECT_EQ(test.linkSpeed, row.speed) << &row - rows;
+        test.record({port("en0", true, first), port("en1", true, second)});
+        EXPECT_EQ(test.linkSeenOn, name);
+        EXPECT_EQ(test.linkSpeed, speed) << name;
         EXPECT_FALSE(test.cameUpWhileTesting) << "it was up from the start";
     }
 }

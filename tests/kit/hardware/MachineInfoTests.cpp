@@ -37,22 +37,18 @@ TEST(ByteText, labelsTableSizesAndByteCounts) {
 }
 
 TEST(MachineInfo, tellsTheProcessorFromTheCatalogBeforeTheChip) {
-    struct Row {
-        MachineInfo machine;
-        std::optional<Processor> processor;
-        bool isIntel;
-    };
-    const Row rows[] = {{machine("Mac14,2", "Intel(R) Core(TM) i5"), Processor::appleSilicon, false},
-                        {machine("MacBookPro16,1", "Apple M2"), Processor::intelT2, true},
-                        {machine("iMac19,2"), Processor::intel, true},
-                        {machine("Mac99,1", "Apple M9"), Processor::appleSilicon, false},
-                        {machine("Mac99,1", "Intel(R) Core(TM) i5"), std::nullopt, true},
-                        {machine("Mac99,1", "An Apple M9"), std::nullopt, false},
-                        {machine("Mac99,1"), std::nullopt, false}};
-    for (const Row& row : rows) {
-        const std::string about = row.machine.modelID + " " + row.machine.chip.value_or("-");
-        EXPECT_EQ(row.machine.processor(), row.processor) << about;
-        EXPECT_EQ(row.machine.isIntel(), row.isIntel) << about;
+    using Chip = std::optional<std::string>;
+    const std::tuple<const char*, Chip, std::optional<Processor>, bool> rows[] = {
+        {"Mac14,2", "Intel(R) Core(TM) i5", Processor::appleSilicon, false},
+        {"MacBookPro16,1", "Apple M2", Processor::intelT2, true},
+        {"iMac19,2", {}, Processor::intel, true},
+        {"Mac99,1", "Apple M9", Processor::appleSilicon, false},
+        {"Mac99,1", "Intel(R) Core(TM) i5", std::nullopt, true},
+        {"Mac99,1", "An Apple M9", std::nullopt, false},
+        {"Mac99,1", {}, std::nullopt, false}};
+    for (const auto& [model, chip, processor, isIntel] : rows) {
+        EXPECT_EQ(machine(model, chip).processor(), processor) << model << " " << chip.value_or("-");
+        EXPECT_EQ(machine(model, chip).isIntel(), isIntel) << model << " " << chip.value_or("-");
     }
     EXPECT_EQ(machine("Mac14,2").displayName(), "MacBook Air (M2, 2022)");
     EXPECT_EQ(machine("Mac99,1").displayName(), "Mac99,1");
