@@ -27,18 +27,28 @@ bool KeyMonitor::eventFilter(QObject* watched, QEvent* event) {
         return handleKey(event);
     case QEvent::Shortcut:
     case QEvent::InputMethod:
-        return m_capture.running();
+        return takesKeys();
     case QEvent::InputMethodQuery:
-        if (!m_capture.running()) return false;
+        if (!takesKeys()) return false;
         // An input method would take keys for itself before any of them is seen here.
         static_cast<QInputMethodQueryEvent*>(event)->setValue(Qt::ImEnabled, false);
         return true;
     case QEvent::ContextMenu:
-        return m_capture.running() &&
-               static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
+        return takesKeys() && static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
     default:
         return QObject::eventFilter(watched, event);
     }
+}
+
+bool KeyMonitor::takesKeys() const {
+    return m_capture.running() && !QGuiApplication::modalWindow();
+}
+
+bool KeyMonitor::isRepeat(const QKeyEvent& key) const {
+    // An X server repeats a held key as a release and a press of one time. Qt sees the pair only where both
+    // have arrived when it reads the first.
+    return key.isAutoRepeat() || (key.type() == QEvent::KeyPress && m_releasedAt != 0 &&
+                                  m_releasedAt == key.timestamp() && m_releasedKey == key.nativeScanCode());
 }
 
 bool KeyMonitor::handleKey(QEvent* event) {
@@ -46,20 +56,24 @@ bool KeyMonitor::handleKey(QEvent* event) {
     const std::uint32_t scanCode = key->nativeScanCode();
     const bool release = event->type() == QEvent::KeyRelease;
     const bool tail = (release || key->isAutoRepeat()) && m_down.contains(scanCode);
-    if (!m_capture.running() && !tail) {
+    if (!takesKeys() && !tail) {
         m_down.erase(scanCode); // pressed anew since: the program's own again
         return false;
     }
     // An accepted override makes the press that follows a plain key, whatever shortcut it would be.
     event->accept();
     if (event->type() == QEvent::ShortcutOverride) return true;
-    if (release && !key->isAutoRepeat())
+    const bool repeat = isRepeat(*key);
+    if (release && !repeat) {
         m_down.erase(scanCode);
-    else
+        m_releasedKey = scanCode;
+        m_releasedAt = key->timestamp();
+    } else {
         m_down.insert(scanCode);
+    }
 
     if (const auto code = m_keyCodes.virtualKeyCode(scanCode, m_layout())) {
-        const KeyMark mark = key->isAutoRepeat()             ? KeyMark::repeat
+        const KeyMark mark = repeat                          ? KeyMark::repeat
                              : KeyCapture::isModifier(*code) ? KeyMark::modifierChange
                              : release                       ? KeyMark::release
                                                              : KeyMark::press;

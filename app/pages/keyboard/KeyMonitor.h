@@ -5,14 +5,16 @@
 #include <QObject>
 #include <set>
 
+class QKeyEvent;
+
 namespace tessivo {
 
 class KeyCodes;
 
 /// Gives every key event of the program to a running KeyCapture and to nobody else: presses, releases,
 /// repeats, menu shortcuts, Alt, Tab and Return; while it runs no input method takes part. Keys that went
-/// down in a run are kept from the program until they come up, also past its end. While another program has
-/// the keyboard nothing arrives, and the run waits. Main thread.
+/// down in a run are kept from the program until they come up, also past its end. While another program or a
+/// dialog of this one has the keyboard, the run waits. Main thread.
 class KeyMonitor final : public QObject {
     Q_OBJECT
 public:
@@ -23,12 +25,16 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool takesKeys() const;
     bool handleKey(QEvent* event);
+    bool isRepeat(const QKeyEvent& key) const;
 
     const KeyCodes& m_keyCodes;
     KeyCapture& m_capture;
     std::function<KeyboardLayout::ID()> m_layout;
     std::set<std::uint32_t> m_down; // scan codes that went down in a run
+    std::uint32_t m_releasedKey = 0;
+    quint64 m_releasedAt = 0; // milliseconds of the window system; 0 where it tells none
 };
 
 } // namespace tessivo

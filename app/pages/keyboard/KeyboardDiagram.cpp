@@ -246,8 +246,9 @@ void KeyboardDiagram::show(const KeyboardTest& test, bool running, std::optional
                                                    : Key::State::open,
                       code && code == flash);
     }
-    if (test.progress() == m_progress) return;
-    m_progress = test.progress();
+    const KeyboardTest::Progress progress = test.progress();
+    if (progress == m_progress) return;
+    m_progress = progress;
     announceNameChange(this);
 }
 
