@@ -8,8 +8,6 @@ namespace tessivo {
 class AnswerButtons;
 class Button;
 class PictureLayout;
-class SymbolView;
-class TextLabel;
 
 /// One camera: its name, the button that opens or closes it, its picture while it is open, and the person's
 /// answer.

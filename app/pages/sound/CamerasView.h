@@ -1,17 +1,12 @@
 #pragma once
 
-#include "app/controls/WrapRow.h"
-#include "app/pages/PageContext.h"
-#include "app/readers/CameraMonitor.h"
+#include "app/pages/sound/CameraRow.h"
+#include "app/pages/sound/CaptureView.h"
 
 namespace tessivo {
 
-class CameraRow;
-class CaptureDeviceList;
-
-/// The camera test: opens one camera at a time, shows its picture and asks how it looked. Lets go of the
-/// camera as soon as the page is left.
-class CamerasView final : public Column {
+/// The camera test: opens one camera at a time, shows its picture and asks how it looked.
+class CamerasView final : public CaptureView<CameraMonitor, CameraRow, CameraReading> {
     Q_OBJECT
 
 public:
@@ -19,23 +14,11 @@ public:
 
     explicit CamerasView(const PageContext& context, QWidget* parent = nullptr);
 
-protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-
 private:
-    void makeRows();
-    void toggle(const CaptureDevice& device);
-    void open(const CaptureDevice& device);
-    /// Runs the action on the reading of this id, if the session has one and it changes.
-    void changeReading(const std::string& id, const std::function<void(CameraReading&)>& action);
-    void showAnswers();
-    void showOpen();
-
-    AppModel& m_model;
-    CaptureDeviceList* m_list;
-    std::vector<CameraRow*> m_rows; ///< in the list's order
-    CameraMonitor m_monitor;
+    const std::optional<std::string>& inUse() const override { return monitor().showing(); }
+    bool open(const CaptureDevice& device) override;
+    CameraRow* makeRow(const CaptureDevice& device) override;
+    void showOn(CameraRow& row, const CameraReading* reading, bool open) override;
 };
 
 } // namespace tessivo

@@ -5,7 +5,6 @@
 
 namespace tessivo {
 
-class Button;
 class Chip;
 class TextLabel;
 class TrackpadArea;
