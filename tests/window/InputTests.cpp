@@ -3,6 +3,7 @@
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedPlatform.h"
+#include "tests/app/ScriptedDialogs.h"
 #include "tests/window/XServer.h"
 
 #include <QAbstractButton>
@@ -20,17 +21,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-class NoDialogs final : public Dialogs {
-public:
-    std::optional<std::filesystem::path> savePath(QWidget*, FileKind, const QString&) override { return {}; }
-    std::vector<std::filesystem::path> openReportFiles(QWidget*, const QString&) override { return {}; }
-    bool choosePrinter(QWidget*, QPrinter&) override { return false; }
-    bool confirm(QWidget*, const QString&, const QString&, const QString&, const QString&) override {
-        return false;
-    }
-    void inform(QWidget*, const QString&, const QString&) override {}
-};
 
 QString nameOf(QWidget* widget) {
     auto* spoken = QAccessible::queryAccessibleInterface(widget);
@@ -71,7 +61,7 @@ protected:
     ManualScheduler clock;
     SimulatedPlatform platform{loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock};
     AppModel model{platform};
-    NoDialogs dialogs;
+    pagetest::ScriptedDialogs dialogs;
     QMainWindow window;
     int closes = 0, quits = 0;
 };
@@ -85,32 +75,27 @@ protected:
         ASSERT_TRUE(clickWith(button(QStringLiteral("Start"))));
         ASSERT_TRUE(eventually([this] { return runs(); }));
     }
+    void stop() {
+        ASSERT_TRUE(key(QStringLiteral("Escape")) && key(QStringLiteral("Escape")));
+        ASSERT_TRUE(eventually([this] { return !runs(); }));
+    }
 };
 
-/// The server's own names of the keys, in the order of the diagrams; the two keys that ANSI and ISO
-/// keyboards swap, and fn, stand apart.
+/// The server's own names of the keys, where they aren't ours.
 const std::map<std::string, const char*> keyNames = {
     {"esc", "Escape"},
-    {"minus", "minus"},
-    {"equal", "equal"},
     {"delete", "BackSpace"},
     {"tab", "Tab"},
     {"lbracket", "bracketleft"},
     {"quote", "apostrophe"},
     {"rbracket", "bracketright"},
-    {"backslash", "backslash"},
     {"caps", "Caps_Lock"},
-    {"semicolon", "semicolon"},
     {"return", "Return"},
     {"shift", "Shift_L"},
-    {"comma", "comma"},
-    {"period", "period"},
-    {"slash", "slash"},
     {"rshift", "Shift_R"},
     {"control", "Control_L"},
     {"option", "Alt_L"},
     {"command", "Super_L"},
-    {"space", "space"},
     {"rcommand", "Super_R"},
     {"roption", "Alt_R"},
     {"left", "Left"},
@@ -120,13 +105,13 @@ const std::map<std::string, const char*> keyNames = {
 };
 
 QString keyName(const KeySpec& key, KeyboardLayout::ID layout) {
-    const bool iso = layout == KeyboardLayout::ID::iso;
+    // The two keys that ANSI and ISO keyboards swap.
     if (key.id == "section") return QStringLiteral("grave"); // left of 1
-    if (key.id == "grave") return iso ? QStringLiteral("94") : QStringLiteral("grave");
+    if (key.id == "grave" && layout == KeyboardLayout::ID::iso) return QStringLiteral("94");
     if (const auto known = keyNames.find(key.id); known != keyNames.end())
         return QString::fromLatin1(known->second);
     const QString id = QString::fromStdString(key.id);
-    return id.size() > 1 ? id.toUpper() : id; // F1 to F12; letters and digits
+    return key.kind == KeyKind::function ? id.toUpper() : id;
 }
 
 class EveryKey : public KeyboardWindow, public ::testing::WithParamInterface<KeyboardLayout::ID> {};
@@ -143,9 +128,7 @@ TEST_P(EveryKey, turnsTheDiagramGreen) {
     key(QStringLiteral("Caps_Lock")); // off again
     EXPECT_TRUE(runs());
     EXPECT_THAT(state().keyboard.offDiagram(), IsEmpty());
-    key(QStringLiteral("Escape"));
-    key(QStringLiteral("Escape"));
-    ASSERT_TRUE(eventually([this] { return !runs(); }));
+    stop();
     ASSERT_TRUE(clickWith(button(QStringLiteral("fn, not tested"))));
     const auto total = std::int64_t(layout.codes().size());
     EXPECT_TRUE(eventually([&] {
@@ -204,14 +187,6 @@ TEST_F(KeyboardWindow, aHeldEscCountsOnce) {
     ASSERT_TRUE(eventually([this] { return pressed().size() == 2; }));
     settle();
     EXPECT_TRUE(runs()) << "A stood between";
-    // Held, the second Esc stops the run and its repeats reach nobody.
-    note()->setFocus();
-    ASSERT_TRUE(xdotool({QStringLiteral("keydown"), QStringLiteral("Escape")}));
-    ASSERT_TRUE(eventually([this] { return !runs(); }));
-    const int before = repeats.count;
-    ASSERT_TRUE(eventually([&] { return repeats.count >= before + 2; }));
-    ASSERT_TRUE(xdotool({QStringLiteral("keyup"), QStringLiteral("Escape")}));
-    EXPECT_TRUE(window.isVisible());
 }
 
 TEST_F(KeyboardWindow, shortcutsMenusAndFocusKeysDoNothingElse) {
@@ -230,9 +205,7 @@ TEST_F(KeyboardWindow, shortcutsMenusAndFocusKeysDoNothingElse) {
         EXPECT_TRUE(pressed().contains(code)) << code;
 
     // The same shortcut works again as soon as the run is over.
-    key(QStringLiteral("Escape"));
-    key(QStringLiteral("Escape"));
-    ASSERT_TRUE(eventually([this] { return !runs(); }));
+    stop();
     ASSERT_TRUE(key(QStringLiteral("ctrl+q")));
     EXPECT_TRUE(eventually([this] { return quits == 1; }));
 }
@@ -254,24 +227,10 @@ TEST_F(KeyboardWindow, theRunWaitsWhileAnotherProgramHasTheKeyboard) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window, 20'000));
     ASSERT_TRUE(key(QStringLiteral("d")));
     EXPECT_TRUE(eventually([this] { return pressed().contains(2); }));
-    key(QStringLiteral("Escape"));
-    key(QStringLiteral("Escape"));
-    ASSERT_TRUE(eventually([this] { return !runs(); }));
+    stop();
     note()->setFocus();
     ASSERT_TRUE(key(QStringLiteral("d")));
     EXPECT_TRUE(eventually([this] { return note()->text() == QStringLiteral("d"); })) << "no shift is stuck";
-}
-
-TEST_F(KeyboardWindow, closingTheWindowEndsTheRun) {
-    start();
-    window.close();
-    settle();
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, 20'000));
-    EXPECT_FALSE(runs());
-    ASSERT_TRUE(key(QStringLiteral("ctrl+q")));
-    EXPECT_TRUE(eventually([this] { return quits == 1; }));
-    EXPECT_THAT(pressed(), IsEmpty());
 }
 
 class DisplayWindow : public PageWindow {
@@ -302,16 +261,17 @@ TEST_F(DisplayWindow, realKeysAndClicksStepOverTheWholeScreen) {
         });
     };
     EXPECT_TRUE(showing(Qt::black));
-    ASSERT_TRUE(key(QStringLiteral("space")));
-    EXPECT_TRUE(showing(Qt::white));
-    ASSERT_TRUE(key(QStringLiteral("Right")));
-    EXPECT_TRUE(showing(QColor(255, 0, 0)));
-    ASSERT_TRUE(key(QStringLiteral("Left")));
-    EXPECT_TRUE(showing(Qt::white));
+    const QColor red(255, 0, 0);
+    const std::pair<const char*, QColor> steps[] = {
+        {"space", Qt::white}, {"Right", red}, {"Left", Qt::white}};
+    for (const auto& [name, color] : steps) {
+        ASSERT_TRUE(key(QString::fromLatin1(name)));
+        EXPECT_TRUE(showing(color)) << name;
+    }
     ASSERT_TRUE(key(QStringLiteral("ctrl+q")));
     ASSERT_TRUE(key(QStringLiteral("x")));
     ASSERT_TRUE(clickWith(colors()));
-    EXPECT_TRUE(showing(QColor(255, 0, 0)));
+    EXPECT_TRUE(showing(red));
     ASSERT_TRUE(key(QStringLiteral("Escape")));
     EXPECT_TRUE(eventually([] { return !colors(); }));
     EXPECT_EQ(state().display.shown.size(), 3u);

@@ -5,93 +5,56 @@
 namespace tessivo {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 constexpr KeyCode esc = 53, a = 0, shift = 56;
+constexpr auto down = KeyMark::press, up = KeyMark::release, held = KeyMark::repeat,
+               turned = KeyMark::modifierChange;
 
-class KeyCaptureTest : public ::testing::Test {
-protected:
-    void start() {
-        capture.start([this](KeyCode code) { seen.push_back(code); });
+TEST(KeyCapture, countsKeysAndEndsWithTwoEscInARow) {
+    const struct {
+        const char* what;
+        std::vector<std::pair<KeyMark, KeyCode>> events;
+        std::vector<KeyCode> seen;
+        bool running;
+        std::optional<KeyCode> flash;
+        int changes; ///< the start's included
+    } rows[] = {
+        {"held", {{down, a}, {down, esc}, {held, a}, {up, a}}, {a, esc}, true, esc, 3},
+        {"same key", {{down, a}, {up, a}, {down, a}}, {a, a}, true, a, 2},
+        {"modifier", {{turned, shift}, {down, a}, {turned, shift}}, {shift, a, shift}, true, shift, 4},
+        {"two Esc", {{down, esc}, {up, esc}, {down, esc}, {down, a}}, {esc, esc}, false, {}, 3},
+        {"repeat between", {{down, esc}, {held, a}, {up, a}, {down, esc}}, {esc, esc}, false, {}, 3},
+        {"key between", {{down, esc}, {down, a}, {down, esc}}, {esc, a, esc}, true, esc, 4},
+        {"modifier between", {{down, esc}, {turned, shift}, {down, esc}}, {esc, shift, esc}, true, esc, 4}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        int changes = 0;
+        std::vector<KeyCode> seen;
+        KeyCapture capture([&changes] { ++changes; });
+        capture.handle(down, a); // nothing runs yet
+        capture.start([&seen](KeyCode code) { seen.push_back(code); });
+        for (const auto& [mark, code] : row.events)
+            capture.handle(mark, code);
+        EXPECT_EQ(seen, row.seen);
+        EXPECT_EQ(capture.running(), row.running);
+        EXPECT_EQ(capture.flash(), row.flash);
+        EXPECT_EQ(changes, row.changes);
     }
-    void press(KeyCode code) {
-        capture.handle(KeyMark::press, code);
-        capture.handle(KeyMark::release, code);
-    }
-
-    int changes = 0;
-    KeyCapture capture{[this] { ++changes; }};
-    std::vector<KeyCode> seen;
-};
-
-TEST_F(KeyCaptureTest, aHeldKeyCountsOnceAndDoesNotFlash) {
-    start();
-    capture.handle(KeyMark::press, a);
-    press(esc);
-    capture.handle(KeyMark::repeat, a);
-    capture.handle(KeyMark::release, a);
-    EXPECT_THAT(seen, ElementsAre(a, esc));
-    EXPECT_EQ(capture.flash(), esc);
-    press(esc);
-    EXPECT_FALSE(capture.running()) << "a repeat between two Esc is no key between them";
 }
 
-TEST_F(KeyCaptureTest, aModifierCountsAtItsPressAndAtItsRelease) {
-    start();
-    press(esc);
-    capture.handle(KeyMark::modifierChange, shift);
-    EXPECT_EQ(capture.flash(), shift);
-    press(a);
-    capture.handle(KeyMark::modifierChange, shift);
-    EXPECT_THAT(seen, ElementsAre(esc, shift, a, shift));
-    EXPECT_EQ(capture.flash(), shift);
-}
-
-TEST_F(KeyCaptureTest, onlyTwoEscInARowStop) {
-    start();
-    press(esc);
-    press(a);
-    press(esc);
-    capture.handle(KeyMark::modifierChange, shift);
-    press(esc);
-    EXPECT_TRUE(capture.running());
-    press(esc);
-    EXPECT_FALSE(capture.running());
-    EXPECT_EQ(capture.flash(), std::nullopt);
-    EXPECT_THAT(seen, ElementsAre(esc, a, esc, shift, esc, esc)) << "the stopping Esc is recorded";
-}
-
-TEST_F(KeyCaptureTest, aRunBeginsWithoutTheKeysOfTheLast) {
-    press(a);
-    EXPECT_THAT(seen, IsEmpty()) << "nothing runs yet";
-    start();
-    press(esc);
+TEST(KeyCapture, aRunBeginsWithoutTheKeysOfTheLastAndMayEndFromItsHandler) {
+    KeyCapture capture;
+    capture.start([](KeyCode) {});
+    capture.handle(down, esc);
     capture.stop();
-    start();
-    press(esc);
+    capture.start([](KeyCode) {});
+    capture.handle(down, esc);
     EXPECT_TRUE(capture.running());
     // A start while running is none: the handler and the last key stay.
     capture.start([](KeyCode) { FAIL(); });
-    press(esc);
+    capture.handle(down, esc);
     EXPECT_FALSE(capture.running());
-}
-
-TEST_F(KeyCaptureTest, itTellsChangesOnly) {
-    start();
-    press(a);
-    EXPECT_EQ(changes, 2);
-    press(a);
-    capture.handle(KeyMark::repeat, a);
-    EXPECT_EQ(changes, 2) << "the same key flashes already";
-    capture.stop();
-    capture.stop();
-    EXPECT_EQ(changes, 3);
-}
-
-TEST_F(KeyCaptureTest, whoIsToldOfAKeyMayStop) {
-    capture.start([this](KeyCode) { capture.stop(); });
-    press(a);
+    capture.start([&capture](KeyCode) { capture.stop(); });
+    capture.handle(down, a);
     EXPECT_FALSE(capture.running());
     EXPECT_EQ(capture.flash(), std::nullopt);
 }

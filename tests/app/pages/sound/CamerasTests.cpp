@@ -3,7 +3,6 @@
 
 using namespace tessivo;
 using namespace tessivo::pagetest;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -12,10 +11,6 @@ const std::string faceTimeID = "47B4B64B-7067-4B9C-AD2B-AE273A71F4B5";
 
 class CamerasTests : public SoundFixture {
 protected:
-    void openPage() {
-        open(Page::cameras);
-        pass(0s);
-    }
     void send(const std::string& id, std::size_t frames) {
         ASSERT_TRUE(controls->sendFrames(id, frames));
         pass(250ms);
@@ -26,36 +21,30 @@ protected:
 } // namespace
 
 TEST_F(CamerasTests, fourFramesAndAnAnswerPassAndNothingLess) {
-    openPage();
+    open(Page::cameras);
     EXPECT_EQ(preview(), nullptr);
     EXPECT_TRUE(press(faceTime, "Picture looks right"));
     EXPECT_TRUE(shown("Not run")) << "an answer without a picture proves nothing";
     EXPECT_TRUE(press(faceTime, "Open Camera"));
     send(faceTimeID, 3);
     pass(60s);
-    EXPECT_FALSE(state().cameras[0].framesSeen);
-    EXPECT_FALSE(shown("Sending a picture"));
+    EXPECT_FALSE(state().cameras[0].framesSeen || shown("Sending a picture"));
     send(faceTimeID, 1);
-    EXPECT_TRUE(state().cameras[0].framesSeen);
-    EXPECT_TRUE(shown("Sending a picture"));
-    EXPECT_TRUE(shown("Picture looked right"));
+    EXPECT_TRUE(shown("Sending a picture") && shown("Picture looked right"));
     EXPECT_TRUE(press(faceTime, "Problem"));
     EXPECT_TRUE(shown("Problem: FaceTime HD Camera"));
     EXPECT_TRUE(press(faceTime, "Problem"));
-    EXPECT_EQ(state().cameras[0].answer, ManualAnswer::unanswered) << "taken back";
-    EXPECT_TRUE(shown("Say how the picture looked"));
+    EXPECT_TRUE(shown("Say how the picture looked")) << "taken back";
     expectWhole();
 
     EXPECT_TRUE(press(faceTime, "Close Camera"));
-    EXPECT_EQ(preview(), nullptr);
-    EXPECT_FALSE(shown("Sending a picture"));
-    EXPECT_TRUE(released(faceTimeID));
+    EXPECT_TRUE(!preview() && !shown("Sending a picture") && released(faceTimeID));
     EXPECT_TRUE(press(faceTime, "Picture looks right")) << "the answer may come afterwards";
     EXPECT_TRUE(shown("Picture looked right"));
 }
 
 TEST_F(CamerasTests, theWholePictureIsShownLiveAndNeverLargerThanItsRoom) {
-    openPage();
+    open(Page::cameras);
     EXPECT_TRUE(press(faceTime, "Open Camera"));
     ASSERT_NE(preview(), nullptr);
     const auto pixel = [this](double x, double y) {
@@ -80,24 +69,17 @@ TEST_F(CamerasTests, theWholePictureIsShownLiveAndNeverLargerThanItsRoom) {
 
 TEST_F(CamerasTests, aSecondCameraProvesItselfAnew) {
     controls->addDevice(MediaType::video, {"usb", "USB Camera"});
-    openPage();
+    open(Page::cameras);
     EXPECT_TRUE(press(faceTime, "Open Camera"));
     send(faceTimeID, 4);
-    EXPECT_TRUE(press("USB Camera", "Open Camera"));
-    EXPECT_FALSE(shown("Sending a picture"));
+    EXPECT_TRUE(press("USB Camera", "Open Camera") && released(faceTimeID));
+    EXPECT_NE(button(faceTime, "Open Camera"), nullptr);
+    EXPECT_FALSE(shown("Sending a picture") || state().cameras[1].framesSeen);
     EXPECT_TRUE(state().cameras[0].framesSeen);
-    EXPECT_FALSE(state().cameras[1].framesSeen);
     EXPECT_EQ(view->findChildren<CameraPreview*>().size(), 1);
     send("usb", 4);
-    EXPECT_TRUE(state().cameras[1].framesSeen);
     EXPECT_TRUE(press("USB Camera", "Picture looks right"));
     EXPECT_TRUE(shown("Say how the picture looked")) << "the first is still unanswered";
     EXPECT_TRUE(press(faceTime, "Picture looks right"));
     EXPECT_TRUE(shown("All 2 cameras looked right"));
-
-    controls->removeDevice(MediaType::video, "usb");
-    pass(5s);
-    EXPECT_TRUE(press("USB Camera", "Close Camera")) << "a camera that drops out can be closed";
-    openPage();
-    EXPECT_TRUE(shown("Picture looked right"));
 }

@@ -3,23 +3,18 @@
 
 using namespace tessivo;
 using namespace tessivo::pagetest;
-using namespace std::chrono_literals;
 
 namespace {
 
-const std::string builtIn = "MacBook Air Microphone";
+const std::string builtIn = "MacBook Air Microphone", usb = "USB Microphone";
 const std::string builtInID = "BuiltInMicrophoneDevice";
 
 class MicrophonesTests : public SoundFixture {
 protected:
     void SetUp() override {
         SoundFixture::SetUp();
-        controls->addDevice(MediaType::audio, {"usb", "USB Microphone"});
-        openPage();
-    }
-    void openPage() {
+        controls->addDevice(MediaType::audio, {"usb", usb});
         open(Page::microphones);
-        pass(0s);
     }
     LevelBar* meter(const std::string& microphone) {
         return findByName<LevelBar>(view.get(), QString::fromStdString(microphone), "Level");
@@ -32,7 +27,7 @@ protected:
         ASSERT_TRUE(controls->speak(id, level));
         pass(100ms);
     }
-    std::optional<double> peak(std::size_t at = 0) { return state().microphones[at].peak; }
+    double peak(std::size_t at = 0) { return state().microphones[at].peak.value_or(0); }
     int verdicts(const char* verdict) {
         return int(shownTexts(view.get()).filter(QString::fromUtf8(verdict)).count());
     }
@@ -41,11 +36,9 @@ protected:
 } // namespace
 
 TEST_F(MicrophonesTests, theMeterFollowsTheSoundAndThePeakOnlyRises) {
-    EXPECT_TRUE(shown("Not run"));
     EXPECT_EQ(spoken(builtIn), "not listening");
     EXPECT_TRUE(press(builtIn, "Listen"));
     EXPECT_EQ(spoken(builtIn), "-160 decibels");
-
     struct {
         double level;
         double shownLevel;
@@ -62,59 +55,39 @@ TEST_F(MicrophonesTests, theMeterFollowsTheSoundAndThePeakOnlyRises) {
         hear(builtInID, level);
         EXPECT_NEAR(meter(builtIn)->level(), shownLevel, 0.001);
         EXPECT_EQ(spoken(builtIn), words);
-        EXPECT_NEAR(peak().value_or(0), highest, 0.01);
+        EXPECT_NEAR(peak(), highest, 0.01);
         EXPECT_EQ(verdicts("Picked up sound"), heard ? 1 : 0);
         EXPECT_EQ(verdicts("Too quiet so far"), heard ? 1 : 2);
-        EXPECT_EQ(spoken("USB Microphone"), "not listening");
+        EXPECT_EQ(spoken(usb), "not listening");
     }
-    EXPECT_TRUE(shown("Speak or clap near the Mac"));
-
     EXPECT_TRUE(press(builtIn, "Stop"));
     EXPECT_EQ(spoken(builtIn), "not listening");
     EXPECT_EQ(meter(builtIn)->level(), 0);
     EXPECT_TRUE(press(builtIn, "Listen"));
     hear(builtInID, -50);
-    EXPECT_NEAR(*peak(), -12, 0.01) << "kept from the earlier listen";
+    EXPECT_NEAR(peak(), -12, 0.01) << "kept from the earlier listen";
     expectWhole();
 }
 
 TEST_F(MicrophonesTests, allMicrophonesPassOneAfterTheOther) {
     EXPECT_TRUE(press(builtIn, "Listen"));
     hear(builtInID, -20);
-    EXPECT_TRUE(press("USB Microphone", "Listen"));
+    EXPECT_TRUE(press(usb, "Listen"));
     EXPECT_EQ(spoken(builtIn), "not listening");
     EXPECT_TRUE(released(builtInID));
     EXPECT_FALSE(controls->speak(builtInID, 0)) << "closed: nothing of it is heard";
     hear("usb", -34);
     EXPECT_TRUE(shown("All 2 microphones picked up sound"));
-    EXPECT_NEAR(*peak(0), -20, 0.01);
+    EXPECT_NEAR(peak(), -20, 0.01);
 
-    openPage();
-    EXPECT_EQ(verdicts("Picked up sound"), 2) << "readings outlive the page";
-    controls->removeDevice(MediaType::audio, "usb");
-    openPage();
-    EXPECT_TRUE(shown("Picked up sound"));
-    EXPECT_EQ(state().microphones.size(), 1u);
-}
-
-TEST_F(MicrophonesTests, aMicrophoneThatDropsOutWhileListeningCanBeStopped) {
-    EXPECT_TRUE(press("USB Microphone", "Listen"));
-    hear("usb", -20);
     controls->removeDevice(MediaType::audio, "usb");
     pass(5s);
-    EXPECT_EQ(spoken("USB Microphone"), "-20 decibels");
-    EXPECT_TRUE(press("USB Microphone", "Stop"));
-    EXPECT_NEAR(*peak(1), -20, 0.01);
-    EXPECT_TRUE(press(builtIn, "Listen"));
-    hear(builtInID, -20);
+    EXPECT_EQ(spoken(usb), "-34 decibels");
+    EXPECT_TRUE(press(usb, "Stop")) << "one that drops out can be stopped";
     EXPECT_EQ(verdicts("Picked up sound"), 2);
-}
-
-TEST_F(MicrophonesTests, aMicrophoneThatNeverOpenedWasNotTooQuiet) {
-    controls->setOpens(MediaType::audio, builtInID, false);
-    EXPECT_TRUE(press(builtIn, "Listen"));
-    EXPECT_EQ(verdicts("Too quiet so far"), 1) << "the other one's";
-    EXPECT_EQ(spoken(builtIn), "not listening");
+    open(Page::microphones);
+    EXPECT_TRUE(shown("Picked up sound")) << "readings outlive the page";
+    EXPECT_EQ(state().microphones.size(), 1u);
 }
 
 TEST_F(MicrophonesTests, aSessionBegunAnewTakesNoSoundOfTheOldOne) {

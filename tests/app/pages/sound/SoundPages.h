@@ -1,12 +1,13 @@
 #pragma once
 
-#include "app/controls/TextLabel.h"
 #include "tests/app/pages/PageFixture.h"
 
 #include <QAbstractButton>
 #include <thread>
 
 namespace tessivo::pagetest {
+
+using namespace std::chrono_literals;
 
 /// Names that devices have and nobody expects.
 inline const std::vector<std::string> oddNames = {
@@ -16,24 +17,22 @@ inline const std::vector<std::string> oddNames = {
 /// A page of blocks or rows, each a group named by its side or its device.
 class SoundFixture : public PageFixture {
 protected:
-    QAbstractButton* button(const std::string& group, const char* name) {
-        return findByName<QAbstractButton>(view.get(), QString::fromStdString(group),
-                                           QString::fromUtf8(name));
+    /// With the answer to the question for access, where the page asks.
+    void open(Page page) {
+        PageFixture::open(page);
+        pass(0s);
     }
-    bool press(const std::string& group, const char* name) { return click(button(group, name)); }
+    QAbstractButton* button(const std::string& group, const std::string& name) {
+        return findByName<QAbstractButton>(view.get(), QString::fromStdString(group),
+                                           QString::fromStdString(name));
+    }
+    bool press(const std::string& group, const std::string& name) { return click(button(group, name)); }
     using PageFixture::press;
+    bool shown(const std::string& text) { return PageFixture::shown(text.c_str()); }
 
     /// The capture queue opens and closes devices in its own time; "open" counts from the attempt on.
     bool opened(const std::string& device) { return becomes(device, true); }
     bool released(const std::string& device) { return becomes(device, false); }
-    /// What the Tab key reaches, in its order.
-    QStringList tabStops() {
-        QStringList stops;
-        for (QWidget* at = view->nextInFocusChain(); at != view.get(); at = at->nextInFocusChain())
-            if (at->focusPolicy() & Qt::TabFocus && at->isVisible() && at->isEnabled())
-                stops << accessibleNameOf(at);
-        return stops;
-    }
     /// Whether everything has a name, and room, at the first width and the smallest.
     void expectWhole() {
         for (const int width : {950, 620}) {
@@ -47,7 +46,7 @@ protected:
 private:
     bool becomes(const std::string& device, bool open) {
         for (int i = 0; i < 2000 && controls->isOpen(device) != open; ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            std::this_thread::sleep_for(1ms);
         return controls->isOpen(device) == open;
     }
 };
