@@ -70,8 +70,8 @@ struct Value {
 
     template <class Action>
     void forEachKey(Action action) const {
-        for (const auto& [key, value] : as<PropertyMap>())
-            action(key, Value{value, joinedPath(path, key)});
+        for (const auto& entry : as<PropertyMap>())
+            if (const auto value = find(entry.first)) action(entry.first, *value);
     }
 
     std::uint32_t number() const {

@@ -4,11 +4,9 @@
 #include "platform/simulated/SimulatedPlatform.h"
 #include "tests/TemporaryFolder.h"
 
-#include <fstream>
 #include <gmock/gmock.h>
 
 using namespace tessivo;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -32,13 +30,8 @@ TEST(MachineFile, aFaultIsNamedWithItsPath) {
         {R"({"sysctl": []})", "sysctl: expected an object"},
         {R"({"sysctl": {"hw.model": 5}})", "sysctl.hw.model: expected a text"},
         {R"({"operatingSystem": {"major": 15, "minor": 3}})", "operatingSystem.patch: missing"},
-        {R"({"operatingSystem": {"major": 15, "minor": 3.5, "patch": 0}})",
-         "operatingSystem.minor: expected a whole number"},
         {R"({"physicalMemory": -1})", "physicalMemory: out of range"},
         {R"({"physicalMemory": 18446744073709551615})", "physicalMemory: expected a whole number"},
-        {R"({"startupVolumeTotalCapacity": "245 GB"})",
-         "startupVolumeTotalCapacity: expected a whole number"},
-        {R"({"registry": {"IOUSBHostDevice": {}}})", "registry.IOUSBHostDevice: expected an array"},
         {R"({"registry": {"IOUSBHostDevice": [{}, {"properties": []}]}})",
          "registry.IOUSBHostDevice[1].properties: expected an object"},
         {R"({"registry": {"A": [{"parent": {"class": 1}}]}})", "registry.A[0].parent.class: expected a text"},
@@ -50,8 +43,6 @@ TEST(MachineFile, aFaultIsNamedWithItsPath) {
         {R"({"audio": {"devices": [{"id": 4294967296}]}})", "audio.devices[0].id: out of range"},
         {R"({"audio": {"devices": [{"id": 4, "properties": {"tran": "builtin"}}]}})",
          "audio.devices[0].properties.tran: expected a code of four letters"},
-        {R"({"audio": {"devices": [{"id": 4, "properties": {"jack": true}}]}})",
-         "audio.devices[0].properties.jack: expected a whole number"},
         {R"({"microphones": [{"localizedName": "Mic"}]})", "microphones[0].uniqueID: missing"},
         {R"({"cameras": [{"uniqueID": "c", "opens": 0}]})", "cameras[0].opens: expected a boolean"},
         {R"({"access": {"audio": "allowed"}})", "access.audio: unknown case \"allowed\""}};
@@ -59,49 +50,27 @@ TEST(MachineFile, aFaultIsNamedWithItsPath) {
         EXPECT_EQ(faultOf(row.json), row.fault) << row.json;
 }
 
-TEST(MachineFile, nullAndUnknownKeysArePassedOver) {
-    EXPECT_EQ(
-        faultOf(
-            R"({"sysctl": null, "future": [1], "audio": {"devices": [{"id": 2, "properties": {"abcd": 1}}]}})"),
-        "none");
-}
-
 TEST(MachineFile, whatTheFileLeavesOutIsAReadingThatFails) {
-    ManualScheduler clock;
-    SimulatedPlatform mac({}, clock);
-    EXPECT_FALSE(mac.machineFacts().sysctlbyname("hw.model"));
-    EXPECT_FALSE(mac.machineFacts().startupVolumeTotalCapacity());
-    EXPECT_FALSE(mac.registry().matchingServices("IOUSBHostDevice"));
-    EXPECT_FALSE(mac.powerSources().descriptions());
-    EXPECT_FALSE(mac.systemTools().run("/usr/bin/profiles", {}, {}));
-    EXPECT_FALSE(mac.audioObjects().propertyDataSize(AudioObjects::systemObject, 0x64657623, 0x676C6F62));
-    EXPECT_TRUE(mac.captureDevices().devices(MediaType::audio).empty());
-    EXPECT_EQ(mac.captureDevices().authorizationStatus(MediaType::video), AuthorizationStatus::notDetermined);
-    EXPECT_FALSE(mac.updateFramework().feedURL());
-}
-
-TEST(MachineFile, entriesKeepTheirPropertiesAndParents) {
-    ManualScheduler clock;
-    SimulatedPlatform mac(
-        parsePropertyMap(R"({"sysctl": {"hw.model": "Mac14,2"}, "registry": {"IONetworkInterface": [
-        {"class": "IOEthernetInterface", "properties": {"BSD Name": "en0", "IOBuiltin": true},
-         "parent": {"class": "BCM5701Enet", "properties": {"IOLinkStatus": 3}}},
-        {}]}})"),
-        clock);
-    EXPECT_EQ(mac.machineFacts().sysctlbyname("hw.model"), std::string("Mac14,2\0", 8));
-    const auto entries = mac.registry().matchingServices("IONetworkInterface");
-    ASSERT_TRUE(entries && entries->size() == 2);
-    EXPECT_EQ(boolean(*entries->at(0).properties, "IOBuiltin"), true);
-    EXPECT_EQ(entries->at(0).parent->className, "BCM5701Enet");
-    EXPECT_EQ(integer(*entries->at(0).parent->properties, "IOLinkStatus"), 3);
-    EXPECT_FALSE(entries->at(1).properties);
-    EXPECT_FALSE(entries->at(1).parent);
+    for (const char* json : {"{}", R"({"sysctl": null, "future": [1], "registry": {"IOUSBHostDevice": null},
+                       "audio": {"devices": null, "abcd": 1}})"}) {
+        ManualScheduler clock;
+        SimulatedPlatform mac(parsePropertyMap(json), clock);
+        EXPECT_FALSE(mac.machineFacts().sysctlbyname("hw.model"));
+        EXPECT_FALSE(mac.machineFacts().startupVolumeTotalCapacity());
+        EXPECT_FALSE(mac.registry().matchingServices("AppleSmartBattery"));
+        EXPECT_FALSE(mac.powerSources().descriptions());
+        EXPECT_FALSE(mac.systemTools().run("/usr/bin/profiles", {}, {}));
+        EXPECT_FALSE(mac.audioObjects().propertyDataSize(AudioObjects::systemObject, 0x64657623, 0x676C6F62));
+        EXPECT_TRUE(mac.captureDevices().devices(MediaType::audio).empty());
+        EXPECT_EQ(mac.captureDevices().authorizationStatus(MediaType::video),
+                  AuthorizationStatus::notDetermined);
+    }
 }
 
 TEST(LoadMachineFile, everyFaultIsOneLineThatNamesTheFile) {
     const TemporaryFolder folder;
-    const auto path = folder.path() / "m.json";
-    const auto fault = [&](const std::filesystem::path& file) -> std::string {
+    const auto path = folder / "m.json";
+    const auto fault = [](const std::filesystem::path& file) -> std::string {
         try {
             loadMachineFile(file);
         } catch (const std::runtime_error& error) {
@@ -109,29 +78,17 @@ TEST(LoadMachineFile, everyFaultIsOneLineThatNamesTheFile) {
         }
         return "none";
     };
-    const auto write = [&](const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; };
-
     EXPECT_THAT(fault(path), StartsWith(path.string() + ": "));
     EXPECT_THAT(fault(folder.path()), StartsWith(folder.path().string() + ": "));
     for (const std::string& bytes :
          {std::string(), std::string("{"), std::string("[]"), std::string("{\"a\": \"\xFF\"}"),
-          std::string(100'000, '['), std::string(MachineFile::largestFile + 1, ' ')}) {
-        write(bytes);
-        EXPECT_THAT(fault(path), AllOf(StartsWith(path.string() + ": "), Not(HasSubstr("\n"))));
-    }
-    write(R"({"sysctl": {"hw.model": 5}})");
-    EXPECT_EQ(fault(path), path.string() + ": sysctl.hw.model: expected a text");
-    write(R"({"sysctl": {"hw.model": "Mac14,2"}})");
-    EXPECT_EQ(fault(path), "none");
-}
-
-TEST(LoadMachineFile, everyFileOfTheFolderLoads) {
-    std::size_t count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(TESSIVO_MACHINES)) {
-        EXPECT_NO_THROW(loadMachineFile(entry.path()));
-        ++count;
-    }
-    EXPECT_GE(count, 7u);
+          std::string(100'000, '['), std::string(MachineFile::largestFile + 1, ' ')})
+        EXPECT_THAT(fault(folder.write("m.json", bytes)),
+                    AllOf(StartsWith(path.string() + ": "), Not(HasSubstr("\n"))));
+    EXPECT_EQ(fault(folder.write("m.json", R"({"sysctl": {"hw.model": 5}})")),
+              path.string() + ": sysctl.hw.model: expected a text");
+    for (const auto& entry : std::filesystem::directory_iterator(TESSIVO_MACHINES))
+        EXPECT_EQ(fault(entry.path()), "none");
 }
 
 } // namespace
