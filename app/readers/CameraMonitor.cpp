@@ -2,7 +2,6 @@
 
 #include "app/readers/CaptureAccess.h"
 
-#include <QPointer>
 #include <utility>
 
 namespace tessivo {
