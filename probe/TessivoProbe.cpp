@@ -1,6 +1,7 @@
 #include "probe/ProbeCommands.h"
 
 #include <QGuiApplication>
+#include <csignal>
 #include <cstdio>
 
 int main(int argc, char** argv) {
@@ -10,6 +11,8 @@ int main(int argc, char** argv) {
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
         if (type == QtFatalMsg) std::fprintf(stderr, "tessivo-probe: %s\n", qPrintable(message));
     });
+    // A file that may not grow further is a fault to tell, as a full disk is, and no reason to die.
+    std::signal(SIGXFSZ, SIG_IGN);
     // It draws PDFs and opens no window, with a display as without.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);

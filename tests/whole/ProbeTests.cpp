@@ -23,13 +23,17 @@ struct Outcome {
     std::string err;
 };
 
-Outcome probe(const QStringList& arguments, const QString& output = {}) {
+Outcome run(const QString& program, const QStringList& arguments, const QString& output = {}) {
     QProcess process;
     if (!output.isEmpty()) process.setStandardOutputFile(output);
-    process.start(TESSIVO_BUILD "/tessivo-probe", arguments);
+    process.start(program, arguments);
     if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit) return {};
     return {process.exitCode(), process.readAllStandardOutput().toStdString(),
             process.readAllStandardError().toStdString()};
+}
+
+Outcome probe(const QStringList& arguments, const QString& output = {}) {
+    return run(TESSIVO_BUILD "/tessivo-probe", arguments, output);
 }
 
 QString q(const std::filesystem::path& path) {
@@ -183,6 +187,10 @@ TEST(Probe, anOutputFileIsReplacedWholeOrLeft) {
     std::filesystem::create_symlink(file, folder / "link");
     EXPECT_EQ(probe({"report", "--as", "json", "--session", q(folder / "none"), "--output", q(file)}).status,
               1);
+    const Outcome limited = run("sh", {"-c", "ulimit -f 1; exec \"$0\" report --as text --output \"$1\"",
+                                       TESSIVO_BUILD "/tessivo-probe", q(file)});
+    EXPECT_EQ(limited.status, 1);
+    EXPECT_THAT(limited.err, HasSubstr("report.txt: File too large\n"));
     EXPECT_EQ(bytesOf(file), "before");
     EXPECT_EQ(probe({"report", "--as", "text", "--output", q(folder / "link")}).status, 0);
     EXPECT_THAT(bytesOf(file), EndsWith("to compare."));
