@@ -21,9 +21,8 @@ std::vector<std::string> machineFiles();
 QString poppler(const std::string& tool, const QStringList& options, const std::string& pdf);
 /// The text as a reader's eye takes it: runs of white space as one blank, pages in order.
 QString readText(const std::string& pdf);
-QString singleSpaced(const QString& text);
 
-/// Every line that a report's document holds, in order.
+/// Every line of the report's document, in order.
 QStringList linesOf(const ConditionReport& report, const std::string& timeZone);
 /// The first of the lines that isn't found behind the one before it; empty if all are in order.
 QString firstMissing(const QString& text, const QStringList& lines);
