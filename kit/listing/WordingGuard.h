@@ -24,7 +24,8 @@ struct GuardIssue {
 /// Compares a rewording with the write-up it was made from. Pure, any thread.
 namespace WordingGuard {
 
-/// Every finding in the guard's order; empty if the text passes.
+/// Every finding in the guard's order; empty if the text passes. Facts and numbers have to stand as they
+/// are; a claim is found however it is written, by whole words, unless the write-up makes it itself.
 std::vector<GuardIssue> check(const std::string& text, const ListingWriteUp& writeUp);
 
 /// The comparison form: lower case, straight quotes and dashes, no emphasis marks, single blanks.
