@@ -41,12 +41,9 @@ TEST(MachineFacts, captures) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.tree);
         const MachineInfo machine = read(*row.tree ? CapturedTree(row.tree) : CapturedTree());
-        EXPECT_EQ(machine.modelID, row.machine.modelID);
-        EXPECT_EQ(machine.serial, row.machine.serial);
-        EXPECT_EQ(machine.chip, row.machine.chip);
-        EXPECT_EQ(machine.memoryBytes, row.machine.memoryBytes);
-        EXPECT_EQ(machine.osVersion, row.machine.osVersion);
-        EXPECT_EQ(machine.storageBytes, row.machine.storageBytes);
+        EXPECT_EQ(machine, row.machine) << machine.modelID << " | " << machine.serial.value_or("-") << " | "
+                                        << machine.chip.value_or("-") << " | " << machine.memoryBytes << " | "
+                                        << machine.osVersion << " | " << machine.storageBytes.value_or(0);
     }
 }
 

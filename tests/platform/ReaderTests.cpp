@@ -74,6 +74,24 @@ TEST(Readers, aMachineTakesItsFallbacks) {
     }
 }
 
+TEST(Readers, audioOutputsComeInThePlatformsOrderWithWhatCanBeRead) {
+    Mac mac(R"({"audio": {"defaultOutput": 20, "devices": [
+        {"id": 40, "properties": {"stm#": 8, "tran": "bltn", "jack": 0, "ssrc": "hdpn", "lscn": {"hdpn": "A"}}},
+        {"id": 30, "properties": {"stm#": 0, "lnam": "Microphone"}},
+        {"id": 31, "properties": {"lnam": "Streams unread"}},
+        {"id": 20, "properties": {"stm#": 4, "tran": "usb ", "jack": 2, "ssrc": "line", "lnam": "Headset"}}]}})");
+    EXPECT_THAT(readAudioOutputs(mac.platform.audioObjects()),
+                ElementsAre(AudioOutputInfo{40, "Output", true, "hdpn", "A", false},
+                            AudioOutputInfo{20, "Headset", false, "line", std::nullopt, true}));
+    EXPECT_EQ(readDefaultOutputName(mac.platform.audioObjects()), "Headset");
+    for (const char* json : {"{}", R"({"audio": {"defaultOutput": 7}})", R"({"audio": {"devices": []}})"}) {
+        Mac silent{json};
+        EXPECT_TRUE(readAudioOutputs(silent.platform.audioObjects()).empty());
+        EXPECT_EQ(readAudioOutput(silent.platform.audioObjects(), 7), std::nullopt);
+        EXPECT_EQ(readDefaultOutputName(silent.platform.audioObjects()), std::nullopt);
+    }
+}
+
 TEST(MachineCapture, aReplayedComputerReadsLikeItself) {
     for (const char* name :
          {"macbook-pro-t2", "laptop-two-batteries", "desktop-raid", "apple-silicon", "network", "hostile"}) {

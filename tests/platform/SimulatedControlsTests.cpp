@@ -1,5 +1,4 @@
 #include "app/readers/Readers.h"
-#include "kit/hardware/PortChecklist.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedControls.h"
 #include "tests/TemporaryFolder.h"
@@ -62,19 +61,6 @@ TEST(SimulatedMac, anUnpluggedHubTakesWhatHangsBehindItAndNothingElse) {
     EXPECT_TRUE(mac.controls.unplugUSB(0x14100000));
     EXPECT_THAT(mac.usbNames(), ElementsAre("USB device", "Other port"));
     EXPECT_FALSE(mac.controls.unplugUSB(0x14100000));
-}
-
-TEST(SimulatedMac, aLinkRisesAndDrops) {
-    Mac mac("mac-mini-m4.json");
-    const auto ports = [&] {
-        return EthernetCheck::builtInPorts(readWiredInterfaces(mac.platform.registry()));
-    };
-    EXPECT_TRUE(mac.controls.raiseLink("en0", 2'500'000'000));
-    EXPECT_TRUE(ports().at(0).linkActive);
-    EXPECT_EQ(ports().at(0).speedText(), "2.5 Gb/s");
-    EXPECT_TRUE(mac.controls.dropLink("en0"));
-    EXPECT_FALSE(ports().at(0).linkActive);
-    EXPECT_FALSE(mac.controls.raiseLink("en77", 1));
 }
 
 TEST(SimulatedMac, headphonesComeAndGoInEitherForm) {
@@ -153,36 +139,6 @@ TEST(SimulatedMac, theEnrollmentToolAnswersIsMissingFloodsOrHangs) {
     EXPECT_EQ(answered.wait_for(20ms), std::future_status::timeout);
     mac.controls.setEnrolled(false);
     EXPECT_FALSE(answered.get()->isManaged());
-}
-
-TEST(SimulatedMac, aHandlerOfFingersMayStopThem) {
-    Mac mac;
-    std::vector<std::string> words;
-    mac.controls.touch({{0.5, 0.5}});
-    mac.platform.fingerTouches().start({nullptr, [&](const std::string& word) {
-                                            words.push_back(word);
-                                            mac.platform.fingerTouches().stop();
-                                        }});
-    mac.controls.touch({{0.25, 1}, {1, 0}});
-    mac.controls.gesture("force");
-    mac.controls.gesture("zoom");
-    EXPECT_THAT(words, ElementsAre("force"));
-    EXPECT_FALSE(mac.controls.trackpadIsWatched());
-}
-
-TEST(SimulatedMac, theWordingModelAnswersFailsAndWaitsAsScripted) {
-    Mac mac;
-    auto& wording = mac.controls.wording();
-    const auto model = mac.platform.wordingService().makeModel();
-    EXPECT_EQ(model->rewrite("be brief", "as it is"), "as it is");
-    wording.setAnswers({{"first"}, {.text = "no such luck", .fails = true}, {.text = "late", .waits = true}});
-    EXPECT_EQ(model->rewrite("", ""), "first");
-    EXPECT_THROW(model->rewrite("", ""), std::runtime_error);
-    auto late = std::async(std::launch::async, [&] { return model->rewrite("", "x"); });
-    EXPECT_EQ(late.wait_for(20ms), std::future_status::timeout);
-    wording.release();
-    EXPECT_EQ(late.get(), "late");
-    EXPECT_EQ(wording.calls().front().instructions, "be brief");
 }
 
 TEST(SimulatedStorage, aWriteThatFailsLeavesWhatWasThereAndAnIniFileLivesOn) {
