@@ -17,15 +17,13 @@ TestResult noBattery(std::optional<MacKind> kind) {
         return {TestID::battery,
                 TestStatus::checkByHand,
                 "No battery found. Check whether this model has one.",
-                {batteryHint},
-                {}};
+                {batteryHint}};
     if (*kind == MacKind::laptop)
         return {TestID::battery,
                 TestStatus::checkByHand,
                 "Couldn't read the battery here. Check by hand.",
-                {batteryHint},
-                {}};
-    return {TestID::battery, TestStatus::notIncluded, "None built in (desktop Macs have no battery)", {}, {}};
+                {batteryHint}};
+    return {TestID::battery, TestStatus::notIncluded, "None built in (desktop Macs have no battery)"};
 }
 
 std::vector<std::string> details(const BatteryReading& reading, std::optional<std::int64_t> health) {
@@ -52,7 +50,7 @@ std::vector<std::string> details(const BatteryReading& reading, std::optional<st
 } // namespace
 
 TestResult battery(const std::optional<BatteryReading>& reading, std::optional<MacKind> kind) {
-    if (!reading) return {TestID::battery, TestStatus::notRun, "Not read yet", {}, {}};
+    if (!reading) return {TestID::battery, TestStatus::notRun, "Not read yet"};
     if (!reading->present) return noBattery(kind);
 
     const std::optional<std::int64_t> health = reading->healthPercent();
@@ -63,33 +61,21 @@ TestResult battery(const std::optional<BatteryReading>& reading, std::optional<M
                  (*reading->cycleCount == 1 ? " charge cycle" : " charge cycles");
 
     if (reading->condition && reading->conditionWarns())
-        return {TestID::battery,
-                TestStatus::problem,
-                "macOS says the battery needs attention: " + *reading->condition,
-                std::move(lines),
-                {}};
+        return {TestID::battery, TestStatus::problem,
+                "macOS says the battery needs attention: " + *reading->condition, std::move(lines)};
     if (!health && reading->condition)
         return {TestID::battery,
                 reading->source == BatteryReading::Source::powerSources ? TestStatus::checkByHand
                                                                         : TestStatus::works,
-                "macOS condition: " + *reading->condition + cycles,
-                std::move(lines),
-                {}};
+                "macOS condition: " + *reading->condition + cycles, std::move(lines)};
     if (!health)
-        return {TestID::battery,
-                TestStatus::checkByHand,
-                "Battery found, but its health couldn't be read. Check by hand.",
-                std::move(lines),
-                {}};
+        return {TestID::battery, TestStatus::checkByHand,
+                "Battery found, but its health couldn't be read. Check by hand.", std::move(lines)};
 
     const std::string holds = "Holds " + std::to_string(*health) + "% of its charge when new" + cycles;
-    if (*health >= lowestGoodPercent)
-        return {TestID::battery, TestStatus::works, holds, std::move(lines), {}};
-    return {TestID::battery,
-            TestStatus::problem,
-            holds + ": under 80%, so expect shorter battery life",
-            std::move(lines),
-            {}};
+    if (*health >= lowestGoodPercent) return {TestID::battery, TestStatus::works, holds, std::move(lines)};
+    return {TestID::battery, TestStatus::problem, holds + ": under 80%, so expect shorter battery life",
+            std::move(lines)};
 }
 
 } // namespace tessivo::Rules

@@ -8,26 +8,17 @@ namespace {
 
 TestResult noDevice(TestID test, const std::string& word, std::optional<MacKind> kind) {
     if (!kind)
-        return {test,
-                TestStatus::checkByHand,
-                "No " + word + " found. Check whether this model has one.",
-                {},
-                {}};
+        return {test, TestStatus::checkByHand, "No " + word + " found. Check whether this model has one."};
     if (*kind == MacKind::desktop)
-        return {test,
-                TestStatus::notIncluded,
-                "None built in (Mac mini, Mac Studio and Mac Pro have none)",
-                {},
-                {}};
-    return {test, TestStatus::problem, "No " + word + " found", {}, {}};
+        return {test, TestStatus::notIncluded, "None built in (Mac mini, Mac Studio and Mac Pro have none)"};
+    return {test, TestStatus::problem, "No " + word + " found"};
 }
 
 TestResult accessDenied(TestID test, const std::string& device) {
     return {test,
             TestStatus::checkByHand,
             device + " access is off",
-            {"Turn on Tessivo in System Settings › Privacy & Security › " + device + ", then test again."},
-            {}};
+            {"Turn on Tessivo in System Settings › Privacy & Security › " + device + ", then test again."}};
 }
 
 std::string outcome(const MicReading& reading) {
@@ -48,7 +39,7 @@ std::string outcome(const CameraReading& reading) {
 TestResult microphones(const std::vector<MicReading>& readings, bool listed, bool denied,
                        std::optional<MacKind> kind) {
     if (denied) return accessDenied(TestID::microphones, "Microphone");
-    if (!listed) return {TestID::microphones, TestStatus::notRun, "Not run", {}, {}};
+    if (!listed) return {TestID::microphones, TestStatus::notRun, "Not run"};
     if (readings.empty()) return noDevice(TestID::microphones, "microphone", kind);
 
     std::vector<std::string> details;
@@ -59,32 +50,24 @@ TestResult microphones(const std::vector<MicReading>& readings, bool listed, boo
     }
 
     if (!failed.empty())
-        return {TestID::microphones,
-                TestStatus::problem,
-                "Couldn't open: " + Text::joined(failed, ", "),
-                std::move(details),
-                {}};
+        return {TestID::microphones, TestStatus::problem, "Couldn't open: " + Text::joined(failed, ", "),
+                std::move(details)};
     if (std::ranges::all_of(readings, &MicReading::heardSound))
-        return {TestID::microphones,
-                TestStatus::works,
+        return {TestID::microphones, TestStatus::works,
                 readings.size() == 1
                     ? "Picked up sound"
                     : "All " + std::to_string(readings.size()) + " microphones picked up sound",
-                std::move(details),
-                {}};
+                std::move(details)};
     if (std::ranges::any_of(readings, [](const MicReading& reading) { return reading.peak.has_value(); }))
-        return {TestID::microphones,
-                TestStatus::unfinished,
-                "Speak or clap near the Mac",
-                std::move(details),
-                {}};
-    return {TestID::microphones, TestStatus::notRun, "Not run", std::move(details), {}};
+        return {TestID::microphones, TestStatus::unfinished, "Speak or clap near the Mac",
+                std::move(details)};
+    return {TestID::microphones, TestStatus::notRun, "Not run", std::move(details)};
 }
 
 TestResult cameras(const std::vector<CameraReading>& readings, bool listed, bool denied,
                    std::optional<MacKind> kind) {
     if (denied) return accessDenied(TestID::cameras, "Camera");
-    if (!listed) return {TestID::cameras, TestStatus::notRun, "Not run", {}, {}};
+    if (!listed) return {TestID::cameras, TestStatus::notRun, "Not run"};
     if (readings.empty()) return noDevice(TestID::cameras, "camera", kind);
 
     std::vector<std::string> details;
@@ -95,24 +78,18 @@ TestResult cameras(const std::vector<CameraReading>& readings, bool listed, bool
     }
 
     if (!faults.empty())
-        return {TestID::cameras,
-                TestStatus::problem,
-                "Problem: " + Text::joined(faults, ", "),
-                std::move(details),
-                {}};
+        return {TestID::cameras, TestStatus::problem, "Problem: " + Text::joined(faults, ", "),
+                std::move(details)};
     if (std::ranges::all_of(readings, [](const CameraReading& reading) {
             return reading.framesSeen && reading.answer == ManualAnswer::works;
         }))
-        return {TestID::cameras,
-                TestStatus::works,
+        return {TestID::cameras, TestStatus::works,
                 readings.size() == 1 ? "Picture looked right"
                                      : "All " + std::to_string(readings.size()) + " cameras looked right",
-                std::move(details),
-                {}};
+                std::move(details)};
     if (std::ranges::any_of(readings, &CameraReading::framesSeen))
-        return {
-            TestID::cameras, TestStatus::unfinished, "Say how the picture looked", std::move(details), {}};
-    return {TestID::cameras, TestStatus::notRun, "Not run", std::move(details), {}};
+        return {TestID::cameras, TestStatus::unfinished, "Say how the picture looked", std::move(details)};
+    return {TestID::cameras, TestStatus::notRun, "Not run", std::move(details)};
 }
 
 } // namespace tessivo::Rules

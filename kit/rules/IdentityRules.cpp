@@ -20,44 +20,34 @@ TestResult identity(const MachineInfo& machine) {
                           " isn't in Tessivo's model list; About This Mac shows its name.");
 
     if (!machine.serial || machine.serial->empty())
-        return {TestID::identity,
-                TestStatus::checkByHand,
-                "Couldn't read the serial number. Apple menu › About This Mac shows it.",
-                std::move(details),
-                {}};
-    return {TestID::identity,
-            TestStatus::works,
-            (row ? row->name : machine.modelID) + ", serial " + *machine.serial,
-            std::move(details),
-            {}};
+        return {TestID::identity, TestStatus::checkByHand,
+                "Couldn't read the serial number. Apple menu › About This Mac shows it.", std::move(details)};
+    return {TestID::identity, TestStatus::works,
+            (row ? row->name : machine.modelID) + ", serial " + *machine.serial, std::move(details)};
 }
 
 TestResult enrollment(const std::optional<EnrollmentStatus>& enrollment, bool checked) {
-    if (!checked) return {TestID::enrollment, TestStatus::notRun, "Not read yet", {}, {}};
+    if (!checked) return {TestID::enrollment, TestStatus::notRun, "Not read yet"};
     if (!enrollment)
         return {
             TestID::enrollment,
             TestStatus::checkByHand,
             "Couldn't read it here. Check by hand.",
             {"Open System Settings › General › Device Management. A Mac that isn't managed lists no profiles "
-             "there."},
-            {}};
+             "there."}};
 
     std::vector<std::string> details = {std::string("Enrolled via DEP: ") +
                                             (enrollment->enrolledViaDEP ? "Yes" : "No"),
                                         "MDM enrollment: " + enrollment->mdmDetail};
     if (enrollment->isManaged())
         return {
-            TestID::enrollment,
-            TestStatus::problem,
+            TestID::enrollment, TestStatus::problem,
             "Enrolled in device management. An organization can control this Mac; ask the seller to have it "
             "released.",
-            std::move(details),
-            {}};
+            std::move(details)};
     details.push_back(
         "A Mac an organization owns can still enroll after it's erased. Ask where it came from.");
-    return {
-        TestID::enrollment, TestStatus::works, "Not enrolled in device management", std::move(details), {}};
+    return {TestID::enrollment, TestStatus::works, "Not enrolled in device management", std::move(details)};
 }
 
 TestResult activationLock(ActivationLockAnswer answer) {
@@ -66,23 +56,20 @@ TestResult activationLock(ActivationLockAnswer answer) {
         return {TestID::activationLock,
                 TestStatus::works,
                 "System Information showed Disabled",
-                {"Checked by hand in System Information."},
-                {}};
+                {"Checked by hand in System Information."}};
     case ActivationLockAnswer::enabled:
         return {
             TestID::activationLock,
             TestStatus::problem,
             "System Information showed Enabled",
-            {"The seller must turn off Find My and sign out of their Apple Account before handing it over."},
-            {}};
+            {"The seller must turn off Find My and sign out of their Apple Account before handing it over."}};
     case ActivationLockAnswer::unanswered:
         break;
     }
     return {TestID::activationLock,
             TestStatus::checkByHand,
             "Check by hand: apps can't read it.",
-            {activationLockHowTo},
-            {}};
+            {activationLockHowTo}};
 }
 
 } // namespace tessivo::Rules

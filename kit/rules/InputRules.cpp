@@ -28,7 +28,7 @@ std::string seen(bool met, const char* otherwise) {
 } // namespace
 
 TestResult keyboard(const KeyboardTest& test) {
-    if (!test.started()) return {TestID::keyboard, TestStatus::notRun, "Not run", {}, {}};
+    if (!test.started()) return {TestID::keyboard, TestStatus::notRun, "Not run"};
 
     const auto [done, total] = test.progress();
     const std::string count = std::to_string(done) + " of " + std::to_string(total) + " keys";
@@ -63,26 +63,20 @@ TestResult keyboard(const KeyboardTest& test) {
     }
 
     if (!faults.empty())
-        return {TestID::keyboard,
-                TestStatus::problem,
-                "Problem: " + Text::joined(faults, ", "),
-                std::move(details),
-                {}};
+        return {TestID::keyboard, TestStatus::problem, "Problem: " + Text::joined(faults, ", "),
+                std::move(details)};
     if (done != total || open > 0) {
         std::string summary = count;
         if (open > 0)
             summary += "; " + std::to_string(open) + (open == 1 ? " check" : " checks") + " by hand left";
-        return {TestID::keyboard, TestStatus::unfinished, std::move(summary), std::move(details), {}};
+        return {TestID::keyboard, TestStatus::unfinished, std::move(summary), std::move(details)};
     }
-    return {TestID::keyboard,
-            TestStatus::works,
-            "Every key works (" + std::to_string(done) + " keys, plus 3 checks by hand)",
-            std::move(details),
-            {}};
+    return {TestID::keyboard, TestStatus::works,
+            "Every key works (" + std::to_string(done) + " keys, plus 3 checks by hand)", std::move(details)};
 }
 
 TestResult trackpad(const TrackpadTest& test) {
-    if (!test.started()) return {TestID::trackpad, TestStatus::notRun, "Not run", {}, {}};
+    if (!test.started()) return {TestID::trackpad, TestStatus::notRun, "Not run"};
 
     const std::vector<TrackpadTest::Step> steps = test.steps();
     // Multiplied before it is divided: 23 cells are exactly 57.5 %, which a stored share isn't.
@@ -102,16 +96,10 @@ TestResult trackpad(const TrackpadTest& test) {
     for (const TrackpadTest::Step& step : steps)
         if (!step.met) open.push_back(step.name);
     if (open.empty())
-        return {TestID::trackpad,
-                TestStatus::works,
-                "Whole surface, click, secondary click and scrolling work",
-                std::move(details),
-                {}};
-    return {TestID::trackpad,
-            TestStatus::unfinished,
-            "Still to do: " + Text::lowercased(Text::joined(open, ", ")),
-            std::move(details),
-            {}};
+        return {TestID::trackpad, TestStatus::works,
+                "Whole surface, click, secondary click and scrolling work", std::move(details)};
+    return {TestID::trackpad, TestStatus::unfinished,
+            "Still to do: " + Text::lowercased(Text::joined(open, ", ")), std::move(details)};
 }
 
 TestResult display(const DisplayTest& test) {
@@ -125,23 +113,19 @@ TestResult display(const DisplayTest& test) {
 
     switch (test.answer) {
     case ManualAnswer::problem:
-        return {TestID::display, TestStatus::problem, "Dead or stuck pixels seen", std::move(details), {}};
+        return {TestID::display, TestStatus::problem, "Dead or stuck pixels seen", std::move(details)};
     case ManualAnswer::notPresent:
-        return {TestID::display, TestStatus::notIncluded, "No display", std::move(details), {}};
+        return {TestID::display, TestStatus::notIncluded, "No display", std::move(details)};
     case ManualAnswer::works:
-        return {TestID::display, TestStatus::works, "No dead or stuck pixels seen", std::move(details), {}};
+        return {TestID::display, TestStatus::works, "No dead or stuck pixels seen", std::move(details)};
     case ManualAnswer::unanswered:
         break;
     }
-    if (shown.empty()) return {TestID::display, TestStatus::notRun, "Not run", {}, {}};
+    if (shown.empty()) return {TestID::display, TestStatus::notRun, "Not run"};
     if (!test.allShown())
-        return {TestID::display,
-                TestStatus::unfinished,
-                std::to_string(shown.size()) + " of 6 colors shown",
-                std::move(details),
-                {}};
-    return {
-        TestID::display, TestStatus::unfinished, "Colors shown; answer what you saw", std::move(details), {}};
+        return {TestID::display, TestStatus::unfinished, std::to_string(shown.size()) + " of 6 colors shown",
+                std::move(details)};
+    return {TestID::display, TestStatus::unfinished, "Colors shown; answer what you saw", std::move(details)};
 }
 
 } // namespace tessivo::Rules

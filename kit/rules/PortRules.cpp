@@ -22,7 +22,7 @@ std::string outcome(const PortSlot& slot) {
 TestResult ports(const std::vector<PortSlot>& slots) {
     const bool started = std::ranges::any_of(
         slots, [](const PortSlot& slot) { return slot.device || slot.answer != ManualAnswer::unanswered; });
-    if (!started) return {TestID::ports, TestStatus::notRun, "Not run", {}, {}};
+    if (!started) return {TestID::ports, TestStatus::notRun, "Not run"};
 
     std::vector<std::string> details;
     std::vector<std::string> faults;
@@ -34,22 +34,16 @@ TestResult ports(const std::vector<PortSlot>& slots) {
     const std::string count = std::to_string(slots.size());
 
     if (!faults.empty())
-        return {TestID::ports,
-                TestStatus::problem,
-                "Nothing showed up on " + Text::joined(faults, ", "),
-                std::move(details),
-                {}};
+        return {TestID::ports, TestStatus::problem, "Nothing showed up on " + Text::joined(faults, ", "),
+                std::move(details)};
     if (tried == slots.size())
-        return {TestID::ports, TestStatus::works, "All " + count + " ports worked", std::move(details), {}};
-    return {TestID::ports,
-            TestStatus::unfinished,
-            std::to_string(tried) + " of " + count + " ports tried",
-            std::move(details),
-            {}};
+        return {TestID::ports, TestStatus::works, "All " + count + " ports worked", std::move(details)};
+    return {TestID::ports, TestStatus::unfinished, std::to_string(tried) + " of " + count + " ports tried",
+            std::move(details)};
 }
 
 TestResult ethernet(const std::optional<EthernetTest>& test, std::optional<MacKind> kind) {
-    if (!test || !test->looked) return {TestID::ethernet, TestStatus::notRun, "Not run", {}, {}};
+    if (!test || !test->looked) return {TestID::ethernet, TestStatus::notRun, "Not run"};
 
     if (test->linkSeenOn) {
         const std::optional<std::string> speed = EthernetCheck::speedText(test->linkSpeed);
@@ -57,18 +51,14 @@ TestResult ethernet(const std::optional<EthernetTest>& test, std::optional<MacKi
         if (speed) details.push_back("Link speed: " + *speed);
         details.push_back(test->cameUpWhileTesting ? "The link came up when the cable went in"
                                                    : "The link was already up when the test started");
-        return {TestID::ethernet,
-                TestStatus::works,
-                "A wired link came up" + (speed ? " at " + *speed : ""),
-                std::move(details),
-                {}};
+        return {TestID::ethernet, TestStatus::works, "A wired link came up" + (speed ? " at " + *speed : ""),
+                std::move(details)};
     }
     if (!test->ports.empty())
         return {TestID::ethernet,
                 TestStatus::unfinished,
                 "Plug in a cable from a router or switch",
-                {"Ports found: " + Text::joined(test->ports, ", "), "No wired link yet"},
-                {}};
+                {"Ports found: " + Text::joined(test->ports, ", "), "No wired link yet"}};
     return {
         TestID::ethernet,
         TestStatus::checkByHand,
@@ -76,8 +66,7 @@ TestResult ethernet(const std::optional<EthernetTest>& test, std::optional<MacKi
         {kind == MacKind::allInOne
              ? "Some iMacs have the port on the power adapter, and some have none: mark it not included if "
                "this one has none."
-             : "Mark it not included if this Mac has no Ethernet port."},
-        {}};
+             : "Mark it not included if this Mac has no Ethernet port."}};
 }
 
 } // namespace tessivo::Rules

@@ -37,7 +37,7 @@ TestResult finding(TestID test, const SessionState& state) {
     case TestID::battery:
         return battery(state.battery, state.kind());
     }
-    return {test, TestStatus::notRun, "Not run", {}, {}};
+    return {test, TestStatus::notRun, "Not run"};
 }
 
 } // namespace

@@ -46,26 +46,21 @@ TestResult speakers(const SpeakerTest& test) {
     if (test.outputName) details.push_back("Played through: " + *test.outputName);
 
     if (std::ranges::all_of(rows, [](const Row& row) { return row.answer == ManualAnswer::unanswered; }))
-        return {TestID::speakers, TestStatus::notRun, "Not run", {}, {}};
+        return {TestID::speakers, TestStatus::notRun, "Not run"};
     if (!faults.empty())
-        return {TestID::speakers,
-                TestStatus::problem,
-                "No clean sound: " + Text::lowercased(Text::joined(faults, ", ")),
-                std::move(details),
-                {}};
+        return {TestID::speakers, TestStatus::problem,
+                "No clean sound: " + Text::lowercased(Text::joined(faults, ", ")), std::move(details)};
     if (std::ranges::all_of(rows, [](const Row& row) { return row.answer == ManualAnswer::works; }))
-        return {TestID::speakers,
-                TestStatus::works,
+        return {TestID::speakers, TestStatus::works,
                 rows.size() == 1 ? "Tone heard clearly" : "Left and right tones heard clearly",
-                std::move(details),
-                {}};
-    return {TestID::speakers, TestStatus::unfinished, "Play the other side", std::move(details), {}};
+                std::move(details)};
+    return {TestID::speakers, TestStatus::unfinished, "Play the other side", std::move(details)};
 }
 
 TestResult headphones(const std::optional<HeadphoneTest>& test) {
     if (!test || (!test->detected && test->left == ManualAnswer::unanswered &&
                   test->right == ManualAnswer::unanswered))
-        return {TestID::headphones, TestStatus::notRun, "Not run", {}, {}};
+        return {TestID::headphones, TestStatus::notRun, "Not run"};
 
     std::vector<std::string> details;
     if (test->detected)
@@ -80,32 +75,22 @@ TestResult headphones(const std::optional<HeadphoneTest>& test) {
     if (test->left == ManualAnswer::problem) faults.push_back("left");
     if (test->right == ManualAnswer::problem) faults.push_back("right");
     if (!faults.empty())
-        return {TestID::headphones,
-                TestStatus::problem,
-                "No clean sound in the headphones: " + Text::joined(faults, ", "),
-                std::move(details),
-                {}};
+        return {TestID::headphones, TestStatus::problem,
+                "No clean sound in the headphones: " + Text::joined(faults, ", "), std::move(details)};
 
     if (test->left == ManualAnswer::works && test->right == ManualAnswer::works) {
         if (test->detected)
-            return {TestID::headphones,
-                    TestStatus::works,
+            return {TestID::headphones, TestStatus::works,
                     "Headphones detected in the jack; left and right tones heard clearly",
-                    std::move(details),
-                    {}};
+                    std::move(details)};
         // Tones also reach a person through Bluetooth or USB headphones: no proof of the jack.
         details.push_back("Make sure they were wired headphones in the jack, not Bluetooth or USB.");
-        return {TestID::headphones,
-                TestStatus::checkByHand,
-                "Tones heard, but the Mac didn't report headphones in the jack",
-                std::move(details),
-                {}};
+        return {TestID::headphones, TestStatus::checkByHand,
+                "Tones heard, but the Mac didn't report headphones in the jack", std::move(details)};
     }
-    return {TestID::headphones,
-            TestStatus::unfinished,
+    return {TestID::headphones, TestStatus::unfinished,
             test->detected ? "Headphones detected; play both sides" : "Plug wired headphones into the jack",
-            std::move(details),
-            {}};
+            std::move(details)};
 }
 
 } // namespace tessivo::Rules

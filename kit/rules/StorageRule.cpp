@@ -52,8 +52,7 @@ TestResult storage(std::optional<std::int64_t> bytes, const ModelSpec* row,
         return {TestID::storage,
                 TestStatus::checkByHand,
                 "Couldn't read the drive size",
-                {"Apple menu › About This Mac › More Info › Storage shows it."},
-                {}};
+                {"Apple menu › About This Mac › More Info › Storage shows it."}};
 
     const std::string measured = ByteText::bytes(*bytes, false);
     std::vector<std::string> details = {"macOS reports " + measured + " for the startup drive"};
@@ -68,14 +67,11 @@ TestResult storage(std::optional<std::int64_t> bytes, const ModelSpec* row,
     const std::optional<std::int64_t> size = StorageCheck::nearest(*bytes, row);
     if (!size) {
         details.push_back("The drive may be split into parts; Disk Utility shows them.");
-        return {TestID::storage,
-                TestStatus::checkByHand,
-                measured + " isn't a standard size",
-                std::move(details),
-                {}};
+        return {TestID::storage, TestStatus::checkByHand, measured + " isn't a standard size",
+                std::move(details)};
     }
     auto [status, summary] = verdict(*size, row, listed);
-    return {TestID::storage, status, std::move(summary), std::move(details), {}};
+    return {TestID::storage, status, std::move(summary), std::move(details)};
 }
 
 } // namespace tessivo::Rules

@@ -31,8 +31,8 @@ std::vector<std::string> words(std::string_view text);
 /// How many user-perceived characters the text has; CRLF and an emoji family count as one.
 std::size_t characterCount(std::string_view text);
 
-/// Whether the byte offset stands between two user-perceived characters (or at an end) and the
-/// user-perceived character before it, or after it, is a letter or a number in the Unicode sense.
+/// Whether the last, or the first, user-perceived character of the text is a letter or a number in the
+/// Unicode sense, whatever marks it carries. An empty text has neither.
 bool endsWithLetterOrNumber(std::string_view before);
 bool beginsWithLetterOrNumber(std::string_view after);
 
