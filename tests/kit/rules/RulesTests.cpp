@@ -31,52 +31,6 @@ TEST(Rules, onlyALaptopHasNoEthernetTest) {
     }
 }
 
-TEST(Rules, readEachTestFromItsOwnFields) {
-    SessionState state = newSession("Mac17,1");
-    state.machine.serial = "C02XX";
-    state.machine.storageBytes = 494'384'795'648;
-    state.listedStorageGB = 512;
-    state.enrollmentChecked = true;
-    state.enrollment = EnrollmentStatus{false, true, "Yes"};
-    state.activationLock = ActivationLockAnswer::enabled;
-    state.keyboard.press(0);
-    state.trackpad.clicked = true;
-    state.display.answer = ManualAnswer::problem;
-    state.speakers.right = ManualAnswer::problem;
-    state.headphones = HeadphoneTest{true, {}, ManualAnswer::works, ManualAnswer::works};
-    state.microphonesListed = state.camerasListed = true;
-    state.ports.slots[1].answer = ManualAnswer::problem;
-    state.ethernet = EthernetTest{true, {"en0"}, "en0", {}, false, {}};
-    state.battery = BatteryReading{};
-    const std::vector<std::string> expected = {
-        "works: Mac17,1, serial C02XX",
-        "problem: Enrolled in device management. An organization can control this Mac; ask the seller to "
-        "have it released.",
-        "problem: System Information showed Enabled",
-        "unfinished: 1 of 77 keys; 3 checks by hand left",
-        "unfinished: Still to do: whole surface, secondary click, two-finger scroll",
-        "problem: Dead or stuck pixels seen",
-        "problem: No clean sound: right speaker",
-        "works: Headphones detected in the jack; left and right tones heard clearly",
-        "checkByHand: No microphone found. Check whether this model has one.",
-        "checkByHand: No camera found. Check whether this model has one.",
-        "problem: Nothing showed up on Port 2",
-        "works: A wired link came up",
-        "works: 512 GB drive, as listed",
-        "checkByHand: No battery found. Check whether this model has one.",
-    };
-    std::vector<std::string> read;
-    for (TestResult result : Rules::results(state)) {
-        result.details.clear();
-        read.push_back(printed(result));
-    }
-    EXPECT_EQ(read, expected);
-
-    state.microphoneDenied = state.cameraDenied = true;
-    EXPECT_EQ(Rules::result(TestID::microphones, state).summary, "Microphone access is off");
-    EXPECT_EQ(Rules::result(TestID::cameras, state).summary, "Camera access is off");
-}
-
 TEST(Rules, anOverrideNeverMakesATestBetter) {
     const std::string works = "works: Fine | A detail";
     const std::string problem = "problem: Broken | A detail";
