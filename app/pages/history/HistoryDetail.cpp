@@ -10,27 +10,49 @@
 
 namespace tessivo {
 
+namespace {
+
+constexpr int narrow = 380; ///< below this width the buttons scroll with the sheet
+
+} // namespace
+
 HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
-    : QWidget(parent), m_sheet(new SheetView(this)) {
-    auto* actions = new ReportActions(
-        context, [this] { return m_report.value(); }, ReportActions::History::leave,
-        ReportActions::Shape::grid);
+    : QWidget(parent),
+      m_sheet(new SheetView(this)),
+      m_divider(new Divider),
+      m_bar(new QWidget),
+      m_actions(new ReportActions(
+          context, [this] { return m_report.value(); }, ReportActions::History::leave,
+          ReportActions::Shape::grid)) {
     auto* remove = new Button(tr("Delete"), QStringLiteral("trash"), Button::Kind::destructive);
-    actions->add(remove);
+    m_actions->add(remove);
     connect(remove, &Button::clicked, this, [this] {
         if (m_report) Q_EMIT deleteRequested(m_report->id);
     });
 
-    auto* bar = new QWidget;
-    auto* barLayout = new QVBoxLayout(bar);
+    m_bar->setAutoFillBackground(true);
+    auto* barLayout = new QVBoxLayout(m_bar);
     barLayout->setContentsMargins(Space::xxl, Space::xxl, Space::xxl, Space::xxl);
-    barLayout->addWidget(actions);
+    barLayout->addWidget(m_actions);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_sheet, 1);
-    column->addWidget(new Divider);
-    column->addWidget(bar);
+    column->addWidget(m_divider);
+    column->addWidget(m_bar);
+}
+
+void HistoryDetail::resizeEvent(QResizeEvent* event) {
+    const bool inSheet = width() < narrow;
+    if (inSheet == m_bar->isAncestorOf(m_actions)) {
+        if (inSheet)
+            m_sheet->add(m_actions, Space::xxl);
+        else
+            m_bar->layout()->addWidget(m_actions);
+        m_divider->setVisible(!inSheet);
+        m_bar->setVisible(!inSheet);
+    }
+    QWidget::resizeEvent(event);
 }
 
 void HistoryDetail::setReport(const ConditionReport& report) {

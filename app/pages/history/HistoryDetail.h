@@ -7,10 +7,12 @@
 
 namespace tessivo {
 
+class Divider;
 class ReportActions;
 class SheetView;
 
-/// One report of History on its sheet, with the buttons below it.
+/// One report of History on its sheet, with the buttons in a bar below it, or under the sheet where there is
+/// no room for a bar.
 class HistoryDetail final : public QWidget {
     Q_OBJECT
 
@@ -23,9 +25,15 @@ public:
 Q_SIGNALS:
     void deleteRequested(const tessivo::Uuid& id);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     std::optional<ConditionReport> m_report;
     SheetView* m_sheet;
+    Divider* m_divider;
+    QWidget* m_bar;
+    ReportActions* m_actions;
 };
 
 } // namespace tessivo

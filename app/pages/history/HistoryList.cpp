@@ -59,7 +59,7 @@ private:
     }
 
     static void paintHeader(QPainter& painter, const QRect& rect, const QModelIndex& index) {
-        const QRect area = rect.adjusted(Space::s, Space::xl - Space::xs, -Space::s, 0);
+        const QRect area = rect.adjusted(Space::s, Space::xs, -Space::s, 0);
         const QString serial = index.data(HistoryRows::serialRole).toString();
         const QFontMetrics metrics(Theme::current().font(TextRole::sidebarSection));
         // The name gives way; the serial number stays whole.
@@ -173,7 +173,7 @@ HistoryList::HistoryList(QWidget* parent) : QListView(parent), m_rows(new Histor
     setSelectionMode(QAbstractItemView::SingleSelection);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setViewportMargins(Space::m, 0, Space::m, Space::m);
+    setViewportMargins(Space::m, Space::xs, Space::m, Space::m);
     viewport()->setAutoFillBackground(false);
 }
 

@@ -7,8 +7,8 @@ namespace tessivo {
 
 namespace {
 
-// As narrow as three of them stand in 560, and two in 380.
-constexpr int gridButton = 181;
+// As narrow as three of them stand in a bar of 560 with its padding, and two in one of 380.
+constexpr int gridButton = 166;
 constexpr int columnButton = 160;
 
 } // namespace
@@ -21,7 +21,8 @@ ReportActions::ReportActions(const PageContext& context, Source report, History 
       m_history(history),
       m_buttons(new TileLayout(this, shape == Shape::grid ? gridButton : columnButton, Space::button)) {
     m_buttons->setMaximumColumns(shape == Shape::grid ? 3 : 1);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // As high as its rows need: a fixed height would be that of its natural width.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     addAction(tr("Save as PDF…"), "doc.richtext", &ReportActions::savePDF);

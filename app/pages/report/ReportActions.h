@@ -16,7 +16,7 @@ public:
     /// `keep` where a report that is saved as PDF or printed goes to History too; History's own reports are
     /// there already.
     enum class History { keep, leave };
-    /// `grid`: three buttons a row, two under 560 of width, one under 380.
+    /// `grid`: as many as three buttons a row.
     enum class Shape { column, grid };
 
     /// The report is asked for when a button is pressed, once for all that the button does with it.

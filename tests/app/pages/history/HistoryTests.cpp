@@ -60,7 +60,11 @@ TEST_F(HistoryTests, reportsStandByMacTheNewestFirst) {
     EXPECT_TRUE(shown("No report selected"));
     select(0);
     EXPECT_FALSE(list().selection()) << "a header can't be selected";
-    EXPECT_EQ(clippedControls(view.get()).join("\n"), "");
+    select(1);
+    for (const int width : {950, 780, 620, 950}) {
+        showAt(*view, QSize(width, 520));
+        EXPECT_EQ(clippedControls(view.get()).join("\n"), "") << width;
+    }
     EXPECT_EQ(unnamedControls(view.get()).join("\n"), "");
 }
 
