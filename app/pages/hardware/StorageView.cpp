@@ -49,11 +49,13 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
     add(panel);
     add(m_note, Space::heading);
     add(m_source, Space::heading, Qt::AlignLeft);
-    add(new TextLabel(
-            tr("macOS shows less than the drive's size (about 245 GB on a 256 GB drive), because some "
-               "of it holds the system's startup and recovery parts."),
-            TextRole::callout, ColorRole::text2),
-        Space::heading);
+    auto* shownLess = new TextLabel(
+        tr("macOS shows less than the drive's size (about 245 GB on a 256 GB drive), because some "
+           "of it holds the system's startup and recovery parts."),
+        TextRole::callout, ColorRole::text2);
+    add(shownLess, Space::heading);
+    for (TextLabel* words : {m_note, shownLess})
+        column().setMaximumItemWidth(words, theme().scaled(PageHead::howWidth));
 
     m_listing->setPreferredWidth(pickerWidth);
     auto* readAgain = new Button(tr("Read Again"));
