@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <unordered_map>
 
-namespace tessivo::KeyCodeTable {
+namespace tessivo {
 
 namespace {
 
@@ -57,7 +57,7 @@ std::unordered_map<std::uint32_t, KeyCode> buildTable() {
 
 } // namespace
 
-std::optional<KeyCode> virtualKeyCode(std::uint32_t scanCode, KeyboardLayout::ID layout) {
+std::optional<KeyCode> KeyCodeTable::virtualKeyCode(std::uint32_t scanCode, KeyboardLayout::ID layout) const {
     static const auto table = buildTable();
     const bool iso = layout == KeyboardLayout::ID::iso;
     if (scanCode == leftOfOne + scanCodeOffset) return iso ? section : grave;
@@ -67,4 +67,4 @@ std::optional<KeyCode> virtualKeyCode(std::uint32_t scanCode, KeyboardLayout::ID
     return entry->second;
 }
 
-} // namespace tessivo::KeyCodeTable
+} // namespace tessivo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/KeyCodeTable.h"
 #include "platform/Platform.h"
 #include "platform/QtScheduler.h"
 #include "platform/linux/LinuxAudioObjects.h"
@@ -7,7 +8,6 @@
 #include "platform/linux/LinuxDefaults.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/LinuxFingerTouches.h"
-#include "platform/linux/LinuxKeyCodes.h"
 #include "platform/linux/LinuxMachineFacts.h"
 #include "platform/linux/LinuxRegistry.h"
 #include "platform/linux/LinuxSystemTools.h"
@@ -50,7 +50,7 @@ private:
     LinuxAudioObjects m_audioObjects{m_soundServer};
     LinuxToneOutput m_toneOutput{m_soundServer};
     LinuxCaptureDevices m_captureDevices{m_soundServer};
-    LinuxKeyCodes m_keyCodes;
+    KeyCodeTable m_keyCodes;
     LinuxFingerTouches m_fingerTouches;
     LinuxDefaults m_defaults;
     LinuxFolders m_folders;

@@ -1,13 +1,6 @@
 #include "platform/simulated/SimulatedDesk.h"
 
-#include "platform/KeyCodeTable.h"
-
 namespace tessivo {
-
-std::optional<KeyCode> SimulatedKeyCodes::virtualKeyCode(std::uint32_t scanCode,
-                                                         KeyboardLayout::ID layout) const {
-    return KeyCodeTable::virtualKeyCode(scanCode, layout);
-}
 
 SimulatedDefaults::SimulatedDefaults(SimulatedMac& mac, const std::filesystem::path& file) : m_mac(mac) {
     if (file.empty()) return;

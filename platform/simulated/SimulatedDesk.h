@@ -32,12 +32,6 @@ private:
     SimulatedMac& m_mac;
 };
 
-/// The Mac's own key codes for this computer's scan codes.
-class SimulatedKeyCodes final : public KeyCodes {
-public:
-    std::optional<KeyCode> virtualKeyCode(std::uint32_t scanCode, KeyboardLayout::ID layout) const override;
-};
-
 class SimulatedFingers final : public FingerTouches {
 public:
     explicit SimulatedFingers(SimulatedMac& mac) : m_mac(mac) {}

@@ -1,5 +1,6 @@
 #include "platform/simulated/SimulatedPlatform.h"
 
+#include "platform/KeyCodeTable.h"
 #include "platform/simulated/SimulatedAudio.h"
 #include "platform/simulated/SimulatedCapture.h"
 #include "platform/simulated/SimulatedDesk.h"
@@ -25,7 +26,7 @@ struct SimulatedPlatform::Parts {
     SimulatedAudioObjects audioObjects{mac};
     SimulatedToneOutput toneOutput{mac};
     SimulatedCapture capture;
-    SimulatedKeyCodes keyCodes;
+    KeyCodeTable keyCodes;
     SimulatedFingers fingers{mac};
     SimulatedDefaults defaults;
     SimulatedFolders folders;

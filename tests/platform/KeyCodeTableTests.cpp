@@ -10,7 +10,7 @@ namespace {
 using ID = KeyboardLayout::ID;
 
 std::optional<KeyCode> code(int kernelCode, ID layout = ID::ansi) {
-    return KeyCodeTable::virtualKeyCode(std::uint32_t(kernelCode) + 8, layout);
+    return KeyCodeTable().virtualKeyCode(std::uint32_t(kernelCode) + 8, layout);
 }
 
 TEST(KeyCodeTable, everyKeyOfBothDiagramsHasAScanCodeAndNoTwoShareOne) {
@@ -43,7 +43,7 @@ TEST(KeyCodeTable, theTwoKeysThatAnISOKeyboardSwapsFollowTheLayout) {
 
 TEST(KeyCodeTable, whatIsNoKeyOfAMacHasNoCode) {
     for (const std::uint32_t scanCode : {0u, 7u, 8u, 255u, std::uint32_t(KEY_BRIGHTNESSUP) + 8, 0xFFFFFFFFu})
-        EXPECT_FALSE(KeyCodeTable::virtualKeyCode(scanCode, ID::ansi)) << scanCode;
+        EXPECT_FALSE(KeyCodeTable().virtualKeyCode(scanCode, ID::ansi)) << scanCode;
 }
 
 } // namespace
