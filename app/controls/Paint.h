@@ -25,8 +25,16 @@ inline void paintRounded(QPainter& painter, const QRectF& rect, double corner, c
     painter.drawRoundedRect(inner, corner - half, corner - half);
 }
 
-/// The line inside the edge of every card.
-inline void paintHairline(QPainter& painter, const QWidget& card, double corner) {
+/// A card's surface and the line inside its edge. Where what changed lies within the edge, as a badge does,
+/// only that much of the surface.
+inline void paintCard(QPainter& painter, const QWidget& card, const QRect& changed, double corner,
+                      const QColor& fill) {
+    const int round = int(std::ceil(corner));
+    if (card.rect().adjusted(round, 1, -round, -1).contains(changed)) {
+        painter.fillRect(changed, fill);
+        return;
+    }
+    paintRounded(painter, card.rect(), corner, fill);
     paintRounded(painter, card.rect(), corner, {}, theme().color(ColorRole::text1, 8),
                  card.devicePixelRatioF() >= 2 ? 0.5 : 1);
 }

@@ -2,6 +2,8 @@
 
 #include "app/controls/Paint.h"
 
+#include <QPaintEvent>
+
 namespace tessivo {
 Divider::Divider(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -56,12 +58,11 @@ void Panel::setPadding(int horizontal, int vertical) {
     m_layout->setContentsMargins(horizontal, vertical, horizontal, vertical);
 }
 
-void Panel::paintEvent(QPaintEvent*) {
+void Panel::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const bool inner = m_kind == Kind::inner;
-    const double corner = inner ? Corner::innerPanel : Corner::panel;
-    paintRounded(painter, rect(), corner, theme().color(inner ? ColorRole::window : ColorRole::card));
-    paintHairline(painter, *this, corner);
+    paintCard(painter, *this, event->rect(), inner ? Corner::innerPanel : Corner::panel,
+              theme().color(inner ? ColorRole::window : ColorRole::card));
 }
 
 } // namespace tessivo

@@ -5,6 +5,8 @@
 #include "app/controls/Symbols.h"
 #include "app/controls/TextLabel.h"
 
+#include <QPaintEvent>
+
 namespace tessivo {
 namespace {
 
@@ -39,7 +41,7 @@ void Tile::setStatus(TestStatus status, const QString& summary) {
     m_status = status;
     m_summary->setText(summary);
     setToolTip(m_summary->isElided() ? summary : QString());
-    update();
+    update(glyphPlace());
     announceNameChange(this);
 }
 
@@ -54,6 +56,11 @@ QString Tile::spokenName() const {
 
 int Tile::textLeft() const {
     return padding + theme().scaled(SymbolSize::tile) + symbolGap;
+}
+
+QRect Tile::glyphPlace() const {
+    const int side = theme().scaled(SymbolSize::tileGlyph);
+    return mirrored(*this, QRect(width() - padding - side, padding, side, side));
 }
 
 int Tile::heightForWidth(int) const {
@@ -79,20 +86,18 @@ void Tile::resizeEvent(QResizeEvent*) {
     setToolTip(m_summary->isElided() ? m_summary->text() : QString());
 }
 
-void Tile::paintEvent(QPaintEvent*) {
+void Tile::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setOpacity(opacityOf(*this));
-    paintRounded(painter, rect(), Corner::tile, theme().color(ColorRole::card));
+    paintCard(painter, *this, event->rect(), Corner::tile, theme().color(ColorRole::card));
     if (isDown() || isHovered())
         paintRounded(painter, rect(), Corner::tile, theme().color(ColorRole::text1, isDown() ? 9 : 5));
-    paintHairline(painter, *this, Corner::tile);
     const int side = theme().scaled(SymbolSize::tile);
     const int line = theme().lineHeight(TextRole::headline);
     drawSymbol(painter, mirrored(*this, QRect(padding, edge + (line - side) / 2, side, side)), m_symbol,
                theme().color(ColorRole::accent));
-    const int glyph = theme().scaled(SymbolSize::tileGlyph);
-    drawSymbol(painter, mirrored(*this, QRect(width() - padding - glyph, padding, glyph, glyph)),
-               QString::fromUtf8(symbol(m_status)), theme().color(glyphColor(m_status)));
+    drawSymbol(painter, glyphPlace(), QString::fromUtf8(symbol(m_status)),
+               theme().color(glyphColor(m_status)));
 }
 
 TileGrid::TileGrid(QWidget* parent, int minimumWidth, int gap, int maximumColumns)

@@ -36,6 +36,7 @@ protected:
 
 private:
     int textLeft() const;
+    QRect glyphPlace() const;
     QString m_title;
     QString m_symbol;
     TestStatus m_status = TestStatus::notRun;

@@ -2,6 +2,7 @@
 
 #include <QIcon>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -30,6 +31,8 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv, const QStr
     auto application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(usual);
     bringDrawings();
+    // A file that would grow past the system's limit is a failed write, which is told; not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     QApplication::setApplicationName(name);
     QApplication::setApplicationVersion(QStringLiteral(TESSIVO_VERSION));
     QApplication::setDesktopFileName(name.toLower().replace(u' ', u'-'));

@@ -215,6 +215,29 @@ TEST(TextLabel, showsMarkupAsTypedAndElidesWithItsWholeText) {
     EXPECT_EQ(summary.heightForWidth(160), 36) << "its room stays";
 }
 
+TEST(TextLabel, aLineStandsWhereItIsAlignedWhateverItsWidthWasBefore) {
+    const std::pair<Qt::Alignment, double> rows[] = {
+        {Qt::AlignLeft, 0}, {Qt::AlignHCenter, 0.5}, {Qt::AlignRight, 1}};
+    for (const auto& [alignment, place] : rows) {
+        TextLabel label(text("Cameras"));
+        label.setAlignment(alignment);
+        const int words = label.sizeHint().width();
+        for (const int width : {120, 400, 200}) {
+            showAt(label, {width, 20});
+            const QImage image = label.grab().toImage();
+            int first = width, last = 0;
+            for (int x = 0; x < width; ++x)
+                for (int y = 0; y < image.height(); ++y)
+                    if (image.pixelColor(x, y) != image.pixelColor(0, 0)) {
+                        first = std::min(first, x);
+                        last = std::max(last, x);
+                    }
+            EXPECT_NEAR((first + last) / 2.0, words / 2.0 + place * (width - words), 2)
+                << place << ' ' << width;
+        }
+    }
+}
+
 TEST(TextLabel, aChangingCountStaysStill) {
     TextLabel count(text("11 of 77 keys"));
     count.setTabularDigits(true);
