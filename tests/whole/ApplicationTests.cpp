@@ -93,6 +93,8 @@ TEST_F(ApplicationTests, aBrokenSettingsFileIsReplacedByANewSession) {
 
 TEST_F(ApplicationTests, aSecondStartLeavesTheSessionToTheFirst) {
     start();
+    // The session and the notes are two writes.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return defaults().text("notes").has_value(); }, patience));
     const std::string before = bytesOf(settings());
     QProcess second;
     second.setProcessEnvironment(process.processEnvironment());
