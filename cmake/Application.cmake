@@ -15,7 +15,7 @@ target_compile_definitions(platform PUBLIC QT_NO_KEYWORDS)
 target_link_libraries(platform PUBLIC kit Qt6::Core Qt6::Gui Qt6::Multimedia Qt6::Network
     PRIVATE PkgConfig::PULSE PkgConfig::EVDEV)
 set_target_properties(platform PROPERTIES LINKER_LANGUAGE CXX)
-target_precompile_headers(platform PRIVATE cmake/KitPrecompiled.h <QtCore/QtCore> <QtGui/QtGui>)
+target_precompile_headers(platform PRIVATE cmake/PlatformPrecompiled.h)
 target_compile_definitions(platform PRIVATE
     TESSIVO_FEED_URL="${TESSIVO_FEED_URL}" TESSIVO_RELEASES_URL="${TESSIVO_RELEASES_URL}")
 
