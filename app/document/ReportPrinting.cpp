@@ -1,9 +1,11 @@
 #include "app/document/ReportPrinting.h"
 
 #include "app/document/ReportDocument.h"
+#include "app/document/ReportFonts.h"
 #include "kit/support/Files.h"
 
 #include <QBuffer>
+#include <QFontInfo>
 #include <QLocale>
 #include <QPdfWriter>
 #include <stdexcept>
@@ -24,6 +26,9 @@ bool print(const ConditionReport& report, QPagedPaintDevice& device, const std::
 
 std::string pdf(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages,
                 const std::string& timeZone) {
+    // Without any, letters come out as boxes.
+    if (QFontInfo(ReportFonts::text(12)).family().isEmpty())
+        throw std::runtime_error("there is no font to set the report in");
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);

@@ -25,16 +25,18 @@ QString offeredName(const ConditionReport& report, const char* extension) {
     return QString::fromStdString(report.baseFileName()) + QLatin1String(extension);
 }
 
+QString checkPlace() {
+    return QObject::tr("Check that there is room on the disk and that the folder can be written, "
+                       "then save it again.");
+}
+
 } // namespace
 
 bool savePDF(const PageContext& context, const ConditionReport& report, QWidget* parent) {
     const auto file = context.dialogs.savePath(parent, Dialogs::FileKind::pdf, offeredName(report, ".pdf"));
     if (!file) return false;
     if (ReportPrinting::savePDF(report, ReportPrinting::defaultPaper(), *file)) return true;
-    context.dialogs.inform(
-        parent, QObject::tr("The PDF couldn’t be saved"),
-        QObject::tr("Check that there is room on the disk and that the folder can be written, "
-                    "then save it again."));
+    context.dialogs.inform(parent, QObject::tr("The PDF couldn’t be saved"), checkPlace());
     return false;
 }
 
@@ -59,7 +61,7 @@ void saveFile(const PageContext& context, const ConditionReport& report, QWidget
     try {
         Files::writeAtomically(*file, HistoryStore::encode(report));
     } catch (const std::exception&) {
-        // Whoever saved it sees that there is no such file; the report itself is not lost.
+        context.dialogs.inform(parent, QObject::tr("The report file couldn’t be saved"), checkPlace());
     }
 }
 

@@ -13,7 +13,8 @@ bool savePDF(const PageContext& context, const ConditionReport& report, QWidget*
 void print(const PageContext& context, const ConditionReport& report, QWidget* parent);
 /// The plain text, in the current time zone, on the pasteboard.
 void copyText(const PageContext& context, const ConditionReport& report);
-/// The save panel and then the report file. A cancel and a failure are dropped in silence.
+/// The save panel and then the report file. A failure is told in a dialog, for who believes a file
+/// is there may erase what it was made from; a cancel is no error.
 void saveFile(const PageContext& context, const ConditionReport& report, QWidget* parent);
 
 } // namespace tessivo::ReportFlow

@@ -172,6 +172,16 @@ TEST(Probe, aFaultIsOneLineThatNamesTheFile) {
     EXPECT_THAT(full.err, HasSubstr("standard output"));
 }
 
+TEST(Probe, noPDFIsMadeOfBoxes) {
+    const TemporaryFolder folder;
+    const auto noFonts = folder.write("fonts.conf", "<fontconfig></fontconfig>");
+    const Outcome outcome = run("env", {"FONTCONFIG_FILE=" + q(noFonts), TESSIVO_BUILD "/tessivo-probe",
+                                        "report", "--as", "pdf", "--output", q(folder / "report.pdf")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, EndsWith("there is no font to set the report in\n"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "report.pdf"));
+}
+
 TEST(Probe, wrongUsage) {
     for (const char* line :
          {"", "reprot", "machine more", "report", "report --as", "report --as html",

@@ -123,7 +123,7 @@ TEST_F(ReportPageTests, eachActionTellsWhatItDidAndKeepsWhatItShould) {
         {"Save to History", "", 1, {}, "Saved to History.", 0},
         {"Save Report File…", "saved", 0, {"Chosen"}, "", 1},
         {"Save Report File…", "cancelled", 0, {}, "", 1},
-        {"Save Report File…", "failed", 0, {}, "", 1},
+        {"Save Report File…", "failed", 0, {}, "", 2},
     };
     for (const Row& row : rows) {
         const std::string when = row.when;
