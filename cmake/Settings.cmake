@@ -1,5 +1,7 @@
 # Warnings, sanitizers and the one set of flags that every target shares.
 set(CMAKE_CXX_FLAGS_DEV "-O1 -g1")
+# What optimising takes away no sanitizer sees; and it builds in half the time.
+set(CMAKE_CXX_FLAGS_CHECK "-O0 -g1")
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 add_library(tessivo_settings INTERFACE)
