@@ -28,7 +28,7 @@ AppModel::AppModel(Platform& platform, QObject* parent) : QObject(parent), m_pla
     restoreOrBegin();
     m_historyStore.folder = supportFolder(platform) / "History";
     // The window doesn't wait for a folder of thousands of reports.
-    m_listing = std::async(std::launch::async, [store = m_historyStore] { return store.list(); });
+    m_listing = std::async([store = m_historyStore] { return store.list(); });
 }
 
 AppModel::~AppModel() = default;

@@ -20,9 +20,11 @@ QString nameIn(const std::filesystem::path& folder, const char* name) {
 
 SingleInstance::SingleInstance(const std::filesystem::path& folder, QObject* parent)
     : QObject(parent), m_name(nameIn(folder, ".running")), m_lock(nameIn(folder, ".lock")) {
-    // However long it runs it keeps the lock; that of a process that is no more counts for nothing.
+    // However long it runs it keeps the lock; that of a process that is no more counts for nothing, whatever
+    // name this computer bore then. Removing fails while a process holds it.
     m_lock.setStaleLockTime(0);
-    m_first = m_lock.tryLock(0) || m_lock.error() != QLockFile::LockFailedError;
+    m_first = m_lock.tryLock(0) || m_lock.error() != QLockFile::LockFailedError ||
+              (m_lock.removeStaleLockFile() && m_lock.tryLock(0));
     if (!m_first) return;
     QLocalServer::removeServer(m_name);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);

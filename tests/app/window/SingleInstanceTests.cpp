@@ -25,6 +25,9 @@ TEST(SingleInstance, aSecondOneLeavesTheFolderToTheFirstAndCallsIt) {
     EXPECT_FALSE(SingleInstance(place).isFirst()) << "the second took nothing along";
     first.reset();
     EXPECT_TRUE(SingleInstance(place).isFirst());
+    // What a crash left behind before the computer was given another name.
+    folder.write("not/there yet/.lock", "1\ntessivo\nanother-name\nanother-machine\nanother-boot\n");
+    EXPECT_TRUE(SingleInstance(place).isFirst());
 
     EXPECT_TRUE(SingleInstance(folder.write("file", "") / "below").isFirst()) << "no folder, nobody kept off";
 }
