@@ -82,13 +82,7 @@ void MicrophoneRow::setReading(const MicReading* reading) {
     m_heard->setVisible(heard);
     m_verdict->setTextRole(heard ? TextRole::badge : TextRole::callout);
     m_verdict->setColorRole(heard ? ColorRole::green : ColorRole::text2);
-    if (heard)
-        m_verdict->setText(QStringLiteral("Picked up sound"));
-    else if (reading && reading->failed && !reading->peak)
-        // It was never heard, so it wasn't too quiet either.
-        m_verdict->setText({});
-    else
-        m_verdict->setText(QStringLiteral("Too quiet so far"));
+    m_verdict->setText(heard ? QStringLiteral("Picked up sound") : QStringLiteral("Too quiet so far"));
 }
 
 void MicrophoneRow::setLevel(std::optional<double> level) {

@@ -181,7 +181,7 @@ TEST_P(CapturePagesTests, aDeviceThatWontOpenOrHasGoneIsTold) {
         EXPECT_TRUE(failed());
         EXPECT_NE(button(is.device, is.open), nullptr) << "it can be tried again";
         EXPECT_TRUE(shown((audio ? "Couldn't open: " : "Problem: ") + is.device));
-        EXPECT_FALSE(shown("Too quiet so far")) << "it was never heard";
+        EXPECT_EQ(shown("Too quiet so far"), audio);
         openPage();
         EXPECT_EQ(readings(), gone ? 0u : 1u) << "a device that has gone loses its reading at the next look";
     }
