@@ -39,7 +39,7 @@ std::vector<std::string> details(const BatteryReading& reading, std::optional<st
                              : ""));
     if (reading.condition) lines.push_back("macOS condition: " + *reading.condition);
     if (reading.source == BatteryReading::Source::powerSources)
-        lines.push_back(std::string("The cycle count and capacity couldn't be read here. ") + batteryHint);
+        lines.push_back("The cycle count and capacity couldn't be read here. " + std::string(batteryHint));
     else
         lines.push_back(
             "System Settings › Battery › Battery Health shows Apple's own figure; it can differ by a "
