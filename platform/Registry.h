@@ -2,6 +2,7 @@
 
 #include "kit/support/Property.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,12 +10,19 @@
 
 namespace tessivo {
 
-/// One entry of the hardware registry: its class, its property map and the entry above it in the plane
-/// "IOService". Properties that couldn't be read are absent; a parent that couldn't be had is null.
+/// One entry of the hardware registry: its class and its property map. Properties that couldn't be read are
+/// absent.
 struct RegistryEntry {
     std::string className;
     std::optional<PropertyMap> properties;
-    std::shared_ptr<const RegistryEntry> parent;
+    /// Reads the entry above it in the plane "IOService"; see `parent`.
+    std::function<std::shared_ptr<const RegistryEntry>()> readParent;
+
+    /// The entry above, read at each call; null if there is none to be had.
+    std::shared_ptr<const RegistryEntry> parent() const { return readParent ? readParent() : nullptr; }
+    void setParent(RegistryEntry entry) {
+        readParent = [parent = std::make_shared<const RegistryEntry>(std::move(entry))] { return parent; };
+    }
 };
 
 /// The hardware registry: "IOPlatformExpertDevice", "AppleSmartBattery", "IOUSBHostDevice",

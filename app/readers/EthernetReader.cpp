@@ -9,11 +9,11 @@ std::vector<WiredInterface> readWiredInterfaces(const Registry& registry) {
     const auto services = registry.matchingServices("IONetworkInterface");
     if (!services) return interfaces;
     for (const RegistryEntry& service : *services) {
-        if (!service.properties || !service.parent) continue;
-        const RegistryEntry& controller = *service.parent;
+        const auto controller = service.properties ? service.parent() : nullptr;
+        if (!controller) continue;
         auto wired =
             WiredInterface::make(*service.properties, service.className,
-                                 controller.properties.value_or(PropertyMap()), controller.className);
+                                 controller->properties.value_or(PropertyMap()), controller->className);
         if (wired) interfaces.push_back(std::move(*wired));
     }
     std::stable_sort(

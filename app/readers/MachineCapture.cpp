@@ -29,19 +29,24 @@ PropertyMap sysctls(const MachineFacts& facts) {
 PropertyMap entryMap(const RegistryEntry& entry) {
     PropertyMap map{{"class", entry.className}};
     if (entry.properties) map["properties"] = *entry.properties;
-    if (entry.parent) map["parent"] = entryMap(*entry.parent);
     return map;
 }
 
 PropertyMap registryMap(const Registry& registry) {
     PropertyMap map;
+    const std::string network = "IONetworkInterface";
     for (const char* name :
-         {"IOPlatformExpertDevice", "AppleSmartBattery", "IOUSBHostDevice", "IONetworkInterface"}) {
+         {"IOPlatformExpertDevice", "AppleSmartBattery", "IOUSBHostDevice", network.c_str()}) {
         const auto entries = registry.matchingServices(name);
         if (!entries) continue;
         PropertyList list;
-        for (const RegistryEntry& entry : *entries)
-            list.push_back(entryMap(entry));
+        for (const RegistryEntry& entry : *entries) {
+            PropertyMap map = entryMap(entry);
+            // The one parent that a reading asks for.
+            const auto parent = name == network ? entry.parent() : nullptr;
+            if (parent) map["parent"] = entryMap(*parent);
+            list.push_back(map);
+        }
         map[name] = list;
     }
     return map;

@@ -106,11 +106,11 @@ RegistryEntry entry(const SystemTree& tree, const std::string& name, std::int64_
     RegistryEntry out;
     out.className = kind.className;
     out.properties = PropertyMap{{"BSD Name", Text::repaired(name)}, {"IOBuiltin", kind.builtIn}};
-    out.parent = std::make_shared<const RegistryEntry>(RegistryEntry{driver, link, nullptr});
+    out.setParent({driver, link, nullptr});
     // Gone while it was read.
     if (!tree.exists(interface + "/type")) {
         out.properties.reset();
-        out.parent.reset();
+        out.readParent = nullptr;
     }
     return out;
 }

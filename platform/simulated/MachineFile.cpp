@@ -97,8 +97,7 @@ RegistryEntry decodeEntry(const Value& value) {
     RegistryEntry entry;
     entry.className = value.optional<std::string>("class").value_or("");
     entry.properties = value.optional<PropertyMap>("properties");
-    if (const auto parent = value.find("parent"))
-        entry.parent = std::make_shared<const RegistryEntry>(decodeEntry(*parent));
+    if (const auto parent = value.find("parent")) entry.setParent(decodeEntry(*parent));
     return entry;
 }
 

@@ -84,11 +84,12 @@ bool SimulatedControls::setLink(const std::string& bsdName, std::int64_t status,
         return candidate.properties && text(*candidate.properties, "BSD Name") == bsdName;
     });
     if (entry == interfaces.end()) return false;
-    auto controller = entry->parent ? *entry->parent : RegistryEntry{};
+    const auto parent = entry->parent();
+    auto controller = parent ? *parent : RegistryEntry{};
     if (!controller.properties) controller.properties.emplace();
     (*controller.properties)["IOLinkStatus"] = status;
     (*controller.properties)["IOLinkSpeed"] = bitsPerSecond;
-    entry->parent = std::make_shared<const RegistryEntry>(std::move(controller));
+    entry->setParent(std::move(controller));
     return true;
 }
 
