@@ -60,6 +60,7 @@ if(NOT TESSIVO_WINDOWLESS)
     tessivo_test(whole TIMEOUT 600)
     # Its camera thread is handed work through Qt's event queue, whose lock the thread sanitizer can't see.
     tessivo_test(platform LABEL hardware)
+    include(cmake/MacTests.cmake)
 endif()
 tessivo_test(sound TIMEOUT 600)
 tessivo_test(threads TIMEOUT 600)

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Storage.h"
+
+namespace tessivo {
+
+/// The user's preferences of one application. A value of another type than the one asked for is absent, and
+/// stays until it is written over. A write that can't be stored puts the value before it back.
+class MacDefaults final : public Defaults {
+public:
+    explicit MacDefaults(std::string applicationID) : m_applicationID(std::move(applicationID)) {}
+
+    std::optional<std::string> data(const std::string& key) const override;
+    std::optional<std::string> text(const std::string& key) const override;
+    void setData(const std::string& key, const std::string& bytes) override;
+    void setText(const std::string& key, const std::string& text) override;
+
+private:
+    const std::string m_applicationID;
+};
+
+} // namespace tessivo

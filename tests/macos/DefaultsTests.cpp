@@ -1,0 +1,53 @@
+#include "tests/macos/MacFixture.h"
+
+namespace tessivo {
+namespace {
+
+class MacDefaultsTest : public Mac {
+protected:
+    StandIn::Object* stored(const std::string& key) {
+        const auto found = system.storedPreferences.find({"test.tessivo", key});
+        return found == system.storedPreferences.end() ? nullptr : found->second;
+    }
+    MacDefaults defaults{"test.tessivo"};
+};
+
+TEST_F(MacDefaultsTest, keepsDataAndTextsUnderItsOwnName) {
+    EXPECT_EQ(defaults.data("session"), std::nullopt);
+    const std::string bytes("{\"a\":\0\xff}", 8);
+    defaults.setData("session", bytes);
+    defaults.setText("notes", "N\xC3\xB6tig \xF0\x9F\x94\x8A");
+    EXPECT_EQ(MacDefaults("test.tessivo").data("session"), bytes);
+    EXPECT_EQ(MacDefaults("test.tessivo").text("notes"), "N\xC3\xB6tig \xF0\x9F\x94\x8A");
+    EXPECT_EQ(MacDefaults("test.other").data("session"), std::nullopt);
+    EXPECT_EQ(stored("session")->bytes, bytes);
+    defaults.setData("session", "");
+    EXPECT_EQ(defaults.data("session"), "");
+}
+
+TEST_F(MacDefaultsTest, aValueOfAnotherTypeIsAbsentAndStays) {
+    for (const Property& odd : {Property("text"), Property(5), Property(true), Property(PropertyMap{})}) {
+        StandIn::Object* object = system.keep(odd);
+        system.preferences[{"test.tessivo", "session"}] = object;
+        EXPECT_EQ(defaults.data("session"), std::nullopt);
+        EXPECT_EQ(system.preferences.at({"test.tessivo", "session"}), object);
+    }
+    defaults.setData("notes", "bytes");
+    EXPECT_EQ(defaults.text("notes"), std::nullopt);
+}
+
+TEST_F(MacDefaultsTest, aWriteThatFailsLeavesWhatWasThere) {
+    defaults.setData("session", "old");
+    system.beforeCall = [&](int number, const std::string& call) {
+        if (call == "CFPreferencesSynchronize") system.failCall(number), system.beforeCall = nullptr;
+    };
+    defaults.setData("session", "new");
+    EXPECT_EQ(defaults.data("session"), "old");
+    EXPECT_EQ(stored("session")->bytes, "old");
+    // No text at all: nothing is written.
+    defaults.setText("notes", "\xff");
+    EXPECT_EQ(stored("notes"), nullptr);
+}
+
+} // namespace
+} // namespace tessivo
