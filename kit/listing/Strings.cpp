@@ -2,9 +2,10 @@
 
 #include "kit/listing/Lang.h"
 #include "kit/support/Files.h"
+#include "kit/support/Json.h"
+#include "kit/support/JsonDocument.h"
 
 #include <exception>
-#include <simdjson.h>
 
 namespace tessivo::Strings {
 
@@ -62,16 +63,17 @@ std::map<std::string, std::string> loadTable(const std::vector<std::filesystem::
 }
 
 std::map<std::string, std::string> parseTable(std::string_view json) {
-    simdjson::dom::parser parser;
-    simdjson::dom::object object;
-    if (parser.parse(json.data(), json.size()).get(object)) return {};
-    std::map<std::string, std::string> table;
-    for (const auto [key, value] : object) {
-        std::string_view text;
-        if (value.get(text)) return {};
-        table.insert_or_assign(std::string(key), std::string(text));
+    try {
+        const Json::Document document(json);
+        std::map<std::string, std::string> table;
+        for (const Json::Value& field : document.root()) {
+            if (field.type != Json::Value::Type::text) return {};
+            table.insert_or_assign(std::string(field.key), std::string(field.text));
+        }
+        return table;
+    } catch (const DecodingError&) {
+        return {};
     }
-    return table;
 }
 
 std::string tr(const std::string& key, const std::vector<std::string>& arguments) {

@@ -3,21 +3,19 @@
 #include "kit/support/Date.h"
 #include "kit/support/Describe.h"
 #include "kit/support/Json.h"
+#include "kit/support/JsonDocument.h"
 #include "kit/support/Uuid.h"
 
-#include <cmath>
+#include <charconv>
 #include <concepts>
-#include <limits>
 #include <map>
-#include <memory>
 #include <set>
-#include <simdjson.h>
-#include <vector>
 
-/// Strict reading of described records. For the codecs of the kit alone: it brings the parser with it.
+/// Strict reading of described records.
 /// A key of a plain member is required, that of a std::optional is not; null counts as absent; unknown
 /// keys are passed over; of a key that stands twice the last one counts. Anything else that isn't what
-/// the record says throws DecodingError. A number written as 2.0 or 2e3 is a whole number.
+/// the record says throws DecodingError. A number written as 2.0 or 2e3 is a whole number,
+/// and one of any size may be read as a double.
 namespace tessivo::Json {
 
 /// Where in the document the reader is; a chain on the stack that is spelled out only for a fault.
@@ -37,40 +35,17 @@ private:
     bool m_isIndex = false;
 };
 
-/// A parsed document. Nesting beyond 1,000 levels, a lone surrogate and anything that isn't UTF-8 JSON are
-/// refused; a byte order mark is passed over.
-class Document {
-public:
-    enum class HugeNumbers {
-        refuse,      ///< a number that no 64 bits hold refuses the whole document
-        failTheirKey ///< it fails only the key that it stands under, if that is read at all
-    };
-
-    /// Throws DecodingError where the text isn't JSON.
-    Document(std::string_view text, HugeNumbers hugeNumbers);
-    ~Document();
-    Document(const Document&) = delete;
-    Document& operator=(const Document&) = delete;
-
-    simdjson::dom::element root() const { return m_root; }
-
-private:
-    std::unique_ptr<simdjson::dom::parser> m_parser;
-    simdjson::dom::element m_root;
-};
-
-/// The text of an element. Throws DecodingError when it isn't one.
-std::string_view readText(simdjson::dom::element element, const Path& path);
-double readDouble(simdjson::dom::element element, const Path& path);
-bool readBool(simdjson::dom::element element, const Path& path);
-/// A whole number from `least` to `most`.
-std::int64_t readSigned(simdjson::dom::element element, const Path& path, std::int64_t least,
-                        std::int64_t most);
-std::uint64_t readUnsigned(simdjson::dom::element element, const Path& path, std::uint64_t most);
-Date readDate(simdjson::dom::element element, const Path& path, DateForm form);
-Uuid readUuid(simdjson::dom::element element, const Path& path);
-simdjson::dom::array readArray(simdjson::dom::element element, const Path& path);
-simdjson::dom::object readObject(simdjson::dom::element element, const Path& path);
+/// What a value says. Each throws DecodingError where it is of another type.
+std::string_view readText(const Value& value, const Path& path);
+double readDouble(const Value& value, const Path& path);
+bool readBool(const Value& value, const Path& path);
+/// The plain digits of a whole number of any size.
+std::string readDigits(const Value& value, const Path& path);
+Date readDate(const Value& value, const Path& path, DateForm form);
+Uuid readUuid(const Value& value, const Path& path);
+/// The value itself, if it is a list or an object.
+const Value& readList(const Value& value, const Path& path);
+const Value& readObject(const Value& value, const Path& path);
 /// A text as it may stand in the message of a fault: short, quoted, on one line.
 std::string quoted(std::string_view text);
 
@@ -82,29 +57,35 @@ struct IsOptional<std::optional<T>> : std::true_type {};
 template <class T>
 class Reader {
 public:
-    static T read(simdjson::dom::element element, const Path& path, DateForm form) {
+    static T read(const Value& value, const Path& path, DateForm form) {
         if constexpr (std::same_as<T, bool>) {
-            return readBool(element, path);
-        } else if constexpr (std::signed_integral<T>) {
-            return T(readSigned(element, path, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
-        } else if constexpr (std::unsigned_integral<T>) {
-            return T(readUnsigned(element, path, std::numeric_limits<T>::max()));
+            return readBool(value, path);
+        } else if constexpr (std::integral<T>) {
+            return readWhole(value, path);
         } else if constexpr (std::same_as<T, double>) {
-            return readDouble(element, path);
+            return readDouble(value, path);
         } else if constexpr (std::same_as<T, std::string>) {
-            return std::string(readText(element, path));
+            return std::string(readText(value, path));
         } else if constexpr (std::same_as<T, Date>) {
-            return readDate(element, path, form);
+            return readDate(value, path, form);
         } else if constexpr (std::same_as<T, Uuid>) {
-            return readUuid(element, path);
+            return readUuid(value, path);
         } else if constexpr (std::is_enum_v<T>) {
-            return readCase(readText(element, path), path);
+            return readCase(readText(value, path), path);
         } else {
-            return readRecord(element, path, form);
+            return readRecord(value, path, form);
         }
     }
 
 private:
+    static T readWhole(const Value& value, const Path& path) {
+        const std::string digits = readDigits(value, path);
+        T number{};
+        if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ec != std::errc())
+            path.fail("out of range");
+        return number;
+    }
+
     static T readCase(std::string_view raw, const Path& path) {
         std::optional<T> found;
         boost::mp11::mp_for_each<boost::describe::describe_enumerators<T>>([&](auto described) {
@@ -114,22 +95,20 @@ private:
         return *found;
     }
 
-    static T readRecord(simdjson::dom::element element, const Path& path, DateForm form) {
+    static T readRecord(const Value& value, const Path& path, DateForm form) {
         using Members = boost::describe::describe_members<T, boost::describe::mod_any_access>;
         constexpr std::size_t count = boost::mp11::mp_size<Members>::value;
         static constexpr auto names = []<template <class...> class L, class... D>(L<D...>) {
             return std::array<std::string_view, count>{D::name...};
         }(Members{});
 
-        std::array<simdjson::dom::element, count> elements;
-        std::array<bool, count> found{};
+        std::array<const Value*, count> found{};
         std::size_t expected = 0;
-        for (const auto field : readObject(element, path)) {
+        for (const Value& field : readObject(value, path)) {
             for (std::size_t tried = 0; tried < count; ++tried) {
                 const std::size_t index = (expected + tried) % count;
                 if (field.key != names[index]) continue;
-                elements[index] = field.value;
-                found[index] = !field.value.is_null();
+                found[index] = field.type == Value::Type::null ? nullptr : &field;
                 expected = index + 1;
                 break;
             }
@@ -143,10 +122,10 @@ private:
             if constexpr (IsOptional<Member>::value) {
                 member.reset();
                 if (found[index])
-                    member = Reader<typename Member::value_type>::read(elements[index], here, form);
+                    member = Reader<typename Member::value_type>::read(*found[index], here, form);
             } else {
                 if (!found[index]) here.fail("missing");
-                member = Reader<Member>::read(elements[index], here, form);
+                member = Reader<Member>::read(*found[index], here, form);
             }
         });
         return record;
@@ -155,12 +134,10 @@ private:
 
 template <class T>
 struct Reader<std::vector<T>> {
-    static std::vector<T> read(simdjson::dom::element element, const Path& path, DateForm form) {
-        const auto array = readArray(element, path);
+    static std::vector<T> read(const Value& value, const Path& path, DateForm form) {
         std::vector<T> list;
-        list.reserve(std::min<std::size_t>(array.size(), 64)); // what a file claims buys no memory
         std::size_t index = 0;
-        for (const auto entry : array)
+        for (const Value& entry : readList(value, path))
             list.push_back(Reader<T>::read(entry, Path(path, index++), form));
         return list;
     }
@@ -168,10 +145,10 @@ struct Reader<std::vector<T>> {
 
 template <class T>
 struct Reader<std::set<T>> {
-    static std::set<T> read(simdjson::dom::element element, const Path& path, DateForm form) {
+    static std::set<T> read(const Value& value, const Path& path, DateForm form) {
         std::set<T> set;
         std::size_t index = 0;
-        for (const auto entry : readArray(element, path))
+        for (const Value& entry : readList(value, path))
             set.insert(Reader<T>::read(entry, Path(path, index++), form));
         return set;
     }
@@ -179,13 +156,14 @@ struct Reader<std::set<T>> {
 
 template <class T>
 struct Reader<std::map<std::string, T>> {
-    static std::map<std::string, T> read(simdjson::dom::element element, const Path& path, DateForm form) {
-        std::map<std::string, simdjson::dom::element> last;
-        for (const auto field : readObject(element, path))
-            last.insert_or_assign(std::string(field.key), field.value);
+    static std::map<std::string, T> read(const Value& value, const Path& path, DateForm form) {
+        std::map<std::string_view, const Value*> last;
+        for (const Value& field : readObject(value, path))
+            last.insert_or_assign(field.key, &field);
         std::map<std::string, T> map;
-        for (const auto& [key, value] : last) {
-            if (!value.is_null()) map.emplace(key, Reader<T>::read(value, Path(path, key), form));
+        for (const auto& [key, field] : last) {
+            if (field->type != Value::Type::null)
+                map.emplace(key, Reader<T>::read(*field, Path(path, key), form));
         }
         return map;
     }
@@ -195,11 +173,11 @@ struct Reader<std::map<std::string, T>> {
 template <class Enum, class T>
 requires std::is_enum_v<Enum>
 struct Reader<std::map<Enum, T>> {
-    static std::map<Enum, T> read(simdjson::dom::element element, const Path& path, DateForm form) {
+    static std::map<Enum, T> read(const Value& value, const Path& path, DateForm form) {
         std::map<Enum, T> map;
         std::optional<Enum> key;
         std::size_t index = 0;
-        for (const auto entry : readArray(element, path)) {
+        for (const Value& entry : readList(value, path)) {
             const Path here(path, index++);
             if (!key) {
                 key = Reader<Enum>::read(entry, here, form);
@@ -216,7 +194,7 @@ struct Reader<std::map<Enum, T>> {
 /// Reads a whole document as one record. Throws DecodingError.
 template <class T>
 T read(std::string_view text, DateForm form) {
-    const Document document(text, Document::HugeNumbers::failTheirKey);
+    const Document document(text);
     return Reader<T>::read(document.root(), Path(), form);
 }
 

@@ -3,44 +3,52 @@
 #include "kit/support/JsonReader.h"
 #include "kit/support/JsonWriter.h"
 
+#include <charconv>
+#include <cmath>
+
 namespace tessivo {
 
 namespace {
 
-using simdjson::dom::element_type;
+using Json::Value;
 
-PropertyMap readMap(simdjson::dom::object object, const Json::Path& path);
+PropertyMap readMap(const Value& object, const Json::Path& path);
 
-Property readProperty(simdjson::dom::element element, const Json::Path& path) {
-    switch (element.type()) {
-    case element_type::BOOL:
-        return bool(element);
-    case element_type::INT64:
-        return std::int64_t(element);
-    case element_type::UINT64:
-        return double(std::uint64_t(element));
-    case element_type::DOUBLE:
-        return double(element);
-    case element_type::STRING:
-        return std::string(Json::readText(element, path));
-    case element_type::OBJECT:
-        return readMap(element, path);
-    case element_type::ARRAY: {
+Property readNumber(const Value& value, const Json::Path& path) {
+    const std::string_view token = value.text;
+    if (token.find_first_of(".eE") == std::string_view::npos) {
+        std::int64_t whole = 0;
+        if (std::from_chars(token.data(), token.data() + token.size(), whole).ec == std::errc()) return whole;
+    }
+    return Json::readDouble(value, path);
+}
+
+Property readProperty(const Value& value, const Json::Path& path) {
+    switch (value.type) {
+    case Value::Type::boolean:
+        return Json::readBool(value, path);
+    case Value::Type::number:
+        return readNumber(value, path);
+    case Value::Type::text:
+        return std::string(value.text);
+    case Value::Type::object:
+        return readMap(value, path);
+    case Value::Type::list: {
         PropertyList list;
-        for (const auto entry : simdjson::dom::array(element))
+        for (const Value& entry : value)
             list.push_back(readProperty(entry, Json::Path(path, list.size())));
         return list;
     }
-    case element_type::NULL_VALUE:
+    case Value::Type::null:
         break;
     }
     return {};
 }
 
-PropertyMap readMap(simdjson::dom::object object, const Json::Path& path) {
+PropertyMap readMap(const Value& object, const Json::Path& path) {
     PropertyMap map;
-    for (const auto field : object)
-        map.insert_or_assign(std::string(field.key), readProperty(field.value, Json::Path(path, field.key)));
+    for (const Value& field : object)
+        map.insert_or_assign(std::string(field.key), readProperty(field, Json::Path(path, field.key)));
     return map;
 }
 
@@ -84,8 +92,8 @@ void write(Json::Writer& writer, const Property& property) {
 } // namespace
 
 PropertyMap parsePropertyMap(std::string_view json) {
-    const Json::Document document(json, Json::Document::HugeNumbers::refuse);
-    return readMap(Json::readObject(document.root(), {}), {});
+    const Json::Document document(json);
+    return readMap(document.root(), {});
 }
 
 std::string prettyText(const PropertyMap& map) {

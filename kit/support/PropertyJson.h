@@ -9,7 +9,7 @@ namespace tessivo {
 
 /// A property map from the JSON object that holds it. null is an empty value; a whole number beyond 64
 /// signed bits becomes a double; of a key that stands twice the last one counts. Throws DecodingError for
-/// anything that isn't one JSON object.
+/// anything that isn't one JSON object, and for a number beyond all doubles.
 PropertyMap parsePropertyMap(std::string_view json);
 
 /// The map as pretty JSON with sorted keys, which reads back as an equal map. A double that isn't finite,

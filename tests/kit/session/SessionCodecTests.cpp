@@ -95,6 +95,15 @@ TEST(SessionCodec, toleratesWhatOlderAndNewerVersionsWrite) {
     EXPECT_EQ(SessionState::decode(with(R"("name":"Stick")", R"("name":"Old","name":"Stick")")), state);
     EXPECT_EQ(SessionState::decode(with(R"("cycleCount":88)", R"("cycleCount":88.0)")), state);
     EXPECT_EQ(SessionState::decode(with(R"("cycleCount":88)", R"("cycleCount":8.8e1)")), state);
+    SessionState large = state;
+    large.battery->cycleCount = 10'000'000'000'000'000;
+    large.machine.memoryBytes = 18'446'744'073'709'551'615u;
+    large.microphones[0].peak = 1e20;
+    const std::string cycles = Text::replaced(large.encode(), ":10000000000000000,", ":1e16,");
+    EXPECT_EQ(SessionState::decode(Text::replaced(cycles, ":1e+20,", ":100000000000000000000,")), large);
+    EXPECT_EQ(SessionState::decode(
+                  Text::replaced(cycles, ":18446744073709551615,", ":1844674407370955161500.0e-2,")),
+              large);
     EXPECT_EQ(
         SessionState::decode(with(R"("overrides":[)", R"("overrides":["display",{"notIncluded":true},)")),
         state);
@@ -115,6 +124,10 @@ TEST(SessionCodec, everyOtherFaultLosesTheWholeAndNamesItsPath) {
         {R"("memoryBytes":8589934592)", R"("memoryBytes":-1)", "machine.memoryBytes: out of range"},
         {R"("memoryBytes":8589934592)", R"("memoryBytes":18446744073709551616)",
          "machine.memoryBytes: out of range"},
+        {R"("memoryBytes":8589934592)", R"("memoryBytes":1e99999999999999999999)",
+         "machine.memoryBytes: out of range"},
+        {R"("memoryBytes":8589934592)", R"("memoryBytes":9007199254740993.5)",
+         "machine.memoryBytes: not a whole number"},
         {R"("storageBytes":245107195904)", R"("storageBytes":9223372036854775808)",
          "machine.storageBytes: out of range"},
         {R"("locationID":338690048)", R"("locationID":4294967296)",

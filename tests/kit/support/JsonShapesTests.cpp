@@ -77,13 +77,13 @@ std::string readAsRecord(const std::string& json) {
     }
 }
 
-/// A number that no 64 bits hold refuses a map; a record passes over it under a key that it doesn't know.
+/// A number beyond all doubles refuses a map; a record passes over it under a key that it doesn't know.
 void expectOutcome(const std::string& json, const Shape& shape, const std::string& read) {
     SCOPED_TRACE(shape.text.substr(0, 60));
     const bool isRefused = shape.outcome.starts_with("✗");
     EXPECT_EQ(readAsRecord(json), isRefused ? shape.outcome : "read");
     if (shape.outcome == "too large") {
-        EXPECT_EQ(readAsMap(json), "✗ isn't JSON: a number is malformed or too large");
+        EXPECT_TRUE(readAsMap(json).ends_with(": out of range"));
     } else if (isRefused) {
         EXPECT_TRUE(readAsMap(json).starts_with("✗"));
     } else {
