@@ -157,7 +157,8 @@ std::string Date::longText(const std::string& locale, const std::string& timeZon
 
 std::string Date::shortText() const {
     // The narrow no-break space before AM and PM is missing from many fonts.
-    return Text::replaced(format(*this, Style::mediumDateShortTime, {}, userLocale(), {}), "\u202F", " ");
+    static thread_local const icu::Locale locale = userLocale("LC_TIME");
+    return Text::replaced(format(*this, Style::mediumDateShortTime, {}, locale, {}), "\u202F", " ");
 }
 
 std::string systemTimeZone() {

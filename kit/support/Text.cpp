@@ -9,7 +9,7 @@
 #include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
-#include <unicode/numfmt.h>
+#include <unicode/numberformatter.h>
 #include <unicode/uchar.h>
 #include <unicode/utext.h>
 #include <unicode/utf8.h>
@@ -249,16 +249,12 @@ std::string joined(const std::vector<std::string>& pieces, std::string_view sepa
 }
 
 std::string grouped(std::int64_t number) {
-    static thread_local const std::unique_ptr<icu::NumberFormat> format = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        return std::unique_ptr<icu::NumberFormat>(
-            icu::NumberFormat::createInstance(userLocale(), UNUM_DECIMAL, status));
-    }();
-    if (!format) return std::to_string(number);
-    icu::UnicodeString text;
+    static thread_local const auto format =
+        icu::number::NumberFormatter::withLocale(userLocale("LC_NUMERIC"));
+    UErrorCode status = U_ZERO_ERROR;
     std::string bytes;
-    format->format(number, text).toUTF8String(bytes);
-    return bytes;
+    format.formatInt(number, status).toString(status).toUTF8String(bytes);
+    return U_SUCCESS(status) ? bytes : std::to_string(number);
 }
 
 std::string whole(double value) {

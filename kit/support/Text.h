@@ -42,8 +42,8 @@ std::string replaced(std::string_view text, std::string_view what, std::string_v
 /// The pieces with the separator between them.
 std::string joined(const std::vector<std::string>& pieces, std::string_view separator);
 
-/// A whole number with the grouping of the user's locale: "4,103". A system without a locale groups
-/// as US English does.
+/// A whole number as the user's number formats have it: "4,103" in US English, "4103" but "10.000" in
+/// Spanish. A system without a locale groups as US English does.
 std::string grouped(std::int64_t number);
 
 /// Rounded half away from zero to a whole number; "%.1f" for tenths. Neither knows a locale.

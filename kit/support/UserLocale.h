@@ -1,16 +1,24 @@
 #pragma once
 
+#include <cstdlib>
 #include <string_view>
 #include <unicode/locid.h>
 
 namespace tessivo {
 
-/// The user's locale for dates and numbers. A system without one speaks US English with twists of its own
-/// (ICU's "en_US_POSIX"); people get plain US English. For the .cpp files of this folder alone.
-inline icu::Locale userLocale() {
-    const icu::Locale& locale = icu::Locale::getDefault();
-    const bool isNone = std::string_view(locale.getVariant()) == "POSIX" || *locale.getLanguage() == '\0';
-    return isNone ? icu::Locale::getUS() : locale;
+/// The user's locale for one kind of format, "LC_NUMERIC" or "LC_TIME": desktops let people set formats apart
+/// from the language. A system without a locale gives plain US English. For the .cpp files of this folder
+/// alone.
+inline icu::Locale userLocale(const char* category) {
+    for (const char* name : {"LC_ALL", category, "LANG"}) {
+        const char* value = std::getenv(name);
+        if (!value || !*value) continue;
+        const std::string_view text = value;
+        const std::string_view language = text.substr(0, text.find_first_of(".@"));
+        if (language == "C" || language == "POSIX") break;
+        return icu::Locale::createCanonical(value);
+    }
+    return icu::Locale::getUS();
 }
 
 } // namespace tessivo

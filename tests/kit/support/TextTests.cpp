@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
+#include <stdlib.h>
+#include <thread>
 
 namespace tessivo::Text {
 namespace {
@@ -85,6 +88,34 @@ TEST(Text, replacesAndJoins) {
     EXPECT_EQ(replaced("abc", "", "x"), "abc");
     EXPECT_EQ(joined({"a", "", "b"}, ", "), "a, , b");
     EXPECT_EQ(joined({}, ", "), "");
+}
+
+TEST(Text, groupsNumbersAsTheUsersFormatsDo) {
+    const struct {
+        const char *all, *numeric, *language, *texts;
+    } rows[] = {{"", "", "", "4,103 10,000"},
+                {"", "", "en_US.UTF-8", "4,103 10,000"},
+                {"", "es_ES.UTF-8", "en_US.UTF-8", "4103 10.000"}, // Spain leaves four digits alone
+                {"", "de_DE@euro", "en_US.UTF-8", "4.103 10.000"},
+                {"C.UTF-8", "es_ES.UTF-8", "es_ES.UTF-8", "4,103 10,000"},
+                {"es_MX.UTF-8", "es_ES.UTF-8", "de_DE.UTF-8", "4,103 10,000"},
+                {"", "C", "de_DE.UTF-8", "4,103 10,000"},
+                {"", "zz_ZZ", "", "4,103 10,000"}};
+    constexpr const char* names[] = {"LC_ALL", "LC_NUMERIC", "LANG"};
+    std::map<const char*, std::string> before;
+    for (const char* name : names)
+        if (const char* value = std::getenv(name)) before[name] = value;
+    for (const auto& [all, numeric, language, texts] : rows) {
+        ::setenv(names[0], all, 1);
+        ::setenv(names[1], numeric, 1);
+        ::setenv(names[2], language, 1);
+        std::string grouping;
+        // Each thread asks once for the user's formats.
+        std::thread([&] { grouping = grouped(4103) + ' ' + grouped(10'000); }).join();
+        EXPECT_EQ(grouping, texts) << all << '|' << numeric << '|' << language;
+    }
+    for (const char* name : names)
+        before.contains(name) ? ::setenv(name, before[name].c_str(), 1) : ::unsetenv(name);
 }
 
 TEST(Text, writesNumbers) {
