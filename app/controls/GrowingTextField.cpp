@@ -135,12 +135,13 @@ QString GrowingTextField::text() const {
 }
 
 void GrowingTextField::setText(const QString& text) {
-    if (text == this->text()) return;
+    const QString separated = toSeparators(text);
+    if (fromSeparators(separated) == this->text()) return;
     const bool wasQuiet = std::exchange(m_quiet, true);
     document()->setUndoRedoEnabled(false);
     QTextCursor all(document());
     all.select(QTextCursor::Document);
-    all.insertText(inBlocks(toSeparators(text)));
+    all.insertText(inBlocks(separated));
     document()->setUndoRedoEnabled(true);
     moveCursor(QTextCursor::Start);
     m_quiet = wasQuiet;

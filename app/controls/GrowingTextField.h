@@ -15,8 +15,10 @@ class GrowingTextField final : public QTextEdit, public FocusShape {
 public:
     explicit GrowingTextField(const QString& prompt = {}, QWidget* parent = nullptr);
 
+    /// The text with every line break as a line feed, whatever it came as.
     QString text() const;
-    /// Says nothing, and leaves cursor and undo alone when the text is the same.
+    /// Says nothing, and leaves cursor and undo alone when the text is the same but for the kind of its line
+    /// breaks.
     void setText(const QString& text);
     void setMaximumLines(int lines);
     /// A fixed height instead of growing; for the notes of the report.

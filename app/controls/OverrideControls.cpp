@@ -16,19 +16,21 @@ OverrideControls::OverrideControls(TestID test, QWidget* parent)
     layout->add(m_notIncluded, 0, Qt::AlignLeft);
     layout->add(m_note, PageHead::overrideInner);
     connect(m_notIncluded, &Checkbox::clicked, this, &OverrideControls::publish);
-    connect(m_note, &GrowingTextField::textEdited, this, &OverrideControls::publish);
+    connect(m_note, &GrowingTextField::textEdited, this, [this](const QString& note) {
+        m_problem = note.isEmpty() ? std::nullopt : std::optional(note.toStdString());
+        publish();
+    });
 }
 
 void OverrideControls::setOverride(const std::optional<UserOverride>& override) {
+    m_problem = override ? override->problem : std::nullopt;
     m_notIncluded->setChecked(override && override->notIncluded);
-    m_note->setText(override && override->problem ? QString::fromStdString(*override->problem) : QString());
+    m_note->setText(QString::fromStdString(m_problem.value_or("")));
 }
 
 void OverrideControls::publish() {
-    UserOverride override;
-    override.notIncluded = m_notIncluded->isChecked();
-    if (const QString note = m_note->text(); !note.isEmpty()) override.problem = note.toStdString();
-    const bool empty = !override.notIncluded && !override.problem;
+    const UserOverride override{m_notIncluded->isChecked(), m_problem};
+    const bool empty = !override.notIncluded && override.problem.value_or("").empty();
     Q_EMIT changed(empty ? std::nullopt : std::optional(override));
 }
 

@@ -5,6 +5,7 @@
 #include "kit/vocabulary/UserOverride.h"
 
 #include <optional>
+#include <string>
 
 namespace tessivo {
 
@@ -26,6 +27,7 @@ Q_SIGNALS:
 private:
     void publish();
 
+    std::optional<std::string> m_problem; ///< as it was given, until the person edits it
     Checkbox* m_notIncluded;
     GrowingTextField* m_note;
 };

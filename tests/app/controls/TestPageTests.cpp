@@ -93,6 +93,17 @@ TEST_F(TestPageTest, correctsTheResultByHand) {
     QTest::keyClick(note, Qt::Key_Delete);
     EXPECT_TRUE(click(box));
     EXPECT_EQ(ruled(), std::nullopt);
+
+    const std::string broken = "a\r\nb\u2028c\u2029d\u0085e\vf\rg\fh";
+    model.change([&](SessionState& state) { state.overrides[TestID::keyboard] = {false, broken}; });
+    note->moveCursor(QTextCursor::End);
+    EXPECT_TRUE(click(box));
+    EXPECT_EQ(ruled(), (UserOverride{true, broken})) << "a note of other line breaks isn't rewritten";
+    EXPECT_TRUE(click(box));
+    EXPECT_EQ(ruled(), (UserOverride{false, broken}));
+    EXPECT_TRUE(note->textCursor().atEnd()) << "nor set anew under the cursor";
+    type(note, text("!"));
+    EXPECT_EQ(ruled(), (UserOverride{false, "a\nb\nc\nd\u0085e\vf\ng\fh!"})) << "only editing does that";
 }
 
 TEST_F(TestPageTest, doesNoWorkForWhatItDoesNotShow) {
