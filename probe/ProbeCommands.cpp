@@ -120,7 +120,8 @@ void machine(const Arguments& arguments) {
 
 void report(const Arguments& arguments) {
     arguments.words(0);
-    const Format& form = format(arguments.need("--as"));
+    const std::string formatName = arguments.need("--as");
+    const Format& form = format(formatName);
     Report made;
     made.includeSerial = arguments.has("--serial");
     if (const auto zone = arguments.value("--time-zone")) {
