@@ -119,7 +119,8 @@ private:
     /// Up to the next value or bracket, without the blanks before it.
     static std::string_view numberToken(ondemand::value& value) {
         std::string_view token = value.raw_json_token();
-        token = token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
+        while (token.back() == ' ' || token.back() == '\n' || token.back() == '\r' || token.back() == '\t')
+            token.remove_suffix(1);
         if (!Number::isWellFormed(token)) throw DecodingError({}, "isn't JSON: a number is malformed");
         return token;
     }

@@ -81,7 +81,6 @@ bool isWellFormed(std::string_view token) {
 }
 
 std::optional<std::string> wholeDigits(std::string_view token) {
-    if (token.find_first_of(".eE") == std::string_view::npos && token != "-0") return std::string(token);
     Decimal decimal(token);
     if (decimal.digits.empty()) return "0";
     if (decimal.power < 0) return std::nullopt;

@@ -79,8 +79,13 @@ public:
 
 private:
     static T readWhole(const Value& value, const Path& path) {
-        const std::string digits = readDigits(value, path);
         T number{};
+        if (value.type == Value::Type::number) {
+            const auto end = value.text.data() + value.text.size();
+            const auto read = std::from_chars(value.text.data(), end, number);
+            if (read.ec == std::errc() && read.ptr == end) return number; // as nearly all are written
+        }
+        const std::string digits = readDigits(value, path);
         if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ec != std::errc())
             path.fail("out of range");
         return number;
