@@ -46,13 +46,15 @@ TestResult ethernet(const std::optional<EthernetTest>& test, std::optional<MacKi
     if (!test || !test->looked) return {TestID::ethernet, TestStatus::notRun, "Not run"};
 
     if (test->linkSeenOn) {
-        const std::optional<std::string> speed = EthernetCheck::speedText(test->linkSpeed);
+        std::string summary = "A wired link came up";
         std::vector<std::string> details = {"Port: " + *test->linkSeenOn};
-        if (speed) details.push_back("Link speed: " + *speed);
+        if (const auto speed = EthernetCheck::speedText(test->linkSpeed)) {
+            summary += " at " + *speed;
+            details.push_back("Link speed: " + *speed);
+        }
         details.push_back(test->cameUpWhileTesting ? "The link came up when the cable went in"
                                                    : "The link was already up when the test started");
-        return {TestID::ethernet, TestStatus::works, "A wired link came up" + (speed ? " at " + *speed : ""),
-                std::move(details)};
+        return {TestID::ethernet, TestStatus::works, std::move(summary), std::move(details)};
     }
     if (!test->ports.empty())
         return {TestID::ethernet,
