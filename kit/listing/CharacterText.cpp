@@ -29,14 +29,34 @@ std::string normalized(const std::string& valid, const icu::Normalizer2* form, U
     return U_SUCCESS(status) ? result : valid;
 }
 
+/// How letters stand with their marks: as one code point where there is one, or each mark behind its letter.
+enum class Marks { joined, apart };
+
 /// One byte sequence for all canonically equivalent texts.
-std::string canonical(std::string_view text) {
+std::string canonical(std::string_view text, Marks marks) {
     if (std::all_of(text.begin(), text.end(), isASCII)) return std::string(text);
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* form = icu::Normalizer2::getNFCInstance(status);
+    const icu::Normalizer2* form = marks == Marks::joined ? icu::Normalizer2::getNFCInstance(status)
+                                                          : icu::Normalizer2::getNFDInstance(status);
     // Lower-casing gives a sigma the form that its place in a word asks for, so a word that a rewording
     // lengthens would differ from the same word alone.
     return Text::replaced(normalized(Text::repaired(text), form, status), "ς", "σ");
+}
+
+/// Without control characters, which have no width; those that are white space do, and stay.
+std::string withoutControls(std::string_view text) {
+    std::string seen;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto byte = std::uint8_t(text[at]);
+        const auto behind = std::uint8_t(at + 1 < text.size() ? text[at + 1] : 0);
+        const bool isWhiteSpace = byte >= '\t' && byte <= '\r';
+        if ((byte < 0x20 && !isWhiteSpace) || byte == 0x7F) continue;
+        if (byte == 0xC2 && behind >= 0x80 && behind <= 0x9F && behind != 0x85)
+            ++at; // a control character of two bytes; U+0085 is white space
+        else
+            seen += text[at];
+    }
+    return seen;
 }
 
 icu::BreakIterator* characterIterator() {
@@ -50,22 +70,23 @@ icu::BreakIterator* characterIterator() {
 
 } // namespace
 
-CharacterText::CharacterText(std::string_view text) : m_text(canonical(text)) {}
+CharacterText::CharacterText(std::string_view text)
+    : m_text(canonical(text, Marks::joined)), m_letters(canonical(text, Marks::apart)) {}
 
 bool CharacterText::keeps(std::string_view phrase) const {
-    const std::string wanted = canonical(phrase);
+    const std::string wanted = canonical(phrase, Marks::joined);
     for (std::size_t at = 0; (at = m_text.find(wanted, at)) != std::string::npos; ++at)
         if (isBoundary(at) && isBoundary(at + wanted.size())) return true;
     return false;
 }
 
 bool CharacterText::says(std::string_view phrase) const {
-    return m_text.find(canonical(phrase)) != std::string::npos;
+    return m_letters.find(canonical(phrase, Marks::apart)) != std::string::npos;
 }
 
 bool CharacterText::saysWord(std::string_view phrase) const {
-    const std::string unwanted = canonical(phrase);
-    const std::string_view text = m_text;
+    const std::string unwanted = canonical(phrase, Marks::apart);
+    const std::string_view text = m_letters;
     for (std::size_t at = 0; (at = text.find(unwanted, at)) != std::string::npos; at += unwanted.size())
         if (!Text::endsWithLetterOrNumber(text.substr(0, at)) &&
             !Text::beginsWithLetterOrNumber(text.substr(at + unwanted.size())))
@@ -74,10 +95,11 @@ bool CharacterText::saysWord(std::string_view phrase) const {
 }
 
 std::string CharacterText::inPlainLetters(std::string_view text) {
-    if (std::all_of(text.begin(), text.end(), isASCII)) return std::string(text);
+    const std::string seen = withoutControls(text);
+    if (std::all_of(seen.begin(), seen.end(), isASCII)) return seen;
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* form = icu::Normalizer2::getNFKCCasefoldInstance(status);
-    return normalized(Text::repaired(text), form, status);
+    return normalized(Text::repaired(seen), form, status);
 }
 
 bool CharacterText::isBoundary(std::size_t at) const {

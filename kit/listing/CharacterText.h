@@ -6,7 +6,9 @@
 namespace tessivo {
 
 /// A text that is searched for what a rewording must keep and what it mustn't say. "í" is the same letter
-/// whether it is one code point or two, and a final sigma is a sigma; case counts. Any thread.
+/// whether it is one code point or two, and a final sigma is a sigma; case counts. What is said is looked for
+/// among letters without the marks on them: "nuevõ" says "nuevo", though "garantia" doesn't say "garantía".
+/// Any thread.
 class CharacterText final {
 public:
     explicit CharacterText(std::string_view text);
@@ -21,14 +23,15 @@ public:
     /// The same, with neither a letter nor a number touching the phrase.
     bool saysWord(std::string_view phrase) const;
 
-    /// The text as it is read: without what can't be seen, and with letters and signs of another make (wide,
-    /// bold, joined, circled) as the plain ones.
+    /// The text as it is read: without what can't be seen, such as control characters, and with letters and
+    /// signs of another make (wide, bold, joined, circled) as the plain ones.
     static std::string inPlainLetters(std::string_view text);
 
 private:
     bool isBoundary(std::size_t at) const;
 
-    std::string m_text;
+    std::string m_text;    ///< letters and their marks joined
+    std::string m_letters; ///< each mark behind its letter
 };
 
 } // namespace tessivo

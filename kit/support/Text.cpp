@@ -139,14 +139,24 @@ private:
     UText m_text = UTEXT_INITIALIZER;
 };
 
-/// Whether the user-perceived character that begins at `at` is a letter or a number: by its first code
-/// point that isn't a mark put before it.
+/// Marks and joiners belong to the character before them, or to that behind them.
+bool belongsToANeighbour(UChar32 point) {
+    switch (u_getIntPropertyValue(point, UCHAR_GRAPHEME_CLUSTER_BREAK)) {
+    case U_GCB_PREPEND:
+    case U_GCB_EXTEND:
+    case U_GCB_SPACING_MARK:
+    case U_GCB_ZWJ:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Whether the first code point from `at` on that is no mark is a letter or a number.
 bool isLetterOrNumberAt(std::string_view text, std::size_t at) {
     while (at < text.size()) {
         const UChar32 point = next(text, at);
-        if (u_getIntPropertyValue(point, UCHAR_GRAPHEME_CLUSTER_BREAK) == U_GCB_PREPEND && at < text.size())
-            continue;
-        return isLetterOrNumber(point);
+        if (!belongsToANeighbour(point)) return isLetterOrNumber(point);
     }
     return false;
 }

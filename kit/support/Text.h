@@ -32,7 +32,8 @@ std::vector<std::string> words(std::string_view text);
 std::size_t characterCount(std::string_view text);
 
 /// Whether the last, or the first, user-perceived character of the text is a letter or a number in the
-/// Unicode sense, whatever marks it carries. An empty text has neither.
+/// Unicode sense, whatever marks it carries; marks that the text begins with are another character's. An
+/// empty text has neither.
 bool endsWithLetterOrNumber(std::string_view before);
 bool beginsWithLetterOrNumber(std::string_view after);
 

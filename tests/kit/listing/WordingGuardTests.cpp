@@ -138,7 +138,7 @@ TEST(WordingGuard, claimsAreWordsOfTheirOwn) {
         {"imperfect perfection minted peppermint, 2", {}},
         {"garanti\u0301a, 2", claims({"garantía"})},
         {"GARANTI\u0301A, 2", claims({"garantía"})},
-        {"garantia perfectó 2", {}},
+        {"garantia nuevõs mint\u0301ed excelențes 2", {}}, // other words, whatever marks they have
         {"como\n\nnuevo 2", claims({"como nuevo", "nuevo"})},
         {"**Like** __new__ 2", claims({"like new"})},
         {"2mint 2 mint2", {}},
@@ -159,6 +159,25 @@ TEST(WordingGuard, noMarkNorMakeOfLetterHidesAClaim) {
                              "\u202emint\u202c", "mi\u200bnt", "MI\u2060NT", "mi\u00adnt", "\u2066m\u2069int",
                              "mint\u3164", "ｍｉｎｔ", "𝗺𝗶𝗻𝘁", "Ⓜⓘⓝⓣ", "＊＊mi＊＊nt"})
         EXPECT_EQ(check(text, bound("A Mac")), claims({"mint"})) << text;
+    // Nor a mark that becomes one letter with the last of the claim, nor one more on a letter that has its
+    // own.
+    const std::pair<const char*, Issues> marked[] = {
+        {"nuevõ", claims({"nuevo"})},
+        {"como nuevö!", claims({"como nuevo", "nuevo"})},
+        {"perfectó", claims({"perfecto"})},
+        {"excellenţ", claims({"excellent"})},
+        {"garantía\u0323, garantía\u0301", claims({"garantía"})},
+        {"warrantý; ＭＩＮṬ", claims({"mint", "warranty"})},
+        {"flawlesş, word for worḍ", claims({"word for word", "flawless"})}};
+    for (const auto& [text, issues] : marked) {
+        EXPECT_EQ(check(text, bound("A Mac")), issues) << text;
+        EXPECT_EQ(check(text, bound(std::string("The seller says: ") + text)), Issues{}) << text;
+    }
+    for (const char* control : {"\x01", "\x1b", "\x7f", "\u0080", "\u009f"}) {
+        const std::string hidden = std::string("A mi") + control + "nt Mac, como nue" + control + "võ";
+        EXPECT_EQ(check(hidden, bound("A Mac")), claims({"mint", "como nuevo", "nuevo"})) << hidden;
+        EXPECT_EQ(check(std::string("pepper") + "mi" + control + "nts", bound("A Mac")), Issues{});
+    }
     EXPECT_EQ(check("ﬂawless, like \u200b new, perfectª", bound("A Mac")),
               claims({"like new", "flawless", "perfecta"}));
     EXPECT_EQ(check("word\u200b for word", bound("A Mac")), claims({"word for word"}));
