@@ -14,7 +14,10 @@ if(TESSIVO_SANITIZE)
         -fsanitize=${TESSIVO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(tessivo_settings INTERFACE -fsanitize=${TESSIVO_SANITIZE})
 else()
-    target_link_options(tessivo_settings INTERFACE -fuse-ld=gold)
+    # It links faster where the system has it; Debian 13 doesn't bring it with the compiler.
+    include(CheckLinkerFlag)
+    check_linker_flag(CXX -fuse-ld=gold TESSIVO_HAS_GOLD)
+    target_link_options(tessivo_settings INTERFACE $<$<BOOL:${TESSIVO_HAS_GOLD}>:-fuse-ld=gold>)
 endif()
 target_compile_definitions(tessivo_settings INTERFACE
     TESSIVO_VERSION="${PROJECT_VERSION}"
