@@ -36,6 +36,39 @@ QFont make(const QString& family, double size, QFont::Weight weight) {
     return font;
 }
 
+/// What the text face has a glyph for that a PDF would tell back as another character: it keeps glyphs, and
+/// names each by the lowest character that has it. Some faces draw a closing quote and a modifier letter
+/// with one glyph. Quotes go together, so that a pair stays of one look.
+const QString& sharedGlyphs() {
+    static const QString found = [] {
+        constexpr char16_t end = 0x2716; // behind the last that is plain
+        QString all(end, QChar(u' '));
+        for (char16_t u = u'!'; u < end; ++u)
+            all[u] = QChar(u);
+        const auto glyphs =
+            QRawFont::fromFont(make(textFamily(), 12, QFont::Normal)).glyphIndexesForString(all);
+        const QString quotes = QStringLiteral("‘’“”");
+        QString shared;
+        std::map<quint32, QChar> lowest;
+        for (qsizetype i = 0; i < glyphs.size() && glyphs.size() == all.size(); ++i)
+            if (const QChar c = all.at(i); c != u' ' && c != QChar::Nbsp && c != QChar::SoftHyphen &&
+                                           glyphs[i] != 0 && !lowest.try_emplace(glyphs[i], c).second)
+                shared.append(c);
+        const bool anyQuote = std::ranges::any_of(quotes, [&](QChar c) { return shared.contains(c); });
+        return anyQuote ? shared + quotes : shared;
+    }();
+    return found;
+}
+
+enum class Kind { plain, shared, foreign };
+
+Kind kindOf(QStringView character) {
+    if (!isPlain(character)) return Kind::foreign;
+    const bool shared = std::ranges::any_of(
+        character, [](QChar c) { return c.unicode() > 0x7F && sharedGlyphs().contains(c); });
+    return shared ? Kind::shared : Kind::plain;
+}
+
 bool hasRightToLeft(const QString& text) {
     return std::ranges::any_of(
         text, [](QChar c) { return c.direction() == QChar::DirR || c.direction() == QChar::DirAL; });
@@ -90,23 +123,23 @@ bool isPlain(QStringView text) {
 
 QStringList stretches(const QString& text) {
     // Between words that run to the left, brackets are mirrored, which shaping alone does.
-    if (isPlain(text) || hasRightToLeft(text)) return {text};
+    if (kindOf(text) == Kind::plain || hasRightToLeft(text)) return {text};
     QStringList found;
     // Whole characters as people see them: a letter stays with the accents that combine with it.
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     qsizetype start = 0;
-    bool startIsPlain = true;
+    Kind startKind = Kind::plain;
     for (qsizetype at = 0; at < text.size();) {
         qsizetype next = finder.toNextBoundary();
         if (next <= at) next = text.size();
         const QStringView character = QStringView(text).sliced(at, next - at);
-        const bool plain = isPlain(character);
-        if (at == 0) startIsPlain = plain;
+        const Kind kind = kindOf(character);
+        if (at == 0) startKind = kind;
         // A blank goes with what it follows.
-        if (plain != startIsPlain && character != u" ") {
+        if (kind != startKind && character != u" ") {
             found.append(text.sliced(start, at - start));
             start = at;
-            startIsPlain = plain;
+            startKind = kind;
         }
         at = next;
     }
@@ -115,8 +148,11 @@ QStringList stretches(const QString& text) {
 }
 
 QFont fitted(QFont font, const QString& text) {
-    if (isPlain(text)) {
+    if (const Kind kind = kindOf(text); kind != Kind::foreign) {
         font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferNoShaping | QFont::PreferAntialias));
+        if (kind == Kind::plain) return font;
+        font.setFamilies({fallbackFamily(), textFamily()});
+        font.setItalic(false);
         return font;
     }
     // A slant that its face doesn't have would be drawn as a picture, which nobody can search.

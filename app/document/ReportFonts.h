@@ -15,7 +15,8 @@ QFont symbol(double size, QFont::Weight weight, char32_t glyph);
 
 /// Whether the text is of a script that needs no shaping and no room beyond the face's own.
 bool isPlain(QStringView text);
-/// The text in stretches that are plain or aren't, in turn; joined they are the text.
+/// The text in stretches of one kind each: plain, plain but not to be told apart in the text face, and not
+/// plain. Joined they are the text.
 QStringList stretches(const QString& text);
 
 /// The font as it is to be set for this text. Plain Latin text goes unshaped, so that every character of

@@ -72,7 +72,7 @@ TEST(ReportPDF, embedsAFewFacesNamesItselfAndLinksNowhere) {
 
 TEST(ReportPDF, printsAsTypedWhateverANoteHolds) {
     const char* const kept[] = {"<img src=file:///etc/passwd> <b>bold</b> &amp; <script>",
-                                "Größe (3,5 cm): naïve — “quoted”",
+                                "Größe (3,5 cm): naïve — “quoted”, that’s ‘it’",
                                 "100% %1 %s \\n {} $HOME",
                                 "Ünïcödé ☑ ✕",
                                 "https://example.com/?a=b",
