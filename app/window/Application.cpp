@@ -15,19 +15,21 @@ namespace tessivo {
 
 namespace {
 
-/// Qt ends a process without a display by a crash that speaks of installing anew.
-void tellOfTheDisplay(QtMsgType type, const QMessageLogContext&, const QString& message) {
+/// Qt ends a process without a display by a crash that speaks of installing anew. Of a locale that isn't UTF-8
+/// it says in four lines that it goes on with one that is, which concerns nobody.
+void tellWhileStarting(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type == QtFatalMsg) {
         std::fputs("Tessivo can't start: there is no display to open its window on\n", stderr);
         std::_Exit(1);
     }
+    if (message.startsWith(u"Detected ") && message.contains(u"not UTF-8")) return;
     std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
 } // namespace
 
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv, const QString& name) {
-    const QtMessageHandler usual = qInstallMessageHandler(tellOfTheDisplay);
+    const QtMessageHandler usual = qInstallMessageHandler(tellWhileStarting);
     auto application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(usual);
     bringDrawings();
