@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
     const auto quit = [] { QCoreApplication::exit(0); };
     QObject::connect(&panel, &demo::ControlPanel::closed, quit);
     QObject::connect(&instance, &SingleInstance::startedAgain, &panel,
-                     [&] { mac->application().bringForward(); });
+                     [&](const QByteArray& token) { mac->application().bringForward(token); });
     const QuitSignals quitSignals;
     QObject::connect(&quitSignals, &QuitSignals::quitRequested, quit);
     const int status = QApplication::exec();

@@ -67,7 +67,7 @@ void fill(AppModel& model) {
 void runKeyboardTest(RootView& window, AppModel& model) {
     model.change([](SessionState& session) { session.keyboard = {}; });
     model.setPage(Page::keyboard);
-    QApplication::setActiveWindow(&window);
+    window.activateWindow();
     for (auto* button : window.findChildren<QAbstractButton*>())
         if (button->text() == QStringLiteral("Start")) button->click();
     std::vector<quint32> scanCodes(37); // from Esc through Q to H

@@ -2,7 +2,7 @@
 
 #include "app/window/RootView.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace tessivo {
 
@@ -25,10 +25,14 @@ void AppDelegate::open() {
     m_window->show();
 }
 
-void AppDelegate::bringForward() {
+void AppDelegate::bringForward(const QByteArray& token) {
+    constexpr const char* tokenName = "XDG_ACTIVATION_TOKEN"; // where Qt looks for it
     if (m_window->isMinimized()) m_window->showNormal();
     m_window->raise();
+    if (!token.isEmpty()) qputenv(tokenName, token);
     m_window->activateWindow();
+    qunsetenv(tokenName);
+    QApplication::alert(m_window.get());
 }
 
 void AppDelegate::tell(const Updater::Alert& alert) {

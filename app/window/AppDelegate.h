@@ -26,8 +26,9 @@ public:
 
     /// Brings the window up, on the page that is selected.
     void open();
-    /// Before all other windows, also from the dock.
-    void bringForward();
+    /// Before all other windows, also from the dock; where the desktop keeps it back, the window asks for
+    /// attention. `token` as SingleInstance::startedAgain has it.
+    void bringForward(const QByteArray& token = {});
 
 private:
     void tell(const Updater::Alert& alert);

@@ -9,6 +9,7 @@ namespace tessivo {
 namespace {
 
 constexpr int patience = 2000; // milliseconds for the first to take the call
+constexpr qint64 longestToken = 512;
 
 QString nameIn(const std::filesystem::path& folder, const char* name) {
     const QString place = QFile::decodeName(folder.c_str());
@@ -30,8 +31,11 @@ SingleInstance::SingleInstance(const std::filesystem::path& folder, QObject* par
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket* call = m_server.nextPendingConnection())
-            connect(call, &QLocalSocket::disconnected, call, &QObject::deleteLater);
-        Q_EMIT startedAgain();
+            connect(call, &QLocalSocket::disconnected, this, [this, call] {
+                const QByteArray token = call->read(longestToken);
+                call->deleteLater();
+                Q_EMIT startedAgain(token);
+            });
     });
     m_server.listen(m_name);
 }
@@ -39,7 +43,10 @@ SingleInstance::SingleInstance(const std::filesystem::path& folder, QObject* par
 bool SingleInstance::callFirst() const {
     QLocalSocket call;
     call.connectToServer(m_name);
-    return call.waitForConnected(patience);
+    if (!call.waitForConnected(patience)) return false;
+    call.write(qgetenv("XDG_ACTIVATION_TOKEN").left(longestToken));
+    call.disconnectFromServer();
+    return call.state() == QLocalSocket::UnconnectedState || call.waitForDisconnected(patience);
 }
 
 } // namespace tessivo

@@ -19,12 +19,15 @@ public:
 
     /// False where another process has the folder.
     bool isFirst() const { return m_first; }
-    /// Has the first come to the front; false if it doesn't answer.
+    /// Has the first come to the front, with what the desktop gave this process for that; false if it doesn't
+    /// answer. Call it once.
     bool callFirst() const;
 
 Q_SIGNALS:
-    /// Another process was started and leaves the work to this one.
-    void startedAgain();
+    /// Another process was started and leaves the work to this one, and its activation token: what a Wayland
+    /// desktop hands to the program that a person starts, and asks for when a window is to come forward.
+    /// Empty where there is none.
+    void startedAgain(const QByteArray& token);
 
 private:
     QString m_name;

@@ -112,7 +112,7 @@ bool shows(QWidget* root, const QString& text) {
 void showAt(QWidget& window, const QSize& size) {
     window.resize(size);
     window.show();
-    QApplication::setActiveWindow(&window);
+    window.activateWindow();
     settle();
     window.grab();
     settle();

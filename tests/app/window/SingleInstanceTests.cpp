@@ -18,10 +18,13 @@ TEST(SingleInstance, aSecondOneLeavesTheFolderToTheFirstAndCallsIt) {
     {
         const SingleInstance second(place);
         EXPECT_FALSE(second.isFirst());
+        qputenv("XDG_ACTIVATION_TOKEN", "from the desktop");
         EXPECT_TRUE(second.callFirst());
+        qunsetenv("XDG_ACTIVATION_TOKEN");
         EXPECT_TRUE(SingleInstance(folder / "another").isFirst());
     }
     EXPECT_TRUE(QTest::qWaitFor([&] { return again.count() == 1; }));
+    EXPECT_EQ(again.value(0).value(0).toByteArray(), "from the desktop");
     EXPECT_FALSE(SingleInstance(place).isFirst()) << "the second took nothing along";
     first.reset();
     EXPECT_TRUE(SingleInstance(place).isFirst());
