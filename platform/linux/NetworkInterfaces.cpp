@@ -1,6 +1,7 @@
 #include "platform/linux/NetworkInterfaces.h"
 
 #include "kit/support/Text.h"
+#include "platform/linux/PciTopology.h"
 
 #include <limits>
 
@@ -16,6 +17,7 @@ constexpr std::int64_t unknownSpeed = 4294967295; // -1 as the kernel's 32 bits 
 constexpr std::int64_t bitsPerMegabit = 1'000'000;
 constexpr std::int64_t noLink = 1; // the registry's "valid" bit alone
 constexpr std::int64_t linkUp = 3; // and the "active" bit
+constexpr std::int64_t isUp = 1;   // of the interface's flags: switched on
 
 /// "DEVTYPE=wlan" of the uevent file; plain ports have none.
 std::string deviceType(const SystemTree& tree, const std::string& interface) {
@@ -23,39 +25,6 @@ std::string deviceType(const SystemTree& tree, const std::string& interface) {
     for (const std::string& line : Text::lines(tree.text(interface + "/uevent").value_or("")))
         if (line.starts_with(key)) return line.substr(key.size());
     return {};
-}
-
-/// "0000:03:00.0"; the host bridge above them is "pci0000:00".
-bool isPCIAddress(const std::string& name) {
-    return name.find(':') != std::string::npos && !name.starts_with("pci");
-}
-
-std::vector<std::string> pciChildren(const SystemTree& tree, const std::string& bridge) {
-    auto names = tree.names(bridge).value_or(std::vector<std::string>());
-    std::erase_if(names, [](const std::string& name) { return !isPCIAddress(name); });
-    for (std::string& name : names)
-        name = bridge + "/" + name;
-    return names;
-}
-
-bool hasThunderboltController(const SystemTree& tree, const std::string& bridge) {
-    for (const std::string& below : pciChildren(tree, bridge))
-        for (const std::string& device : pciChildren(tree, below))
-            if (tree.linkName(device + "/driver") == "thunderbolt") return true;
-    return false;
-}
-
-/// Whether a device hangs on a plug: the kernel calls it or a bridge above it removable, or a bridge above
-/// it also carries a Thunderbolt controller, as with adapters whose PCI lanes run through the cable.
-bool isOnCable(const SystemTree& tree, const std::string& device) {
-    std::string path = tree.resolved(device).value_or("");
-    for (std::size_t slash = path.rfind('/');
-         slash != std::string::npos && isPCIAddress(path.substr(slash + 1)); slash = path.rfind('/')) {
-        if (tree.text(path + "/removable") == "removable" || hasThunderboltController(tree, path))
-            return true;
-        path.resize(slash);
-    }
-    return false;
 }
 
 struct Kind {
@@ -82,8 +51,11 @@ Kind kind(const SystemTree& tree, const std::string& interface, std::int64_t typ
     return {"EthernetInterface", true};
 }
 
-/// The carrier is the cable itself. It can't be read while the interface is shut down.
-std::optional<std::int64_t> linkStatus(const SystemTree& tree, const std::string& interface) {
+/// The carrier is the cable itself. It can't be read while the interface is shut down, and the state then
+/// tells nothing of the cable either.
+std::optional<std::int64_t> linkStatus(const SystemTree& tree, const std::string& interface,
+                                       std::optional<std::int64_t> flags) {
+    if (flags && !(*flags & isUp)) return std::nullopt;
     if (const auto carrier = tree.number(interface + "/carrier"); carrier == 0 || carrier == 1)
         return *carrier == 1 ? linkUp : noLink;
     const auto state = tree.text(interface + "/operstate");
@@ -95,8 +67,9 @@ RegistryEntry entry(const SystemTree& tree, const std::string& name, std::int64_
     const std::string interface = folder + name;
     const Kind kind = NetworkInterfaces::kind(tree, interface, type);
 
+    const auto flags = tree.number(interface + "/flags", 16);
     PropertyMap link;
-    if (const auto status = linkStatus(tree, interface)) link["IOLinkStatus"] = *status;
+    if (const auto status = linkStatus(tree, interface, flags)) link["IOLinkStatus"] = *status;
     if (const auto speed = tree.number(interface + "/speed");
         speed && *speed > 0 && *speed < unknownSpeed &&
         *speed <= std::numeric_limits<std::int64_t>::max() / bitsPerMegabit)
@@ -106,6 +79,7 @@ RegistryEntry entry(const SystemTree& tree, const std::string& name, std::int64_
     RegistryEntry out;
     out.className = kind.className;
     out.properties = PropertyMap{{"BSD Name", Text::repaired(name)}, {"IOBuiltin", kind.builtIn}};
+    if (flags) (*out.properties)["IOInterfaceFlags"] = *flags;
     out.setParent({driver, link, nullptr});
     // Gone while it was read.
     if (!tree.exists(interface + "/type")) {

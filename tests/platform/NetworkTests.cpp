@@ -19,7 +19,9 @@ std::vector<std::string> printed(const CapturedTree& tree) {
     for (const WiredInterface& interface : read(tree))
         lines.push_back(interface.bsdName + (interface.builtIn ? " built in, " : ", ") +
                         interface.interfaceClass + " by " + interface.controllerClass +
-                        (interface.linkActive ? ", up" : ", down") +
+                        (interface.switchedOff  ? ", off"
+                         : interface.linkActive ? ", up"
+                                                : ", down") +
                         (interface.linkSpeed ? " " + interface.speedText().value_or("?") : ""));
     return lines;
 }
@@ -36,15 +38,19 @@ TEST(Network, everyKindOfInterface) {
                 ElementsAre("br0, BridgeInterface by , up", "docker0, BridgeInterface by , down",
                             "enp0s31f6 built in, EthernetInterface by e1000e, up 1 Gb/s",
                             "enp12s0, ThunderboltEthernetInterface by igb, up",
+                            "enp16s0, ThunderboltEthernetInterface by tg3, up",
+                            "enp20s0, ThunderboltEthernetInterface by , down",
+                            "enp24s0, ThunderboltEthernetInterface by , down",
                             "enp2s0 built in, EthernetInterface by tg3, down",
                             "enp2s0.5, VirtualInterface by , down", "enp2s0v0, OtherInterface by igbvf, down",
+                            "enp3s0 built in, EthernetInterface by tg3, off",
                             "enp9s0, ThunderboltEthernetInterface by tg3, up 1 Gb/s",
                             "enx00e04c680001, USBEthernetInterface by r8152, up 1 Gb/s",
                             "tap0, VirtualInterface by , up",
                             "thunderbolt0, ThunderboltInterface by thunderbolt-net, up 20 Gb/s",
                             "tun0, VirtualInterface by , up", "wlp4s0, IO80211Interface by iwlwifi, down",
                             "wwp5s0, OtherInterface by iosm, down"));
-    EXPECT_THAT(builtInPorts(CapturedTree("network")), ElementsAre("enp0s31f6", "enp2s0"));
+    EXPECT_THAT(builtInPorts(CapturedTree("network")), ElementsAre("enp0s31f6", "enp2s0", "enp3s0"));
     EXPECT_THAT(printed(CapturedTree("macbook-pro-t2")),
                 ElementsAre("t2_ncm, USBEthernetInterface by cdc_ncm, up 425 Mb/s",
                             "wlp3s0, IO80211Interface by brcmfmac, up"));
