@@ -8,6 +8,7 @@ namespace tessivo {
 namespace {
 
 constexpr std::int64_t linkUp = 3; ///< "IOLinkStatus": bit 0 is valid, bit 1 is active
+constexpr std::int64_t isUp = 1;   ///< of "IOInterfaceFlags"
 
 /// A number that the system keeps without a sign; a negative one is no reading.
 std::optional<std::int64_t> unsignedInteger(const PropertyMap& map, const std::string& key) {
@@ -32,6 +33,8 @@ std::optional<WiredInterface> WiredInterface::make(const PropertyMap& properties
     wired.interfaceClass = std::move(interfaceClass);
     wired.linkActive = (unsignedInteger(controller, "IOLinkStatus").value_or(0) & linkUp) == linkUp;
     wired.linkSpeed = unsignedInteger(controller, "IOLinkSpeed");
+    const auto flags = integer(properties, "IOInterfaceFlags");
+    wired.switchedOff = flags && !(*flags & isUp);
     return wired;
 }
 

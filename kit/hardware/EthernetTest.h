@@ -11,7 +11,8 @@
 
 namespace tessivo {
 
-/// One network interface of the registry. Speed in bits per second.
+/// One network interface of the registry. Speed in bits per second. `switchedOff` is for the page alone and
+/// isn't persisted.
 struct WiredInterface {
     std::string bsdName;
     bool builtIn = false;
@@ -19,6 +20,7 @@ struct WiredInterface {
     std::string interfaceClass;
     bool linkActive = false;
     std::optional<std::uint64_t> linkSpeed;
+    bool switchedOff = false; ///< by the system's settings; a link can't come up then
 
     /// An interface from its own properties and those of the controller above it; either map may be empty.
     /// Nothing without a "BSD Name".

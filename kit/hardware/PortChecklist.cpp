@@ -19,7 +19,7 @@ std::int64_t nextID(const std::vector<PortSlot>& slots) {
 const USBDevice* freshDevice(const std::vector<USBDevice>& devices, const std::set<std::string>& known) {
     const USBDevice* hub = nullptr;
     for (const USBDevice& device : devices) {
-        if (known.contains(device.id()) || device.isInternalHub()) continue;
+        if (known.contains(device.id()) || device.isInternalHub() || device.builtIn) continue;
         if (!device.isHub()) return &device;
         if (!hub) hub = &device;
     }

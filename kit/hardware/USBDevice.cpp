@@ -18,6 +18,7 @@ USBDevice USBDevice::make(const PropertyMap& properties) {
     device.locationID = std::uint32_t(integer(properties, "locationID").value_or(0));
     device.speed = integer(properties, "Device Speed");
     device.deviceClass = integer(properties, "bDeviceClass");
+    device.builtIn = text(properties, "non-removable") == "yes";
     return device;
 }
 

@@ -9,7 +9,7 @@
 
 namespace tessivo {
 
-/// One USB device of the registry.
+/// One USB device of the registry. `builtIn` isn't persisted.
 struct USBDevice {
     std::string name;
     std::optional<std::string> vendor;
@@ -18,6 +18,7 @@ struct USBDevice {
     std::uint32_t locationID = 0;
     std::optional<std::int64_t> speed; ///< the registry's speed code, 0 to 5
     std::optional<std::int64_t> deviceClass;
+    bool builtIn = false; ///< soldered in, so that it can't have been plugged into a port
 
     /// A device from its registry properties, with the stated fallbacks.
     static USBDevice make(const PropertyMap& properties);

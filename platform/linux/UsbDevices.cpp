@@ -23,6 +23,17 @@ bool isDevice(const std::string& name) {
     return !name.starts_with("usb") && name.find(':') == std::string::npos;
 }
 
+/// Whether every step from the device up to the root hub is soldered in; a hub outside calls its own
+/// keyboard fixed.
+bool isBuiltIn(const SystemTree& tree, std::string name) {
+    while (tree.text(folder + name + "/removable") == "fixed") {
+        const std::size_t dot = name.rfind('.');
+        if (dot == std::string::npos) return true;
+        name.resize(dot);
+    }
+    return false;
+}
+
 /// Nothing if the device has gone.
 std::optional<PropertyMap> properties(const SystemTree& tree, const std::string& name) {
     const auto device = tree.folder(folder + name);
@@ -37,6 +48,7 @@ std::optional<PropertyMap> properties(const SystemTree& tree, const std::string&
     if (const auto kind = device->text("bDeviceClass")) addHex("bDeviceClass", *kind, 0xff);
     if (const auto speed = device->text("speed"))
         if (const auto code = speedCode(*speed)) out["Device Speed"] = *code;
+    if (isBuiltIn(tree, name)) out["non-removable"] = "yes";
     // From the name and not from files: a place that failed to read once would look like another device.
     if (const auto location = locationID(name)) out["locationID"] = std::int64_t(*location);
     // Last, since every device has them: where they can be read, it was there all along.

@@ -102,6 +102,28 @@ TEST(Usb, aDeviceThatComesTicksAPortAndOneThatGoesDoesNot) {
     EXPECT_EQ(checklist.active, 2);
 }
 
+TEST(Usb, onlyWhatIsSolderedInAllTheWayTicksNoPort) {
+    CapturedTree tree;
+    tree.add("sys/bus/usb/devices /");
+    const auto plug = [&](const std::string& name, const std::string& removable) {
+        tree.add("sys/bus/usb/devices/" + name + "/idVendor = 05ac");
+        tree.add("sys/bus/usb/devices/" + name + "/idProduct = 0" +
+                 std::to_string(tree.tree().names("sys/bus/usb/devices")->size()));
+        tree.add("sys/bus/usb/devices/" + name + "/removable = " + removable);
+    };
+    const std::tuple<const char*, const char*, bool> rows[] = {
+        {"1-2", "fixed", false},    {"1-2.1", "fixed", false},  {"1-2.2", "removable", true},
+        {"1-2.3", "unknown", true}, {"1-3", "removable", true}, {"1-3.1", "fixed", true},
+    };
+    for (const auto& [name, removable, ticks] : rows) {
+        PortChecklist checklist = PortChecklist::make(1);
+        checklist.update(read(tree));
+        plug(name, removable);
+        EXPECT_EQ(checklist.update(read(tree)).has_value(), ticks) << name;
+        EXPECT_EQ(checklist.known.size(), read(tree).size()) << "all that is plugged in is listed and known";
+    }
+}
+
 TEST(Usb, aDeviceInTheSamePlaceIsNeverReadAsAMixtureOfTwo) {
     CapturedTree tree;
     const std::string place = "sys/bus/usb/devices/1-1", ids[][2] = {{"0951", "1666"}, {"05ac", "024f"}};

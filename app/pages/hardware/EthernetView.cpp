@@ -68,7 +68,10 @@ void EthernetView::show() {
                           ColorRole::text1);
         } else {
             row->setSymbol(QStringLiteral("circle.dotted"), ColorRole::grayGlyph);
-            row->setTexts(name, tr("No link: plug in a cable"), ColorRole::text2);
+            row->setTexts(name,
+                          port.switchedOff ? tr("The port is switched off in the system's settings.")
+                                           : tr("No link: plug in a cable"),
+                          ColorRole::text2);
         }
         m_ports->addRow(row);
     }

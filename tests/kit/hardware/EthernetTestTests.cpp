@@ -22,6 +22,12 @@ TEST(WiredInterface, readsItsProperties) {
     EXPECT_EQ(read({{"IOLinkStatus", 1}}), port("en0", false)) << "valid, but not active";
     EXPECT_EQ(read({{"IOLinkStatus", -1}, {"IOLinkSpeed", -1}}), port("en0", false)) << "no reading";
 
+    for (const auto& [flags, off] :
+         {std::pair(Property(0x1002), true), {Property(0x1003), false}, {Property(), false}})
+        EXPECT_EQ(
+            WiredInterface::make({{"BSD Name", "en0"}, {"IOInterfaceFlags", flags}}, "", {}, "")->switchedOff,
+            off);
+
     EXPECT_EQ(WiredInterface::make({{"IOBuiltin", true}}, "", {}, ""), std::nullopt);
     for (const Property& builtIn : {Property(false), Property(1), Property("true"), Property()})
         EXPECT_FALSE(

@@ -18,6 +18,11 @@ TEST_F(ReadingPagesTests, aLinkThatComesUpWhileThePageIsOpenReadsSo) {
     EXPECT_TRUE(shown("Ethernet (en0)"));
     EXPECT_TRUE(shown("No link: plug in a cable"));
     EXPECT_TRUE(shown("Plug in a cable from a router or switch"));
+    auto& flags = (*controls->facts().registry["IONetworkInterface"].front().properties)["IOInterfaceFlags"];
+    flags = 0x1002;
+    pass(1s);
+    EXPECT_TRUE(shown("The port is switched off in the system's settings."));
+    flags = 0x1003;
     ASSERT_TRUE(controls->raiseLink("en0", 2'500'000'000));
     pass(1s);
     EXPECT_TRUE(shown("Link up at 2.5 Gb/s"));
