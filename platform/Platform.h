@@ -7,6 +7,7 @@
 #include "platform/MachineFacts.h"
 #include "platform/Registry.h"
 #include "platform/Scheduler.h"
+#include "platform/SourceRecord.h"
 #include "platform/Storage.h"
 #include "platform/SystemTools.h"
 
@@ -39,7 +40,8 @@ public:
     virtual void waitForDevices() {}
 };
 
-/// The platform this build runs on; the build chooses the one file that defines it.
-std::unique_ptr<Platform> makePlatform();
+/// The platform this build runs on; the build chooses the one file that defines it. A support tool hands in
+/// a record, which then keeps what facts are made from, as far as that is files.
+std::unique_ptr<Platform> makePlatform(std::shared_ptr<SourceRecord> record = nullptr);
 
 } // namespace tessivo

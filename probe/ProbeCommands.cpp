@@ -8,14 +8,15 @@
 #include "kit/report/HistoryStore.h"
 #include "kit/report/ReportAssembler.h"
 #include "kit/report/ReportText.h"
-#include "kit/support/Files.h"
 #include "kit/support/JsonWriter.h"
 #include "kit/support/PropertyJson.h"
 #include "kit/support/Text.h"
+#include "platform/CapturedFacts.h"
 #include "platform/QtScheduler.h"
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "probe/Arguments.h"
+#include "probe/ProbeInput.h"
 #include "probe/ProbeOutput.h"
 
 #include <cstdlib>
@@ -29,7 +30,7 @@ namespace {
 using ProbeOutput::Content;
 
 constexpr const char* usage =
-    "usage: tessivo-probe machine\n"
+    "usage: tessivo-probe machine [--root FOLDER]\n"
     "       tessivo-probe report [--machine FILE] [--session FILE] [--notes TEXT] [--at ISO8601]\n"
     "                            [--time-zone ZONE] [--serial]\n"
     "                            --as text|json|pdf|session|listing-en|listing-es [--output FILE]\n"
@@ -39,15 +40,21 @@ constexpr const char* usage =
 // No file of this program comes near.
 constexpr std::uintmax_t largestInput = HistoryStore::largestFile;
 
-/// Decodes a file; what is wrong with it is told with its name.
+/// Decodes a file, or standard input for "-"; what is wrong with it is told with its name.
 template <class Decode>
-auto decoded(const std::string& file, Decode decode) {
-    const std::string bytes = Files::read(file, largestInput);
+auto decoded(const std::string& file, Decode decode, std::uintmax_t largest = largestInput) {
+    const std::string bytes = ProbeInput::read(file, largest);
     try {
         return decode(bytes);
     } catch (const DecodingError& error) {
-        throw std::runtime_error(file + ": " + error.what());
+        throw std::runtime_error((file == "-" ? "standard input" : file) + ": " + error.what());
     }
+}
+
+PropertyMap machineMap(const std::string& bytes) {
+    PropertyMap map = parsePropertyMap(bytes);
+    MachineFile::decode(map);
+    return map;
 }
 
 struct Report {
@@ -88,7 +95,8 @@ std::unique_ptr<Platform> platform(const std::optional<std::string>& machineFile
     if (!machineFile) return makePlatform();
     SimulatedPlatform::Storage nowhere;
     nowhere.applicationSupport.emplace();
-    return std::make_unique<SimulatedPlatform>(loadMachineFile(*machineFile), scheduler, nowhere);
+    return std::make_unique<SimulatedPlatform>(decoded(*machineFile, machineMap, MachineFile::largestFile),
+                                               scheduler, nowhere);
 }
 
 SessionState newSession(Platform& platform, Date at) {
@@ -113,9 +121,33 @@ SessionState session(const std::optional<std::string>& sessionFile,
     return state;
 }
 
+/// What a captured tree holds of sound and cameras, in a file of its own; never this computer's.
+PropertyMap recordedSound(const std::filesystem::path& root) {
+    const auto file = root / "tessivo" / "sound.json";
+    PropertyMap sound;
+    std::error_code error;
+    if (!std::filesystem::exists(file, error)) return sound;
+    const PropertyMap recorded = decoded(file.string(), machineMap, MachineFile::largestFile);
+    for (const char* key : {"audio", "microphones", "cameras", "access"})
+        if (const auto entry = recorded.find(key); entry != recorded.end()) sound.insert(*entry);
+    return sound;
+}
+
+PropertyMap capturedTree(const std::filesystem::path& root, std::shared_ptr<SourceRecord> record) {
+    const auto tree = CapturedFacts::read(root, std::move(record));
+    PropertyMap map = captureFacts(*tree.machineFacts, *tree.registry, *tree.powerSources);
+    map.merge(recordedSound(root));
+    return map;
+}
+
 void machine(const Arguments& arguments) {
     arguments.words(0);
-    ProbeOutput::write(prettyText(captureMachine(*makePlatform())), Content::text, std::nullopt);
+    const auto record = std::make_shared<SourceRecord>();
+    const auto root = arguments.value("--root");
+    PropertyMap map = root ? capturedTree(*root, record) : captureMachine(*makePlatform(record));
+    map["sources"] = record->sources();
+    if (record->leftOut() > 0) map["sourcesLeftOut"] = record->leftOut();
+    ProbeOutput::write(prettyText(map), Content::text, std::nullopt);
 }
 
 void report(const Arguments& arguments) {
@@ -150,7 +182,7 @@ void guard(const Arguments& arguments) {
     const std::string reportFile = arguments.need("--report");
     const std::string draftFile = arguments.need("--draft");
     const ConditionReport report = decoded(reportFile, &HistoryStore::decode);
-    const std::string draft = Text::repaired(Files::read(draftFile, largestInput));
+    const std::string draft = Text::repaired(ProbeInput::read(draftFile, largestInput));
 
     Json::Writer writer(Json::Layout::prettySorted, Json::DateForm::iso8601);
     writer.open('[');
@@ -201,7 +233,7 @@ void runCommand(const std::vector<std::string>& words) {
     if (words.empty()) throw UsageError("a command is missing");
     const std::vector<std::string> rest(words.begin() + 1, words.end());
     const std::string& command = words.front();
-    if (command == "machine") return machine(Arguments(rest, {}, {}));
+    if (command == "machine") return machine(Arguments(rest, {"--root"}, {}));
     if (command == "report")
         return report(
             Arguments(rest, {"--machine", "--session", "--notes", "--at", "--time-zone", "--as", "--output"},

@@ -129,24 +129,28 @@ const char* statusName(AuthorizationStatus status) {
 
 } // namespace
 
-PropertyMap captureMachine(Platform& platform) {
-    platform.waitForDevices();
-    const MachineFacts& facts = platform.machineFacts();
-    const CaptureDevices& capture = platform.captureDevices();
+PropertyMap captureFacts(const MachineFacts& facts, const Registry& registry, const PowerSources& sources) {
     PropertyMap map{
         {"operatingSystem", operatingSystem(facts)},
         {"sysctl", sysctls(facts)},
         {"physicalMemory", std::int64_t(facts.physicalMemory())},
-        {"registry", registryMap(platform.registry())},
-        {"tools", toolRuns(platform.systemTools())},
-        {"audio", audioMap(platform.audioObjects(), platform.toneOutput())},
-        {"microphones", captureList(capture, MediaType::audio)},
-        {"cameras", captureList(capture, MediaType::video)},
-        {"access", PropertyMap{{"audio", statusName(capture.authorizationStatus(MediaType::audio))},
-                               {"video", statusName(capture.authorizationStatus(MediaType::video))}}},
+        {"registry", registryMap(registry)},
     };
     if (const auto capacity = readStartupCapacity(facts)) map["startupVolumeTotalCapacity"] = *capacity;
-    if (const auto sources = platform.powerSources().descriptions()) map["powerSources"] = *sources;
+    if (const auto descriptions = sources.descriptions()) map["powerSources"] = *descriptions;
+    return map;
+}
+
+PropertyMap captureMachine(Platform& platform) {
+    platform.waitForDevices();
+    const CaptureDevices& capture = platform.captureDevices();
+    PropertyMap map = captureFacts(platform.machineFacts(), platform.registry(), platform.powerSources());
+    map["tools"] = toolRuns(platform.systemTools());
+    map["audio"] = audioMap(platform.audioObjects(), platform.toneOutput());
+    map["microphones"] = captureList(capture, MediaType::audio);
+    map["cameras"] = captureList(capture, MediaType::video);
+    map["access"] = PropertyMap{{"audio", statusName(capture.authorizationStatus(MediaType::audio))},
+                                {"video", statusName(capture.authorizationStatus(MediaType::video))}};
     return map;
 }
 

@@ -15,10 +15,10 @@ std::filesystem::path settingsFile() {
 
 } // namespace
 
-LinuxPlatform::LinuxPlatform(const std::filesystem::path& root)
-    : m_machineFacts(SystemTree(root)),
-      m_registry(SystemTree(root)),
-      m_powerSources(SystemTree(root)),
+LinuxPlatform::LinuxPlatform(const std::filesystem::path& root, std::shared_ptr<SourceRecord> record)
+    : m_machineFacts(SystemTree(root, record)),
+      m_registry(SystemTree(root, record)),
+      m_powerSources(SystemTree(root, record)),
       m_systemTools(root),
       m_defaults(settingsFile()),
       m_updateFramework(m_desktop) {}

@@ -19,7 +19,9 @@ namespace tessivo {
 /// tools come from the tree below it; sound, capture and input are always this computer's.
 class LinuxPlatform final : public Platform {
 public:
-    explicit LinuxPlatform(const std::filesystem::path& root = "/");
+    /// `record` keeps what facts are made from; it may be null.
+    explicit LinuxPlatform(const std::filesystem::path& root = "/",
+                           std::shared_ptr<SourceRecord> record = nullptr);
 
     Scheduler& scheduler() override { return m_scheduler; }
     MachineFacts& machineFacts() override { return m_machineFacts; }

@@ -11,12 +11,16 @@ namespace tessivo {
 
 namespace {
 
-/// A path that isn't absolute begins at the folder.
+/// A path that isn't absolute begins at the folder. `errno` tells why there is nothing.
 std::optional<std::string> readFile(int folder, const char* path) {
     // Not blocking: a pipe in place of a file must not hold the main thread.
     const Descriptor file(::openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
-    if (file < 0 || ::fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    if (file < 0 || ::fstat(file, &status) != 0) return std::nullopt;
+    if (!S_ISREG(status.st_mode)) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+        return std::nullopt;
+    }
     std::string out;
     char buffer[4096];
     while (out.size() < SystemTree::largestFile) {
@@ -29,6 +33,18 @@ std::optional<std::string> readFile(int folder, const char* path) {
         if (status.st_size > 0 && std::size_t(count) < sizeof buffer) break;
     }
     return out;
+}
+
+/// The same, with what came of it put on record.
+std::optional<std::string> readFile(int folder, const char* path, SourceRecord* record,
+                                    const std::string& recordedAs) {
+    auto bytes = readFile(folder, path);
+    if (!record) return bytes;
+    if (bytes)
+        record->addText(recordedAs, *bytes);
+    else
+        record->addFault(recordedAs, std::generic_category().message(errno));
+    return bytes;
 }
 
 std::optional<std::string> trimmedText(std::optional<std::string> raw) {
@@ -47,17 +63,19 @@ std::optional<std::string> trimmedText(std::optional<std::string> raw) {
 } // namespace
 
 std::optional<std::string> SystemFolder::text(const char* file) const {
-    return trimmedText(readFile(m_folder, file));
+    return trimmedText(
+        readFile(m_folder, file, m_record.get(), m_record ? m_path + "/" + file : std::string()));
 }
 
-SystemTree::SystemTree(std::filesystem::path root) : m_root(std::move(root)) {
+SystemTree::SystemTree(std::filesystem::path root, std::shared_ptr<SourceRecord> record)
+    : m_root(std::move(root)), m_record(std::move(record)) {
     std::error_code error;
     // A canonical root is what `resolved` can cut off again.
     if (auto canonical = std::filesystem::canonical(m_root, error); !error) m_root = std::move(canonical);
 }
 
 std::optional<std::string> SystemTree::bytes(const std::string& path) const {
-    return readFile(AT_FDCWD, absolute(path).c_str());
+    return readFile(AT_FDCWD, absolute(path).c_str(), m_record.get(), path);
 }
 
 std::optional<std::string> SystemTree::text(const std::string& path) const {
@@ -76,12 +94,13 @@ bool SystemTree::exists(const std::string& path) const {
 std::optional<SystemFolder> SystemTree::folder(const std::string& path) const {
     Descriptor folder(::open(absolute(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (folder < 0) return std::nullopt;
-    return SystemFolder(std::move(folder));
+    return SystemFolder(std::move(folder), path, m_record);
 }
 
 std::optional<std::vector<std::string>> SystemTree::names(const std::string& folder) const {
     std::error_code error;
     std::filesystem::directory_iterator entries(absolute(folder), error);
+    if (error && m_record) m_record->addFault(folder, error.message());
     if (error) return std::nullopt;
     std::vector<std::string> names;
     for (; entries != std::filesystem::directory_iterator(); entries.increment(error))
@@ -95,6 +114,7 @@ std::optional<std::string> SystemTree::linkName(const std::string& path) const {
     std::error_code error;
     const auto target = std::filesystem::read_symlink(absolute(path), error);
     if (error || target.filename().empty()) return std::nullopt;
+    if (m_record) m_record->addLink(path, target.string());
     return target.filename().string();
 }
 
@@ -104,6 +124,7 @@ std::optional<std::string> SystemTree::resolved(const std::string& path) const {
     if (error) return std::nullopt;
     const auto inside = whole.lexically_relative(m_root).string();
     if (inside.empty() || inside.starts_with("..")) return std::nullopt;
+    if (m_record && inside != path) m_record->addLink(path, "/" + inside);
     return inside;
 }
 

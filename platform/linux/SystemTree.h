@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/SourceRecord.h"
 #include "platform/linux/Descriptor.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,12 +16,15 @@ namespace tessivo {
 /// meanwhile and another takes its name. Reads as `SystemTree` does. Any thread.
 class SystemFolder final {
 public:
-    explicit SystemFolder(Descriptor folder) : m_folder(std::move(folder)) {}
+    SystemFolder(Descriptor folder, std::string path, std::shared_ptr<SourceRecord> record)
+        : m_folder(std::move(folder)), m_path(std::move(path)), m_record(std::move(record)) {}
 
     std::optional<std::string> text(const char* file) const;
 
 private:
     Descriptor m_folder;
+    std::string m_path;
+    std::shared_ptr<SourceRecord> m_record;
 };
 
 /// The files below a root folder in which Linux tells of itself: procfs, sysfs and /etc. Another root
@@ -32,7 +37,8 @@ public:
     /// No file is read beyond this many bytes.
     static constexpr std::size_t largestFile = 1u << 20;
 
-    explicit SystemTree(std::filesystem::path root = "/");
+    /// What is read goes into the record, where there is one; all copies share it.
+    explicit SystemTree(std::filesystem::path root = "/", std::shared_ptr<SourceRecord> record = nullptr);
 
     bool isThisComputer() const { return m_root == "/"; }
     std::filesystem::path absolute(const std::string& path) const { return m_root / path; }
@@ -55,6 +61,7 @@ public:
 
 private:
     std::filesystem::path m_root;
+    std::shared_ptr<SourceRecord> m_record;
 };
 
 /// A text as one whole number ("0x" may lead where the base is 16), or nothing.

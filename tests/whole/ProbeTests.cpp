@@ -2,7 +2,7 @@
 #include "kit/report/HistoryStore.h"
 #include "kit/report/ReportAssembler.h"
 #include "kit/support/PropertyJson.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/platform/CapturedTree.h"
 
 #include <QProcess>
 #include <gmock/gmock.h>
@@ -61,6 +61,58 @@ TEST(Probe, aCapturedMachineGivesTheReportOfThisComputer) {
                                 HasSubstr(" on March 5, 2026 at 4:07 PM UTC\n"), HasSubstr("\nMemory: "),
                                 Not(HasSubstr("\nMemory: 0 GB")),
                                 EndsWith("Anyone can rerun the tests to compare.\n")));
+}
+
+TEST(Probe, aCapturedTreeTellsOfItselfAndNeverOfThisComputer) {
+    CapturedTree tree("laptop-two-batteries");
+    const auto captured = [&] {
+        const Outcome machine = probe({"machine", "--root", q(tree.path())});
+        EXPECT_EQ(machine.status, 0) << machine.err;
+        return parsePropertyMap(machine.out);
+    };
+    PropertyMap map = captured();
+    for (const char* key : {"audio", "microphones", "cameras", "access", "tools"})
+        EXPECT_FALSE(map.contains(key)) << key;
+    const auto source = [&](const char* path) {
+        const auto& sources = std::get<PropertyMap>(map.at("sources").value);
+        return sources.contains(path) ? std::get<PropertyMap>(sources.at(path).value) : PropertyMap();
+    };
+    EXPECT_EQ(source("sys/class/dmi/id/product_name"), (PropertyMap{{"text", "20L5CTO1WW\n"}}));
+    EXPECT_EQ(source("sys/class/dmi/id/product_serial"), (PropertyMap{{"fault", "Is a directory"}}));
+    EXPECT_EQ(source("sys/firmware/devicetree/base/serial-number"),
+              (PropertyMap{{"fault", "No such file or directory"}}));
+
+    tree.add("tessivo/sound.json = {\"audio\": {\"devices\": []}, \"microphones\": [], \"sysctl\": {}}");
+    tree.add("proc/cpuinfo | model name: Chip\\x0a" + std::string(700'000, 'x'));
+    map = captured();
+    EXPECT_EQ(map.at("audio"), Property(PropertyMap{{"devices", PropertyList()}}));
+    EXPECT_EQ(map.at("microphones"), Property(PropertyList()));
+    EXPECT_NE(map.at("sysctl"), Property(PropertyMap())) << "facts of files come from files";
+    EXPECT_EQ(integer(source("proc/cpuinfo"), "bytes"), 700'017);
+    EXPECT_EQ(text(source("proc/cpuinfo"), "text").value_or("").size(), 16384u);
+
+    tree.add("tessivo/sound.json = {\"audio\": 1}");
+    const Outcome broken = probe({"machine", "--root", q(tree.path())});
+    EXPECT_EQ(broken.status, 1);
+    EXPECT_THAT(broken.err, HasSubstr("sound.json: audio: "));
+}
+
+TEST(Probe, readsStandardInputAndPipes) {
+    const TemporaryFolder folder;
+    const auto file = folder.write("session.json", Samples::session().encode());
+    const std::string expected = probe({"report", "--session", q(file), "--as", "session"}).out;
+    for (const char* line : {"cat \"$1\" | \"$0\" report --session - --as session",
+                             "\"$0\" report --session - --as session < \"$1\"",
+                             "mkfifo \"$1.pipe\"; cat \"$1\" > \"$1.pipe\" & "
+                             "\"$0\" report --session \"$1.pipe\" --as session"})
+        EXPECT_EQ(run("sh", {"-c", line, TESSIVO_BUILD "/tessivo-probe", q(file)}).out, expected) << line;
+    const Outcome nothing =
+        run("sh", {"-c", "\"$0\" report --session - --as text < /dev/null", TESSIVO_BUILD "/tessivo-probe"});
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_THAT(nothing.err, HasSubstr("standard input: "));
+    const Outcome endless =
+        run("sh", {"-c", "\"$0\" report --session - --as text < /dev/zero", TESSIVO_BUILD "/tessivo-probe"});
+    EXPECT_THAT(endless.err, HasSubstr("standard input: File too large"));
 }
 
 TEST(Probe, aSessionStandsAsItIsAndTakesANewMachine) {
@@ -154,6 +206,8 @@ TEST(Probe, aFaultIsOneLineThatNamesTheFile) {
         {deep, "guard", "--report", deep, "--language", "en", "--draft", report},
         {missing, "guard", "--report", report, "--language", "en", "--draft", missing},
         {missing, "history", missing},
+        {missing, "machine", "--root", missing},
+        {report, "machine", "--root", report},
         {report, "history", report},
         {report + "/x", "report", "--as", "text", "--output", report + "/x"},
         {"/dev/full", "report", "--as", "text", "--output", "/dev/full"},
