@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kit/hardware/HardwareKeys.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,6 +30,9 @@ public:
     virtual std::uint64_t physicalMemory() const = 0;
     /// Total size of the volume (or of the disk behind it) that holds "/", in bytes.
     virtual std::optional<std::int64_t> startupVolumeTotalCapacity() const = 0;
+    /// What tells this machine from its twin on a platform where an ordinary user can't read the serial
+    /// number; absent on one where the serial number alone does.
+    virtual std::optional<HardwareKeys> hardwareKeys() const { return std::nullopt; }
 };
 
 } // namespace tessivo

@@ -7,6 +7,15 @@
 
 namespace tessivo {
 
+/// One value for the defaults.
+struct DefaultsEntry {
+    enum class Kind { data, text };
+
+    std::string key;
+    Kind kind = Kind::data;
+    std::string value;
+};
+
 /// The user's defaults: a small key and value store. Main thread.
 class Defaults {
 public:
@@ -17,6 +26,13 @@ public:
     /// Stored for good when the call returns, or left as it was.
     virtual void setData(const std::string& key, const std::string& bytes) = 0;
     virtual void setText(const std::string& key, const std::string& text) = 0;
+    /// Stores all of them in this order; in one write, all or none, where the platform's defaults are one
+    /// file.
+    virtual void set(const std::vector<DefaultsEntry>& entries) {
+        for (const DefaultsEntry& entry : entries)
+            entry.kind == DefaultsEntry::Kind::data ? setData(entry.key, entry.value)
+                                                    : setText(entry.key, entry.value);
+    }
 };
 
 class Folders {

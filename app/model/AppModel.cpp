@@ -15,6 +15,22 @@ namespace {
 constexpr auto saveDelay = std::chrono::seconds(1);
 const char* const sessionKey = "session";
 const char* const notesKey = "notes";
+const char* const keysKey = "hardwareKeys";
+const char* const shelfKey = "sessionsSetAside";
+
+/// What is stored, with whose it is; nothing if it isn't a session.
+std::optional<ShelvedSession> storedSession(const Defaults& defaults) {
+    auto bytes = defaults.data(sessionKey);
+    if (!bytes) return std::nullopt;
+    try {
+        MachineInfo machine = SessionState::decode(*bytes).machine;
+        return ShelvedSession{std::move(machine.serial), std::move(machine.modelID),
+                              decodeHardwareKeys(defaults.data(keysKey).value_or("")), *std::move(bytes),
+                              defaults.text(notesKey).value_or("")};
+    } catch (const DecodingError&) {
+        return std::nullopt;
+    }
+}
 
 /// The error's own words, without the file names and codes that std::system_error puts around them.
 std::string localizedDescription(const std::exception& error) {
@@ -33,23 +49,47 @@ AppModel::AppModel(Platform& platform, QObject* parent) : QObject(parent), m_pla
 
 AppModel::~AppModel() = default;
 
-void AppModel::restoreOrBegin() {
-    MachineInfo machine = readMachineInfo(m_platform.machineFacts(), m_platform.registry());
-    if (const auto stored = m_platform.defaults().data(sessionKey)) {
-        try {
-            SessionState restored = SessionState::decode(*stored);
-            // A session never follows a disk or a backup to another Mac.
-            if (restored.machine.serial == machine.serial) {
-                restored.machine = std::move(machine);
-                m_state = std::move(restored);
-                m_notes = m_platform.defaults().text(notesKey).value_or("");
-                return;
-            }
-        } catch (const DecodingError&) {
-            // Stored data that isn't a session begins a new one; its bytes stay until the next save.
-        }
+bool AppModel::restore(const std::string& session, std::string notes, const MachineInfo& machine) {
+    try {
+        m_state = SessionState::decode(session);
+    } catch (const DecodingError&) {
+        // Stored data that isn't a session begins a new one; its bytes stay until the next save.
+        return false;
     }
-    m_state = SessionState(std::move(machine), m_platform.scheduler().now());
+    m_state.machine = machine;
+    m_notes = std::move(notes);
+    return true;
+}
+
+void AppModel::restoreOrBegin() {
+    Defaults& defaults = m_platform.defaults();
+    const MachineInfo machine = readMachineInfo(m_platform.machineFacts(), m_platform.registry());
+    m_keys = m_platform.machineFacts().hardwareKeys();
+    const MacIdentity current{machine.serial, machine.modelID, m_keys};
+
+    // A session never follows a disk or a backup to another Mac.
+    std::optional<ShelvedSession> stored = storedSession(defaults);
+    MacMatch match = MacMatch::different;
+    if (stored) match = compare({stored->serial, stored->modelID, stored->keys}, current);
+    if (m_keys) {
+        m_shelf = SessionShelf::decode(defaults.data(shelfKey).value_or(""));
+        // One that was set aside comes back where more speaks for it.
+        const auto shelved = m_shelf.find(current);
+        const bool comesBack = shelved && shelved->match > match &&
+                               restore(m_shelf.sessions[shelved->index].session,
+                                       m_shelf.sessions[shelved->index].notes, machine);
+        if (comesBack) {
+            m_keys = merged(m_shelf.sessions[shelved->index].keys, *m_keys);
+            m_shelf.sessions.erase(m_shelf.sessions.begin() + std::ptrdiff_t(shelved->index));
+        }
+        if (stored && (comesBack || match == MacMatch::different)) m_shelf.put(*std::move(stored));
+        if (comesBack) return;
+    }
+    if (match != MacMatch::different && restore(stored->session, stored->notes, machine)) {
+        if (m_keys) m_keys = merged(stored->keys, *m_keys);
+        return;
+    }
+    m_state = SessionState(machine, m_platform.scheduler().now());
 }
 
 void AppModel::setState(SessionState state) {
@@ -253,8 +293,14 @@ void AppModel::persist() {
     } catch (const std::exception&) {
         return;
     }
-    m_platform.defaults().setData(sessionKey, session);
-    m_platform.defaults().setText(notesKey, m_notes);
+    using Kind = DefaultsEntry::Kind;
+    std::vector<DefaultsEntry> entries{{sessionKey, Kind::data, std::move(session)},
+                                       {notesKey, Kind::text, m_notes}};
+    if (m_keys) {
+        entries.push_back({keysKey, Kind::data, encode(*m_keys)});
+        entries.push_back({shelfKey, Kind::data, m_shelf.encode()});
+    }
+    m_platform.defaults().set(entries);
 }
 
 } // namespace tessivo

@@ -2,6 +2,7 @@
 
 #include "app/model/Page.h"
 #include "kit/report/HistoryStore.h"
+#include "kit/session/SessionShelf.h"
 #include "kit/session/SessionState.h"
 #include "platform/Platform.h"
 
@@ -18,8 +19,9 @@ class AppModel final : public QObject {
     Q_OBJECT
 
 public:
-    /// Restores the stored session if it belongs to this Mac, else begins a new one. Throws
-    /// std::runtime_error where there is no application support folder. The platform outlives the model.
+    /// Restores the stored session if it belongs to this Mac, else one that was set aside for it, else begins
+    /// a new one. Throws std::runtime_error where there is no application support folder. The platform
+    /// outlives the model.
     explicit AppModel(Platform& platform, QObject* parent = nullptr);
     ~AppModel() override;
 
@@ -71,7 +73,7 @@ public:
     void deleteFromHistory(const Uuid& id);
     void refreshHistory();
 
-    /// Stores the session and the notes at once.
+    /// Stores the session and the notes at once, and with them whose they are and what was set aside.
     void persist();
 
 Q_SIGNALS:
@@ -85,12 +87,16 @@ Q_SIGNALS:
 
 private:
     void restoreOrBegin();
+    /// Gives the session back with the notes, if it can be read.
+    bool restore(const std::string& session, std::string notes, const MachineInfo& machine);
     void scheduleSave();
     void setReading(bool reading);
 
     Platform& m_platform;
     SessionState m_state;
     std::string m_notes;
+    std::optional<HardwareKeys> m_keys; ///< stored with the session; absent where the platform has none
+    SessionShelf m_shelf;               ///< stored with it too
     std::optional<Page> m_page = Page::overview;
     bool m_showWriteUp = false;
     bool m_reading = false;

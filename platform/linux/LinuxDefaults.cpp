@@ -18,6 +18,11 @@ std::optional<std::string> bytesOf(const QVariant& value) {
     return value.toByteArray().toStdString();
 }
 
+QVariant variant(const DefaultsEntry& entry) {
+    if (entry.kind == DefaultsEntry::Kind::data) return QByteArray::fromStdString(entry.value);
+    return QString::fromStdString(entry.value);
+}
+
 } // namespace
 
 LinuxDefaults::LinuxDefaults(const std::filesystem::path& file) : m_file(file) {}
@@ -27,7 +32,7 @@ QVariant LinuxDefaults::value(const std::string& key) const {
         .value(QString::fromStdString(key));
 }
 
-void LinuxDefaults::store(const std::string& key, const QVariant& value) {
+void LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
     // On a copy that then takes the file's place: a settings object whose write fails keeps the change in
     // mind for the whole process and writes it at some later time.
     std::error_code error;
@@ -43,9 +48,10 @@ void LinuxDefaults::store(const std::string& key, const QVariant& value) {
     if (error && (std::filesystem::exists(file, unseen) || unseen)) return;
 
     QSettings settings(copy.fileName(), QSettings::IniFormat);
-    settings.setValue(QString::fromStdString(key), value);
+    for (const DefaultsEntry& entry : entries)
+        settings.setValue(QString::fromStdString(entry.key), variant(entry));
     settings.sync();
-    // Lines that make no sense don't keep the value out; they are what can't be read anyhow.
+    // Lines that make no sense don't keep the values out; they are what can't be read anyhow.
     if (settings.status() == QSettings::AccessError) return;
     // A nearly full disk leaves a shortened copy without a word, so the copy is read back. Under another
     // name: a settings object of the same name would answer from what it has in mind.
@@ -74,11 +80,11 @@ std::optional<std::string> LinuxDefaults::text(const std::string& key) const {
 }
 
 void LinuxDefaults::setData(const std::string& key, const std::string& bytes) {
-    store(key, QByteArray::fromStdString(bytes));
+    set({{key, DefaultsEntry::Kind::data, bytes}});
 }
 
 void LinuxDefaults::setText(const std::string& key, const std::string& text) {
-    store(key, QString::fromStdString(text));
+    set({{key, DefaultsEntry::Kind::text, text}});
 }
 
 std::vector<std::filesystem::path> LinuxFolders::applicationSupport() const {

@@ -2,6 +2,7 @@
 
 #include "kit/support/Text.h"
 #include "platform/linux/Firmware.h"
+#include "platform/linux/NetworkInterfaces.h"
 #include "platform/linux/StartupDisk.h"
 
 #include <limits>
@@ -100,6 +101,12 @@ std::uint64_t LinuxMachineFacts::physicalMemory() const {
 
 std::optional<std::int64_t> LinuxMachineFacts::startupVolumeTotalCapacity() const {
     return StartupDisk::capacity(m_tree);
+}
+
+std::optional<HardwareKeys> LinuxMachineFacts::hardwareKeys() const {
+    HardwareKeys keys;
+    NetworkInterfaces::addPermanentAddresses(m_tree, keys);
+    return keys;
 }
 
 } // namespace tessivo

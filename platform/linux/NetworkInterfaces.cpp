@@ -51,6 +51,26 @@ Kind kind(const SystemTree& tree, const std::string& interface, std::int64_t typ
     return {"EthernetInterface", true};
 }
 
+bool isOnBoard(const SystemTree& tree, const std::string& device) {
+    const auto bus = tree.linkName(device + "/subsystem");
+    return (bus == "pci" || bus == "platform") && !isOnCable(tree, device);
+}
+
+/// The address if a maker gave it to this one device: 48 bits, neither for a group nor set by hand.
+std::optional<std::string> permanentAddress(const SystemTree& tree, const std::string& interface) {
+    constexpr std::int64_t permanent = 0;                // of the kernel's kinds of assignment
+    constexpr std::string_view unassigned = "00:90:4c:"; // of Broadcom's chips before a maker sets them
+    constexpr std::size_t length = 17;
+    constexpr std::int64_t groupOrLocal = 3;
+    if (tree.number(interface + "/addr_assign_type") != permanent) return std::nullopt;
+    auto address = tree.text(interface + "/address");
+    if (!address || address->size() != length) return std::nullopt;
+    const auto first = wholeNumber(std::string_view(*address).substr(0, 2), 16);
+    const bool isZero = address->find_first_not_of("0:") == std::string::npos;
+    if (!first || *first & groupOrLocal || isZero || address->starts_with(unassigned)) return std::nullopt;
+    return address;
+}
+
 /// The carrier is the cable itself. It can't be read while the interface is shut down, and the state then
 /// tells nothing of the cable either.
 std::optional<std::int64_t> linkStatus(const SystemTree& tree, const std::string& interface,
@@ -100,6 +120,18 @@ std::optional<std::vector<RegistryEntry>> entries(const SystemTree& tree) {
         if (const auto type = tree.number(folder + name + "/type"); type && *type != loopbackType)
             out.push_back(entry(tree, name, *type));
     return out;
+}
+
+void addPermanentAddresses(const SystemTree& tree, HardwareKeys& keys) {
+    for (const std::string& name : tree.names(folder).value_or(std::vector<std::string>())) {
+        const std::string interface = folder + name;
+        if (tree.number(interface + "/type") != ethernetType) continue;
+        const Kind kind = NetworkInterfaces::kind(tree, interface, ethernetType);
+        const bool isWiFi = std::string_view(kind.className) == "IO80211Interface";
+        if (!kind.builtIn && !(isWiFi && isOnBoard(tree, interface + "/device"))) continue;
+        if (auto address = permanentAddress(tree, interface))
+            (isWiFi ? keys.wifi : keys.ethernet).insert(std::move(*address));
+    }
 }
 
 } // namespace tessivo::NetworkInterfaces

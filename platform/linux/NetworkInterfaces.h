@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kit/hardware/HardwareKeys.h"
 #include "platform/Registry.h"
 #include "platform/linux/SystemTree.h"
 
@@ -12,5 +13,9 @@ namespace tessivo::NetworkInterfaces {
 /// switched off) and "IOLinkSpeed" in bits per second. The loopback is left out. Nothing if the system has
 /// no list.
 std::optional<std::vector<RegistryEntry>> entries(const SystemTree& tree);
+
+/// Adds the permanent addresses of built-in ports and of built-in Wi-Fi. An address that was set by
+/// software, or that chips carry before a maker has given them their own, is no key.
+void addPermanentAddresses(const SystemTree& tree, HardwareKeys& keys);
 
 } // namespace tessivo::NetworkInterfaces

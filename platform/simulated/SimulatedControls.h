@@ -22,6 +22,8 @@ public:
     // Readings
     void breakReading(SimulatedReading reading);
     void mendReading(SimulatedReading reading);
+    /// From the next launch on; absent, as at the start, the serial number alone tells this Mac from others.
+    void setHardwareKeys(std::optional<HardwareKeys> keys) { mac().hardwareKeys = std::move(keys); }
     /// The raw facts themselves; what is changed here is read from now on.
     MachineFile& facts() { return mac().facts; }
 

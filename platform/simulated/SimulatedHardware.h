@@ -13,6 +13,7 @@ public:
     OperatingSystem operatingSystem() const override;
     std::uint64_t physicalMemory() const override;
     std::optional<std::int64_t> startupVolumeTotalCapacity() const override;
+    std::optional<HardwareKeys> hardwareKeys() const override { return m_mac.hardwareKeys; }
 
 private:
     const SimulatedMac& m_mac;

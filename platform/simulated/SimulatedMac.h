@@ -41,6 +41,7 @@ struct ScheduledTone {
 struct SimulatedMac {
     MachineFile facts;
     std::set<SimulatedReading> broken;
+    std::optional<HardwareKeys> hardwareKeys; ///< as of a platform that gives some
 
     bool engineFails = false;
     std::vector<ScheduledTone> tones;

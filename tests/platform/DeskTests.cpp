@@ -71,21 +71,21 @@ TEST(LinuxDefaults, anyFileOpens) {
 
 TEST(LinuxDefaults, aSessionIsTheOldOneOrTheNewOneWhateverRoomIsLeftOnTheDisk) {
     constexpr std::size_t diskSize = 256 * 1024, step = 4096;
+    using Kind = DefaultsEntry::Kind;
     const std::string before(9'000, 'a'), after(40'000, 'b'), notes = "Scuff on the lid";
     int kept = 0, replaced = 0;
     for (std::size_t fill = 0; fill <= diskSize; fill += step) {
         const SmallDisk disk(diskSize);
         if (!disk.isMounted()) GTEST_SKIP() << "a small disk takes root: " << std::strerror(errno);
         LinuxDefaults defaults(disk.folder() / "Tessivo.ini");
-        defaults.setText("notes", notes);
-        defaults.setData("session", before);
+        defaults.set({{"session", Kind::data, before}, {"notes", Kind::text, notes}});
         disk.folder().write("filler", std::string(fill, 'x'));
-        defaults.setData("session", after);
+        defaults.set({{"session", Kind::data, after}, {"notes", Kind::text, "new"}});
 
         const LinuxDefaults nextLaunch(disk.folder() / "Tessivo.ini");
         const auto session = nextLaunch.data("session");
         ASSERT_TRUE(session == before || session == after) << "with " << fill << " bytes in the way";
-        EXPECT_EQ(nextLaunch.text("notes"), notes);
+        EXPECT_EQ(nextLaunch.text("notes"), session == before ? notes : "new") << "both or none";
         ++(session == before ? kept : replaced);
         EXPECT_EQ(namesIn(disk.folder().path()), (std::vector<std::string>{"Tessivo.ini", "filler"}));
     }
