@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -34,6 +35,12 @@ struct Value {
     /// The entries of a list or an object in their order; anything else has none.
     Iterator begin() const { return {this + 1}; }
     Iterator end() const { return {this + span}; }
+    std::size_t count() const {
+        std::size_t count = 0;
+        for (auto entry = begin(); entry != end(); ++entry)
+            ++count;
+        return count;
+    }
 };
 
 /// A parsed JSON object, strict to its end: whatever isn't JSON, a lone surrogate, bytes that aren't UTF-8

@@ -7,9 +7,12 @@ namespace tessivo::Json {
 
 namespace {
 
-const Value& expect(Value::Type type, const Value& value, const Path& path, std::string_view name) {
-    if (value.type != type)
-        path.fail(std::string("not ").append(name).append(" but ").append(Value::nameOf(value.type)));
+[[noreturn]] void failType(const Value& value, const Path& path, std::string_view wanted) {
+    path.fail(std::string("not ").append(wanted).append(" but ").append(Value::nameOf(value.type)));
+}
+
+const Value& expect(Value::Type type, const Value& value, const Path& path, std::string_view wanted) {
+    if (value.type != type) failType(value, path, wanted);
     return value;
 }
 

@@ -141,8 +141,9 @@ template <class T>
 struct Reader<std::vector<T>> {
     static std::vector<T> read(const Value& value, const Path& path, DateForm form) {
         std::vector<T> list;
+        list.reserve(readList(value, path).count());
         std::size_t index = 0;
-        for (const Value& entry : readList(value, path))
+        for (const Value& entry : value)
             list.push_back(Reader<T>::read(entry, Path(path, index++), form));
         return list;
     }
@@ -154,7 +155,7 @@ struct Reader<std::set<T>> {
         std::set<T> set;
         std::size_t index = 0;
         for (const Value& entry : readList(value, path))
-            set.insert(Reader<T>::read(entry, Path(path, index++), form));
+            set.insert(set.end(), Reader<T>::read(entry, Path(path, index++), form)); // most are sorted
         return set;
     }
 };
