@@ -26,9 +26,10 @@ public:
     /// them, a closing zero byte included.
     virtual std::optional<std::string> sysctlbyname(const std::string& name) const = 0;
     virtual OperatingSystem operatingSystem() const = 0;
-    /// Installed memory in bytes.
+    /// Installed memory in bytes, 0 if it can't be read.
     virtual std::uint64_t physicalMemory() const = 0;
-    /// Total size of the volume (or of the disk behind it) that holds "/", in bytes.
+    /// Total size of the startup volume in bytes; under Linux, which may run from anywhere, of the drive
+    /// inside the computer.
     virtual std::optional<std::int64_t> startupVolumeTotalCapacity() const = 0;
     /// What tells this machine from its twin on a platform where an ordinary user can't read the serial
     /// number; absent on one where the serial number alone does.

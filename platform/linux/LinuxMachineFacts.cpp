@@ -2,12 +2,11 @@
 
 #include "kit/support/Text.h"
 #include "platform/linux/Firmware.h"
+#include "platform/linux/InstalledMemory.h"
+#include "platform/linux/InternalDrives.h"
 #include "platform/linux/NetworkInterfaces.h"
-#include "platform/linux/StartupDisk.h"
 
-#include <limits>
 #include <map>
-#include <unistd.h>
 
 namespace tessivo {
 
@@ -62,7 +61,10 @@ LinuxMachineFacts::LinuxMachineFacts(SystemTree tree) : m_tree(std::move(tree)) 
 std::optional<std::string> LinuxMachineFacts::sysctlbyname(const std::string& name) const {
     std::optional<std::string> value;
     if (name == "hw.model") value = Firmware::model(m_tree);
-    if (name == "machdep.cpu.brand_string") value = valueOf(m_tree.bytes("proc/cpuinfo"), "model name");
+    if (name == "machdep.cpu.brand_string") {
+        value = Firmware::appleChip(m_tree);
+        if (!value) value = valueOf(m_tree.bytes("proc/cpuinfo"), "model name");
+    }
     if (name == "kern.osversion") value = m_tree.text("proc/sys/kernel/osrelease");
     if (value) value->push_back('\0');
     return value;
@@ -87,20 +89,11 @@ OperatingSystem LinuxMachineFacts::operatingSystem() const {
 }
 
 std::uint64_t LinuxMachineFacts::physicalMemory() const {
-    constexpr std::uint64_t kibi = 1024;
-    if (const auto total = valueOf(m_tree.bytes("proc/meminfo"), "MemTotal");
-        total && total->ends_with(" kB"))
-        if (const auto number = wholeNumber(total->substr(0, total->find(' ')));
-            number && *number > 0 && *number <= std::numeric_limits<std::int64_t>::max() / std::int64_t(kibi))
-            return std::uint64_t(*number) * kibi;
-    if (!m_tree.isThisComputer()) return 0;
-    const long pages = ::sysconf(_SC_PHYS_PAGES);
-    const long pageBytes = ::sysconf(_SC_PAGESIZE);
-    return pages > 0 && pageBytes > 0 ? std::uint64_t(pages) * std::uint64_t(pageBytes) : 0;
+    return std::uint64_t(InstalledMemory::bytes(m_tree).value_or(0));
 }
 
 std::optional<std::int64_t> LinuxMachineFacts::startupVolumeTotalCapacity() const {
-    return StartupDisk::capacity(m_tree);
+    return InternalDrives::capacity(m_tree);
 }
 
 std::optional<HardwareKeys> LinuxMachineFacts::hardwareKeys() const {

@@ -5,9 +5,10 @@
 
 namespace tessivo {
 
-/// Model from the firmware's tables (on an Apple machine the Mac's own identifier) or the device tree,
-/// chip from /proc/cpuinfo, memory as the kernel counts it, the kernel's release as the build, and the
-/// disk behind "/". The title is the distribution's name and version.
+/// Model from the firmware's tables (on an Apple machine the Mac's own identifier) or by the device tree's
+/// board, chip from the device tree or /proc/cpuinfo, the memory that is installed, the kernel's release as
+/// the build, and the drive inside the computer, whatever holds "/". The title is the distribution's name
+/// and version.
 class LinuxMachineFacts final : public MachineFacts {
 public:
     explicit LinuxMachineFacts(SystemTree tree);

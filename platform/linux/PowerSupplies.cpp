@@ -79,8 +79,9 @@ Capacities capacities(const SystemTree& tree, const std::string& supply) {
 RegistryEntry batteryEntry(const SystemTree& tree, const std::string& supply) {
     PropertyMap properties;
     if (const auto present = installed(tree, supply)) properties["BatteryInstalled"] = *present;
-    // 0 is what drivers give that don't count cycles.
-    if (const auto cycles = tree.number(supply + "/cycle_count"); cycles && *cycles > 0)
+    // 0 is also what drivers give that don't count cycles; the one of Apple silicon counts.
+    const bool counts = supply.starts_with(folder + "macsmc-");
+    if (const auto cycles = tree.number(supply + "/cycle_count"); cycles && *cycles >= (counts ? 0 : 1))
         properties["CycleCount"] = *cycles;
     const Capacities capacity = capacities(tree, supply);
     if (capacity.design) properties["DesignCapacity"] = *capacity.design;
@@ -89,11 +90,10 @@ RegistryEntry batteryEntry(const SystemTree& tree, const std::string& supply) {
     return {"AppleSmartBattery", properties, nullptr};
 }
 
-/// The kernel's health words in the Mac's. Those about the moment (temperature, charger) tell nothing of
-/// the battery's state and are left out.
+/// The kernel's bad health words in the Mac's. Those about the moment (temperature, charger) tell nothing of
+/// the battery's state, and "Good" says only that the driver knows of no fault: no verdict of the Mac's.
 void addHealth(PropertyMap& description, const std::string& health) {
     const std::string word = Text::lowercased(health);
-    if (word == "good") description["BatteryHealth"] = "Good";
     if (word == "dead" || word == "unspecified failure" || word == "blown fuse") {
         description["BatteryHealth"] = "Poor";
         description["BatteryHealthCondition"] = "Permanent Battery Failure";

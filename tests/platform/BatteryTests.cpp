@@ -24,11 +24,14 @@ std::string print(const BatteryReading& battery) {
 
 TEST(Battery, captures) {
     const std::pair<const char*, const char*> rows[] = {
-        {"macbook-pro-t2", "present, cycles 412, design 7336, full 5942, Normal, registry"},
+        {"macbook-pro-t2", "present, cycles 412, design 7336, full 5942, -, registry"},
         // Watt-hours by the design voltage; no count of cycles; never the mouse or the tablet.
         {"laptop-two-batteries", "present, cycles -, design 2101, full 1800, -, registry"},
         {"desktop-raid", "absent, cycles -, design -, full -, -, none"},
-        {"apple-silicon", "present, cycles 57, design 4563, full 4380, Permanent Battery Failure, registry"},
+        // Good is no verdict; this driver's 0 is a true count.
+        {"macbook-air-m1", "present, cycles 0, design 4382, full 4382, -, registry"},
+        {"unknown-board", "present, cycles 41, design -, full -, -, registry"},
+        {"macbook-air-m2", "present, cycles 57, design 4563, full 4380, Permanent Battery Failure, registry"},
         {"network", "absent, cycles -, design -, full -, -, none"},
     };
     for (const auto& [tree, expected] : rows)
@@ -61,6 +64,7 @@ TEST(Battery, attributes) {
         // Charge and energy are never mixed into one ratio.
         {{"charge_full = 4000000", "energy_full_design = 50000000", "voltage_now = 10000000"},
          "present, cycles -, design -, full 4000, -, registry"},
+        {{"health = Good", "cycle_count = 0"}, "present, cycles -, design -, full -, -, registry"},
         {{"health = Dead"}, "present, cycles -, design -, full -, Permanent Battery Failure, registry"},
         {{"health = Blown fuse"}, "present, cycles -, design -, full -, Permanent Battery Failure, registry"},
         {{"health = Cell imbalance"}, "present, cycles -, design -, full -, Check Battery, registry"},
