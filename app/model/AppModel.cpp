@@ -17,6 +17,7 @@ const char* const sessionKey = "session";
 const char* const notesKey = "notes";
 const char* const keysKey = "hardwareKeys";
 const char* const shelfKey = "sessionsSetAside";
+const char* const unreadShelfKey = "sessionsSetAsideUnread";
 
 /// What is stored, with whose it is; nothing if it isn't a session.
 std::optional<ShelvedSession> storedSession(const Defaults& defaults) {
@@ -72,7 +73,12 @@ void AppModel::restoreOrBegin() {
     MacMatch match = MacMatch::different;
     if (stored) match = compare({stored->serial, stored->modelID, stored->keys}, current);
     if (m_keys) {
-        m_shelf = SessionShelf::decode(defaults.data(shelfKey).value_or(""));
+        if (auto bytes = defaults.data(shelfKey)) {
+            if (auto shelf = SessionShelf::decode(*bytes))
+                m_shelf = *std::move(shelf);
+            else
+                m_unreadShelf = std::move(bytes);
+        }
         // One that was set aside comes back where more speaks for it.
         const auto shelved = m_shelf.find(current);
         const bool comesBack = shelved && shelved->match > match &&
@@ -299,6 +305,7 @@ void AppModel::persist() {
     if (m_keys) {
         entries.push_back({keysKey, Kind::data, encode(*m_keys)});
         entries.push_back({shelfKey, Kind::data, m_shelf.encode()});
+        if (m_unreadShelf) entries.push_back({unreadShelfKey, Kind::data, *m_unreadShelf});
     }
     m_platform.defaults().set(entries);
 }

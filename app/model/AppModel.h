@@ -95,8 +95,9 @@ private:
     Platform& m_platform;
     SessionState m_state;
     std::string m_notes;
-    std::optional<HardwareKeys> m_keys; ///< stored with the session; absent where the platform has none
-    SessionShelf m_shelf;               ///< stored with it too
+    std::optional<HardwareKeys> m_keys;       ///< stored with the session; absent where the platform has none
+    SessionShelf m_shelf;                     ///< stored with it too
+    std::optional<std::string> m_unreadShelf; ///< what stood in its place and is kept beside it
     std::optional<Page> m_page = Page::overview;
     bool m_showWriteUp = false;
     bool m_reading = false;

@@ -13,11 +13,11 @@ std::string encoded(const T& record) {
 }
 
 template <class T>
-T decoded(std::string_view json) {
+std::optional<T> decoded(std::string_view json) {
     try {
         return Json::read<T>(json, Json::DateForm::number);
     } catch (const DecodingError&) {
-        return {};
+        return std::nullopt;
     }
 }
 
@@ -48,7 +48,7 @@ std::string SessionShelf::encode() const {
     return encoded(*this);
 }
 
-SessionShelf SessionShelf::decode(std::string_view json) {
+std::optional<SessionShelf> SessionShelf::decode(std::string_view json) {
     return decoded<SessionShelf>(json);
 }
 
@@ -57,7 +57,7 @@ std::string encode(const HardwareKeys& keys) {
 }
 
 HardwareKeys decodeHardwareKeys(std::string_view json) {
-    return decoded<HardwareKeys>(json);
+    return decoded<HardwareKeys>(json).value_or(HardwareKeys{});
 }
 
 } // namespace tessivo

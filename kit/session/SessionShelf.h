@@ -40,8 +40,8 @@ struct SessionShelf {
     std::optional<Found> find(const MacIdentity& current) const;
 
     std::string encode() const;
-    /// What can't be read is an empty shelf.
-    static SessionShelf decode(std::string_view json);
+    /// Nothing if the text isn't a shelf.
+    static std::optional<SessionShelf> decode(std::string_view json);
 
     bool operator==(const SessionShelf&) const = default;
 };

@@ -101,6 +101,8 @@ TEST_F(SetAsideTests, whatIsStoredAndNoSessionIsNoHindrance) {
     mac.defaults().setData("sessionsSetAside", "\xff");
     moveTo("b");
     EXPECT_EQ(shown(), "");
+    model().persist();
+    EXPECT_EQ(mac.defaults().data("sessionsSetAsideUnread"), "\xff");
 }
 
 } // namespace

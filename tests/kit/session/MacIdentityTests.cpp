@@ -91,7 +91,7 @@ TEST(SessionShelf, isBoundedAndKeepsTheNewest) {
     EXPECT_GT(shelf.sessions.size(), 1u);
     shelf.put(shelved(std::string(2 * SessionShelf::mostBytes, 'y'), none, noKeys));
     EXPECT_EQ(shelf.sessions.size(), 1u);
-    EXPECT_TRUE(SessionShelf::decode("{\"sessions\":[{}]}").sessions.empty());
+    EXPECT_EQ(SessionShelf::decode("{\"sessions\":[{}]}"), std::nullopt);
 }
 
 } // namespace
