@@ -4,7 +4,7 @@
 #include "platform/linux/Firmware.h"
 #include "platform/linux/InstalledMemory.h"
 #include "platform/linux/InternalDrives.h"
-#include "platform/linux/NetworkInterfaces.h"
+#include "platform/linux/PermanentKeys.h"
 
 #include <map>
 
@@ -97,9 +97,7 @@ std::optional<std::int64_t> LinuxMachineFacts::startupVolumeTotalCapacity() cons
 }
 
 std::optional<HardwareKeys> LinuxMachineFacts::hardwareKeys() const {
-    HardwareKeys keys;
-    NetworkInterfaces::addPermanentAddresses(m_tree, keys);
-    return keys;
+    return PermanentKeys::read(m_tree);
 }
 
 } // namespace tessivo
