@@ -6,6 +6,7 @@
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/platform/CapturedTree.h"
 
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -18,11 +19,17 @@ namespace fs = std::filesystem;
 
 constexpr const char* moment = "2026-03-05T16:07:09Z";
 
-std::vector<std::string> machines() {
+std::vector<std::string> stems(const fs::path& folder, const std::string& extension) {
     std::vector<std::string> names;
-    for (const std::string& name : namesIn(TESSIVO_MACHINES))
-        names.push_back(fs::path(name).stem().string());
+    for (const fs::path name : namesIn(folder))
+        if (name.extension() == extension) names.push_back(name.stem().string());
     return names;
+}
+
+std::string printed(const auto& info) {
+    std::string name = info.param;
+    std::ranges::replace(name, '-', '_');
+    return name;
 }
 
 fs::path machineFile(const std::string& name) {
@@ -42,16 +49,27 @@ void expectGolden(const fs::path& name, const std::string& actual) {
     std::ofstream(left, std::ios::binary) << actual;
 }
 
+std::string probe(QStringList arguments, const std::string& input = {}) {
+    QProcess probe;
+    probe.start(TESSIVO_BUILD "/tessivo-probe", arguments);
+    probe.write(QByteArray::fromStdString(input));
+    probe.closeWriteChannel();
+    EXPECT_TRUE(probe.waitForFinished()) << probe.errorString().toStdString();
+    EXPECT_EQ(probe.exitCode(), 0) << probe.readAllStandardError().toStdString();
+    return probe.readAllStandardOutput().toStdString();
+}
+
+/// The report of a machine file, or of standard input for "-".
+std::string textReport(const fs::path& machine, const std::string& input = {}) {
+    return probe({"report", "--machine", QString::fromStdString(machine.string()), "--as", "text", "--at",
+                  moment, "--time-zone", "UTC"},
+                 input);
+}
+
 class GoldenReports : public testing::TestWithParam<std::string> {};
 
 TEST_P(GoldenReports, aFreshReportOfTheMachineReadsAsItsGoldenFile) {
-    QProcess probe;
-    probe.start(TESSIVO_BUILD "/tessivo-probe",
-                {"report", "--machine", QString::fromStdString(machineFile(GetParam()).string()), "--as",
-                 "text", "--at", moment, "--time-zone", "UTC"});
-    ASSERT_TRUE(probe.waitForFinished()) << probe.errorString().toStdString();
-    EXPECT_EQ(probe.exitCode(), 0) << probe.readAllStandardError().toStdString();
-    expectGolden("reports/" + GetParam() + ".txt", probe.readAllStandardOutput().toStdString());
+    expectGolden("reports/" + GetParam() + ".txt", textReport(machineFile(GetParam())));
 }
 
 TEST_P(GoldenReports, theListingOfASaleOfItReadsAsItsGoldenFiles) {
@@ -70,10 +88,18 @@ TEST_P(GoldenReports, theListingOfASaleOfItReadsAsItsGoldenFiles) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Machines, GoldenReports, testing::ValuesIn(machines()), [](const auto& info) {
-    std::string name = info.param;
-    std::ranges::replace(name, '-', '_');
-    return name;
-});
+class GoldenTrees : public testing::TestWithParam<std::string> {};
+
+TEST_P(GoldenTrees, aCaptureOfTheTreeReportsAsItsGoldenFile) {
+    const CapturedTree tree(GetParam());
+    const std::string capture = probe({"machine", "--root", QString::fromStdString(tree.path().string())});
+    expectGolden("reports/trees/" + GetParam() + ".txt", textReport("-", capture));
+}
+
+INSTANTIATE_TEST_SUITE_P(Machines, GoldenReports, testing::ValuesIn(stems(TESSIVO_MACHINES, ".json")),
+                         [](const auto& info) { return printed(info); });
+INSTANTIATE_TEST_SUITE_P(Trees, GoldenTrees,
+                         testing::ValuesIn(stems(fs::path(TESSIVO_TEST_DATA) / "trees", ".tree")),
+                         [](const auto& info) { return printed(info); });
 
 } // namespace
