@@ -1,4 +1,4 @@
-# What lands where, and the Debian package: `cmake --build --preset release && cpack --config build/release/CPackConfig.cmake`.
+# What lands where, and the Debian package, which tools/package makes.
 include(GNUInstallDirs)
 
 install(TARGETS tessivo tessivo-demo tessivo-probe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -18,5 +18,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Test a used computer and report its condi
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, fonts-inter, fonts-jetbrains-mono, fonts-dejavu-core, fonts-symbola")
+# In a Wayland session Qt goes by X without it.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 include(CPack)
