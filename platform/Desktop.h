@@ -8,6 +8,9 @@
 
 namespace tessivo {
 
+/// What a report is set on unless a person chooses otherwise.
+enum class Paper { a4, letter };
+
 /// The desktop around the window. Main thread.
 class Desktop {
 public:
@@ -17,6 +20,8 @@ public:
     virtual void openURL(const std::string& url) = 0;
     /// Clears the general pasteboard and puts plain text on it.
     virtual void setPasteboardText(const std::string& text) = 0;
+    /// The system's paper setting; nothing where it has none.
+    virtual std::optional<Paper> paper() const = 0;
 };
 
 /// The update framework, as far as the wrapper needs it. Main thread.

@@ -25,8 +25,10 @@ public:
 struct FingerPosition {
     double x = 0;
     double y = 0;
+    std::int64_t touch = 0; ///< the same from a finger's coming down to its lift
 
-    bool operator==(const FingerPosition&) const = default;
+    /// The same place, whichever finger is there.
+    bool operator==(const FingerPosition& other) const { return x == other.x && y == other.y; }
 };
 
 /// Fingers on the trackpad's surface and gestures that the window system doesn't deliver as events.
@@ -41,6 +43,9 @@ public:
 
     virtual ~FingerTouches() = default;
 
+    /// True where fingers and gestures are told whichever window they work in: which of them are meant for
+    /// it, the listener decides.
+    virtual bool tellsOfEveryWindow() const = 0;
     /// Begins to call the handlers, until `stop` or a new `start`.
     virtual void start(Handlers handlers) = 0;
     virtual void stop() = 0;

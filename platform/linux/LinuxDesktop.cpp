@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include "platform/linux/PaperSetting.h"
+
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -25,6 +27,10 @@ void LinuxDesktop::openURL(const std::string& url) {
 
 void LinuxDesktop::setPasteboardText(const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+std::optional<Paper> LinuxDesktop::paper() const {
+    return PaperSetting::read("/");
 }
 
 LinuxUpdateFramework::LinuxUpdateFramework(Desktop& desktop) : m_desktop(desktop) {}

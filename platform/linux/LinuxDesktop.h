@@ -9,6 +9,7 @@ class LinuxDesktop final : public Desktop {
 public:
     void openURL(const std::string& url) override;
     void setPasteboardText(const std::string& text) override;
+    std::optional<Paper> paper() const override;
 };
 
 /// There is no framework that replaces the program here: the package does. A check opens the page of

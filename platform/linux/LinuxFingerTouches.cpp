@@ -19,6 +19,9 @@ struct FreeDevice {
 };
 using Device = std::unique_ptr<libevdev, FreeDevice>;
 
+/// More than the kernel's tracking numbers of one device.
+constexpr std::int64_t touchesOfOne = std::int64_t(1) << 32;
+
 /// Places fingers in slots, and is no touch screen.
 bool isTouchpad(const libevdev* device) {
     return libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_X) &&
@@ -57,26 +60,36 @@ std::vector<TouchpadDecoder::Slot> slotsOf(const libevdev* device) {
 /// One open event file.
 class LinuxFingerTouches::Touchpad final {
 public:
-    static std::unique_ptr<Touchpad> open(const std::filesystem::path& path, const Handlers& handlers) {
+    /// Told of every report that the device ends, with the word of a gesture in it.
+    using Reported = std::function<void(const std::optional<std::string>&)>;
+
+    /// Its touches are numbered from `firstTouch` on.
+    static std::unique_ptr<Touchpad> open(const std::filesystem::path& path, std::int64_t firstTouch,
+                                          const Reported& reported) {
         Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
         libevdev* device = nullptr;
         if (file < 0 || libevdev_new_from_fd(file, &device) < 0) return nullptr;
         Device owned(device);
         if (!isTouchpad(device)) return nullptr;
-        return std::unique_ptr<Touchpad>(new Touchpad(path, std::move(file), std::move(owned), handlers));
+        return std::unique_ptr<Touchpad>(
+            new Touchpad(path, firstTouch, std::move(file), std::move(owned), reported));
     }
 
     const std::filesystem::path& path() const { return m_path; }
     bool isGone() const { return !m_notifier.isEnabled(); }
+    /// Now on it; none once it is gone.
+    const std::vector<FingerPosition>& fingers() const { return m_fingers; }
 
 private:
-    Touchpad(const std::filesystem::path& path, Descriptor file, Device device, const Handlers& handlers)
+    Touchpad(const std::filesystem::path& path, std::int64_t firstTouch, Descriptor file, Device device,
+             const Reported& reported)
         : m_path(path),
+          m_firstTouch(firstTouch),
           m_file(std::move(file)),
           m_device(std::move(device)),
           m_decoder(range(m_device.get(), ABS_MT_POSITION_X), range(m_device.get(), ABS_MT_POSITION_Y),
                     std::size_t(libevdev_get_num_slots(m_device.get()))),
-          m_handlers(handlers),
+          m_reported(reported),
           m_notifier(m_file, QSocketNotifier::Read) {
         takeState();
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { read(); });
@@ -94,8 +107,7 @@ private:
             } else if (status == LIBEVDEV_READ_STATUS_SUCCESS) {
                 if (m_decoder.handle(event)) tell();
             } else {
-                // Unplugged: reading would fail for ever.
-                if (status != -EAGAIN) m_notifier.setEnabled(false);
+                if (status != -EAGAIN) end();
                 return;
             }
             if (alive.expired()) return;
@@ -117,20 +129,30 @@ private:
     }
 
     void tell() {
-        // Copies: the handlers may go while one of them runs.
-        const Handlers handlers = m_handlers;
-        const auto fingers = m_decoder.fingers();
-        const auto word = m_gestures.handle(fingers);
-        if (handlers.touches) handlers.touches(fingers);
-        if (word && handlers.gesture) handlers.gesture(*word);
+        m_fingers = m_decoder.fingers();
+        for (FingerPosition& finger : m_fingers)
+            finger.touch += m_firstTouch;
+        // A copy: it may go while it runs.
+        const Reported reported = m_reported;
+        reported(m_gestures.handle(m_fingers));
+    }
+
+    /// Unplugged: reading would fail for ever, and its fingers are on it no more.
+    void end() {
+        m_notifier.setEnabled(false);
+        m_fingers.clear();
+        const Reported reported = m_reported;
+        reported(std::nullopt);
     }
 
     std::filesystem::path m_path;
+    std::int64_t m_firstTouch;
     Descriptor m_file;
     Device m_device;
     TouchpadDecoder m_decoder;
     TouchpadGestures m_gestures;
-    Handlers m_handlers;
+    std::vector<FingerPosition> m_fingers;
+    Reported m_reported;
     QSocketNotifier m_notifier;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>();
 };
@@ -163,8 +185,22 @@ void LinuxFingerTouches::lookForTouchpads() {
         const bool known = std::ranges::any_of(
             m_touchpads, [&path](const auto& touchpad) { return touchpad->path() == path; });
         if (known || !path.filename().string().starts_with("event")) continue;
-        if (auto touchpad = Touchpad::open(path, m_handlers)) m_touchpads.push_back(std::move(touchpad));
+        auto touchpad =
+            Touchpad::open(path, m_nextTouch, [this](const std::optional<std::string>& word) { tell(word); });
+        if (!touchpad) continue;
+        m_touchpads.push_back(std::move(touchpad));
+        m_nextTouch += touchesOfOne;
     }
+}
+
+void LinuxFingerTouches::tell(const std::optional<std::string>& word) {
+    // Copies: the handlers may go while one of them runs.
+    const Handlers handlers = m_handlers;
+    std::vector<FingerPosition> fingers;
+    for (const auto& touchpad : m_touchpads)
+        std::ranges::copy(touchpad->fingers(), std::back_inserter(fingers));
+    if (handlers.touches) handlers.touches(fingers);
+    if (word && handlers.gesture) handlers.gesture(*word);
 }
 
 } // namespace tessivo

@@ -17,6 +17,7 @@ public:
     explicit LinuxFingerTouches(std::filesystem::path devices = "/dev/input");
     ~LinuxFingerTouches() override;
 
+    bool tellsOfEveryWindow() const override { return true; }
     void start(Handlers handlers) override;
     void stop() override;
 
@@ -24,10 +25,12 @@ private:
     class Touchpad;
 
     void lookForTouchpads();
+    void tell(const std::optional<std::string>& word);
 
     std::filesystem::path m_devices;
     Handlers m_handlers;
     std::vector<std::unique_ptr<Touchpad>> m_touchpads;
+    std::int64_t m_nextTouch = 0;
     std::unique_ptr<QFileSystemWatcher> m_watcher;
 };
 

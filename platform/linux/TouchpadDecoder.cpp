@@ -95,7 +95,8 @@ int TouchpadDecoder::fingerCount() const {
 std::vector<FingerPosition> TouchpadDecoder::fingers() const {
     std::vector<FingerPosition> positions;
     for (const Slot& slot : m_slots)
-        if (touches(slot)) positions.push_back({fraction(slot.x, m_x), fraction(slot.y, m_y)});
+        if (touches(slot))
+            positions.push_back({fraction(slot.x, m_x), fraction(slot.y, m_y), slot.trackingID});
     if (!positions.empty()) positions.resize(std::size_t(fingerCount()), positions.back());
     return positions;
 }

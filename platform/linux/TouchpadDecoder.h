@@ -39,7 +39,8 @@ public:
 
     /// Fingers counted by the device, also those it can't place.
     int fingerCount() const;
-    /// One position for each finger counted; one that the device can't place stands at the last placed one.
+    /// One position for each finger counted, with the kernel's tracking number; one that the device can't
+    /// place stands at the last placed one.
     std::vector<FingerPosition> fingers() const;
 
 private:

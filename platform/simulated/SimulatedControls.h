@@ -85,6 +85,8 @@ public:
 
     // Trackpad; both do nothing while nobody listens
     bool trackpadIsWatched() const { return bool(mac().fingers.touches); }
+    /// Aimed: the touches are meant for the program, wherever the pointer is; at first they aren't.
+    void setTouchesAimed(bool aimed) { mac().touchesAreAimed = aimed; }
     void touch(const std::vector<FingerPosition>& fingers);
     /// "click", "secondary", "force", "scroll" or "zoom".
     void gesture(const std::string& word);
@@ -98,6 +100,7 @@ public:
     // Desktop, updates, wording
     const std::vector<std::string>& openedURLs() const { return mac().openedURLs; }
     const std::optional<std::string>& pasteboardText() const { return mac().pasteboard; }
+    void setPaper(std::optional<Paper> paper) { mac().paper = paper; }
     void setFeedURL(std::optional<std::string> url) { mac().feedURL = std::move(url); }
     std::size_t updateChecks() const { return mac().updateChecks; }
     SimulatedWording& wording() { return m_platform.wording(); }

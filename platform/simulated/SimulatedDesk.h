@@ -16,6 +16,7 @@ public:
 
     void openURL(const std::string& url) override { m_mac.openedURLs.push_back(url); }
     void setPasteboardText(const std::string& text) override { m_mac.pasteboard = text; }
+    std::optional<Paper> paper() const override { return m_mac.paper; }
 
 private:
     SimulatedMac& m_mac;
@@ -36,6 +37,7 @@ class SimulatedFingers final : public FingerTouches {
 public:
     explicit SimulatedFingers(SimulatedMac& mac) : m_mac(mac) {}
 
+    bool tellsOfEveryWindow() const override { return !m_mac.touchesAreAimed; }
     void start(Handlers handlers) override { m_mac.fingers = std::move(handlers); }
     void stop() override { m_mac.fingers = {}; }
 

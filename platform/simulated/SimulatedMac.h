@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kit/support/Describe.h"
+#include "platform/Desktop.h"
 #include "platform/Input.h"
 #include "platform/simulated/MachineFile.h"
 
@@ -47,12 +48,14 @@ struct SimulatedMac {
     std::vector<ScheduledTone> tones;
 
     FingerTouches::Handlers fingers;
+    bool touchesAreAimed = false; ///< only those meant for the program are told
 
     bool defaultsFail = false;
     std::size_t defaultsWrites = 0;
 
     std::vector<std::string> openedURLs;
     std::optional<std::string> pasteboard;
+    std::optional<Paper> paper;
     std::optional<std::string> feedURL;
     std::size_t updateChecks = 0;
 

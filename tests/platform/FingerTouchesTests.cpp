@@ -40,6 +40,11 @@ TEST(LinuxFingerTouches, DISABLED_readsTheTouchpadInPlace) {
                    },
                    nullptr});
     ASSERT_TRUE(QTest::qWaitFor([&] { return reports.size() == 6; }, 10'000));
+    std::vector<std::int64_t> touched;
+    for (const Fingers& fingers : reports)
+        for (const FingerPosition& finger : fingers)
+            touched.push_back(finger.touch - reports[0][0].touch);
+    EXPECT_EQ(touched, (std::vector<std::int64_t>{0, 0, 0, 1, 1, 2, 1})) << "each finger keeps its number";
     EXPECT_EQ(reports,
               (std::vector<Fingers>{
                   {{0, 0.5}}, {{0.25, 0.5}}, {{0.25, 0.5}, {1, 1}}, {{1, 0}}, {{0.5, 0.5}, {1, 0}}, {}}));

@@ -231,6 +231,7 @@ TEST(CaptureAccess, eachKindHasItsSettings) {
     struct : Desktop {
         void openURL(const std::string& url) override { opened += url + "\n"; }
         void setPasteboardText(const std::string&) override {}
+        std::optional<Paper> paper() const override { return std::nullopt; }
         std::string opened;
     } desktop;
     openPrivacySettings(desktop, MediaType::video);
