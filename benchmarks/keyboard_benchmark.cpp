@@ -64,6 +64,7 @@ void keys() {
 /// 1,000 touch events a second for 10 seconds: how late each is handled, painting included.
 void touches() {
     Bench bench(Page::trackpad);
+    bench.mac.controls.setTouchesAimed(true);
     constexpr int perSecond = 1000, seconds = 10;
     std::vector<double> late;
     const Stopwatch watch;

@@ -41,7 +41,10 @@ std::vector<std::string> DemoMac::names() {
 DemoMac::DemoMac(const std::string& name, Dialogs& dialogs)
     : m_platform(loadMachineFile(machines() / (name + ".json")), m_scheduler, storage(name)),
       m_controls(m_platform),
-      m_application(m_platform, dialogs) {}
+      m_application(m_platform, dialogs) {
+    // The hand that works the control panel holds the pointer there.
+    m_controls.setTouchesAimed(true);
+}
 
 DemoMac::~DemoMac() {
     m_application.model().persist();

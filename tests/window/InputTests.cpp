@@ -2,6 +2,7 @@
 #include "app/pages/Pages.h"
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/ManualScheduler.h"
+#include "platform/simulated/SimulatedControls.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "tests/app/ScriptedDialogs.h"
 #include "tests/window/XServer.h"
@@ -60,6 +61,7 @@ protected:
 
     ManualScheduler clock;
     SimulatedPlatform platform{loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock};
+    SimulatedControls controls{platform};
     AppModel model{platform};
     pagetest::ScriptedDialogs dialogs;
     QMainWindow window;
@@ -290,6 +292,25 @@ protected:
 };
 
 TEST_F(TrackpadWindow, aMouseClicksButNeitherTouchesNorScrolls) {
+    // Fingers count over the surface, and nowhere else.
+    const auto touch = [this](double x) {
+        controls.touch({{x, 0}});
+        controls.touch({});
+    };
+    ASSERT_TRUE(clickWith(surface(), 4)); // the wheel
+    {
+        Bystander other;
+        ASSERT_TRUE(eventually([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
+        touch(0);
+    }
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, 20'000));
+    ASSERT_TRUE(eventually([this] { return surface()->underMouse(); }));
+    touch(0.2);
+    EXPECT_THAT(state().trackpad.touched, ElementsAre(1));
+    ASSERT_TRUE(clickWith(button(QStringLiteral("Clear"))));
+    touch(0.4);
+    EXPECT_EQ(state().trackpad, TrackpadTest()) << "the pointer is beside the surface";
     ASSERT_TRUE(clickWith(surface(), 4)); // the wheel
     ASSERT_TRUE(clickWith(surface(), 5));
     settle();

@@ -42,8 +42,9 @@ bool TrackpadSurface::touch(QTouchEvent& event) {
     if (event.type() != QEvent::TouchCancel)
         for (const QEventPoint& point : event.points())
             if (point.state() != QEventPoint::State::Released)
-                fingers.push_back({point.normalizedPosition().x(), point.normalizedPosition().y()});
-    Q_EMIT touches(fingers);
+                fingers.push_back(
+                    {point.normalizedPosition().x(), point.normalizedPosition().y(), point.id()});
+    Q_EMIT touches(m_gate.admit(fingers, isOpen()));
     return true;
 }
 

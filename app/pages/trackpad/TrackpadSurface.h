@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Input.h"
+#include "app/pages/trackpad/TouchGate.h"
 
 #include <QMouseEvent>
 #include <QWidget>
@@ -17,8 +17,11 @@ class TrackpadSurface final : public QWidget {
 public:
     explicit TrackpadSurface(QWidget* parent = nullptr);
 
+    /// Whether a touch that begins now is meant for it: its window is active and the pointer over it.
+    bool isOpen() const { return isActiveWindow() && underMouse(); }
+
 Q_SIGNALS:
-    /// All fingers now down; may be empty.
+    /// All fingers now down whose touches began while it was open; may be empty.
     void touches(const std::vector<tessivo::FingerPosition>& fingers);
     /// "click", "secondary", "scroll" or "zoom".
     void gesture(const std::string& word);
@@ -32,6 +35,8 @@ protected:
 
 private:
     bool touch(QTouchEvent& event);
+
+    TouchGate m_gate;
 };
 
 } // namespace tessivo

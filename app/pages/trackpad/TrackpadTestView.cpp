@@ -18,10 +18,10 @@ const char* const TrackpadTestView::how =
 
 TrackpadTestView::TrackpadTestView(const PageContext& context, QWidget* parent)
     : Column(parent), m_model(context.model) {
-    auto* surface = new TrackpadSurface;
-    connect(surface, &TrackpadSurface::touches, this, &TrackpadTestView::noteTouches);
-    connect(surface, &TrackpadSurface::gesture, this, &TrackpadTestView::noteGesture);
-    m_area = new TrackpadArea(surface);
+    m_surface = new TrackpadSurface;
+    connect(m_surface, &TrackpadSurface::touches, this, &TrackpadTestView::noteTouches);
+    connect(m_surface, &TrackpadSurface::gesture, this, &TrackpadTestView::noteGesture);
+    m_area = new TrackpadArea(m_surface);
 
     auto* work = new Column;
     work->column().setContentsMargins(Space::block, Space::block, Space::block, Space::l);
@@ -72,9 +72,15 @@ QWidget* TrackpadTestView::makeFoot() {
 }
 
 void TrackpadTestView::showEvent(QShowEvent* event) {
-    m_model.platform().fingerTouches().start(
-        {[this](const std::vector<FingerPosition>& fingers) { noteTouches(fingers); },
-         [this](const std::string& word) { noteGesture(word); }});
+    FingerTouches& touches = m_model.platform().fingerTouches();
+    const auto isMeant = [this, &touches] { return !touches.tellsOfEveryWindow() || m_surface->isOpen(); };
+    m_gate = {};
+    touches.start({[this, isMeant](const std::vector<FingerPosition>& fingers) {
+                       noteTouches(m_gate.admit(fingers, isMeant()));
+                   },
+                   [this, isMeant](const std::string& word) {
+                       if (isMeant()) noteGesture(word);
+                   }});
     Column::showEvent(event);
 }
 

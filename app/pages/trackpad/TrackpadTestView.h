@@ -2,15 +2,18 @@
 
 #include "app/controls/WrapRow.h"
 #include "app/pages/PageContext.h"
+#include "app/pages/trackpad/TouchGate.h"
 
 namespace tessivo {
 
 class Chip;
 class TextLabel;
 class TrackpadArea;
+class TrackpadSurface;
 
 /// The content of the trackpad page. Fingers and gestures come from the surface and, while the page is
-/// shown, from the platform.
+/// shown, from the platform; what the platform tells of other windows too counts only where the surface is
+/// open to it.
 class TrackpadTestView final : public Column {
     Q_OBJECT
 public:
@@ -33,6 +36,8 @@ private:
     void follow();
 
     AppModel& m_model;
+    TrackpadSurface* m_surface = nullptr;
+    TouchGate m_gate; ///< for what the platform tells
     TrackpadArea* m_area = nullptr;
     std::vector<Chip*> m_steps; // in the order of TrackpadTest::steps
     Chip* m_force = nullptr;

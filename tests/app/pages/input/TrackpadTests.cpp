@@ -26,6 +26,13 @@ protected:
         open(Page::trackpad);
         surface = findByName<TrackpadSurface>(view.get(), QStringLiteral("Trackpad test area"));
         ASSERT_TRUE(surface);
+        pointAt({200, 100});
+    }
+    void pointAt(QPoint place) {
+        // A first move may only enter the window.
+        QTest::mouseMove(surface, place);
+        QTest::mouseMove(surface, place + QPoint(4, 4));
+        settle();
     }
     const TrackpadTest& trackpad() const { return state().trackpad; }
 
@@ -141,6 +148,51 @@ TEST_F(TrackpadPageTest, touchesCountFromATouchpadNeverFromAScreen) {
         EXPECT_EQ(trackpad().touched.empty(), !pad);
         QTest::touchEvent(surface, device.get()).release(0, one, surface).release(1, two, surface);
     }
+}
+
+TEST_F(TrackpadPageTest, aTouchCountsFromItsBeginningOverTheSurfaceToItsLift) {
+    constexpr std::int64_t resting = 1, working = 2;
+    const auto finger = [](int number, std::int64_t touch) {
+        return FingerPosition{cell(number).x, cell(number).y, touch};
+    };
+    const QPoint over(200, 100), beside(-60, 100);
+    pointAt(beside);
+    controls->touch({finger(0, resting)});
+    for (const char* word : {"scroll", "zoom", "force"})
+        controls->gesture(word);
+    pointAt(over);
+    controls->touch({finger(1, resting)});
+    EXPECT_EQ(trackpad(), TrackpadTest()) << "it began beside the surface";
+    controls->touch({finger(1, resting), finger(2, working)});
+    pointAt(beside);
+    controls->touch({finger(1, resting), finger(3, working)});
+    EXPECT_THAT(trackpad().touched, ElementsAre(2, 3)) << "the pointer moves while a finger slides";
+    EXPECT_EQ(trackpad().maxFingers, 1);
+    controls->touch({finger(1, resting)});
+    controls->touch({finger(1, resting), finger(4, working)});
+    EXPECT_THAT(trackpad().touched, ElementsAre(2, 3)) << "a new touch, begun beside it";
+
+    pointAt(over);
+    controls->touch({});
+    QWidget other;
+    showAt(other, {100, 100});
+    controls->touch({finger(5, working)});
+    controls->gesture("scroll");
+    QApplication::setActiveWindow(view.get());
+    controls->touch({finger(6, working)});
+    EXPECT_THAT(trackpad().touched, ElementsAre(2, 3)) << "it began in another window";
+    EXPECT_FALSE(trackpad().scrolled);
+    controls->touch({});
+    controls->touch({finger(7, working)});
+    controls->gesture("scroll");
+    EXPECT_THAT(trackpad().touched, ElementsAre(2, 3, 7));
+    EXPECT_TRUE(trackpad().scrolled);
+
+    pointAt(beside);
+    controls->touch({});
+    controls->setTouchesAimed(true);
+    controls->touch({finger(8, working)});
+    EXPECT_TRUE(trackpad().touched.contains(8)) << "from a source that knows whom it is for";
 }
 
 TEST_F(TrackpadPageTest, thePlatformIsListenedToOnlyWhileThePageShows) {
