@@ -18,7 +18,8 @@ public:
 
     virtual ~Dialogs() = default;
 
-    /// A save panel limited to the kind, with this name offered.
+    /// A save panel limited to the kind, with this name offered. The path ends in the kind's extension, and
+    /// where something stands there already, the person has said that it may be replaced.
     virtual std::optional<std::filesystem::path> savePath(QWidget* parent, FileKind kind,
                                                           const QString& name) = 0;
     /// A panel for report files with multiple selection and this message.

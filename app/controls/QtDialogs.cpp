@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
@@ -32,19 +33,49 @@ void setTexts(QMessageBox& box, const QString& message, const QString& informati
     box.setInformativeText(informative);
 }
 
+/// The file's name with the kind's extension, which is added unless the name ends in just it. History finds
+/// ".json" alone; a PDF's may be written in capitals.
+QString withExtension(const QString& file, Dialogs::FileKind kind) {
+    const bool pdf = kind == Dialogs::FileKind::pdf;
+    const QString extension = pdf ? QStringLiteral(".pdf") : QStringLiteral(".json");
+    const bool ends = file.endsWith(extension, pdf ? Qt::CaseInsensitive : Qt::CaseSensitive);
+    // A name that is nothing but an extension has none.
+    const bool named = QFileInfo(file).fileName().size() > extension.size();
+    return ends && named ? file : file + extension;
+}
+
+bool mayReplace(QWidget* parent, const QFileInfo& file) {
+    QMessageBox box(parent);
+    setTexts(box, QObject::tr("“%1” already exists. Do you want to replace it?").arg(file.fileName()),
+             QObject::tr("What the file in the folder “%1” holds now will be lost.")
+                 .arg(file.absoluteDir().dirName()));
+    box.setIcon(QMessageBox::Warning);
+    const QPushButton* replace = box.addButton(QObject::tr("Replace"), QMessageBox::AcceptRole);
+    QPushButton* cancel = box.addButton(QObject::tr("Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(cancel);
+    box.setEscapeButton(cancel);
+    box.exec();
+    return box.clickedButton() == replace;
+}
+
 } // namespace
 
 std::optional<std::filesystem::path> QtDialogs::savePath(QWidget* parent, FileKind kind,
                                                          const QString& name) {
-    const QString suffix = kind == FileKind::pdf ? QStringLiteral("pdf") : QStringLiteral("json");
     QFileDialog dialog(parent, QObject::tr("Save"), documents());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix);
+    // The panel would ask for the name as it was typed.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilter(kind == FileKind::pdf ? QObject::tr("PDF (*.pdf)")
                                                : QObject::tr("Report file (*.json)"));
     dialog.selectFile(fileName(name));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    return toPath(dialog.selectedFiles().constFirst());
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const QString file = withExtension(dialog.selectedFiles().constFirst(), kind);
+        const QFileInfo there(file);
+        if (!(there.exists() || there.isSymLink()) || mayReplace(parent, there)) return toPath(file);
+        dialog.selectFile(file);
+    }
+    return std::nullopt;
 }
 
 std::vector<std::filesystem::path> QtDialogs::openReportFiles(QWidget* parent, const QString& message) {
