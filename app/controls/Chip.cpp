@@ -7,13 +7,15 @@
 namespace tessivo {
 namespace {
 
-constexpr int padding = 12;
-constexpr int leadingPadding = 10;
+constexpr int padding = 10;
+constexpr int chipPaddingDown = 6, tagPaddingDown = 4;
 constexpr int gap = 6;
 
-QSize capsuleSize(const QString& text, TextRole role, bool symbol, int height) {
-    const int room = symbol ? leadingPadding + theme().scaled(SymbolSize::glyph) + gap : padding;
-    return {room + theme().textWidth(role, text) + padding, theme().scaled(height)};
+/// As high as the symbol or the line, with the padding above and below.
+QSize capsuleSize(const QString& text, TextRole role, int symbol, int paddingDown) {
+    const int side = theme().scaled(symbol);
+    return {2 * padding + (side > 0 ? side + gap : 0) + theme().textWidth(role, text),
+            2 * paddingDown + std::max(side, int(theme().lineHeight(role)))};
 }
 
 } // namespace
@@ -39,7 +41,7 @@ void Chip::setText(const QString& text) {
 }
 
 QSize Chip::sizeHint() const {
-    return capsuleSize(m_text, TextRole::control, true, Height::chip);
+    return capsuleSize(m_text, TextRole::control, SymbolSize::chip, chipPaddingDown);
 }
 
 QSize Chip::minimumSizeHint() const {
@@ -54,13 +56,13 @@ void Chip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paintRounded(painter, rect(), height() / 2.0,
                  m_met ? theme().color(ColorRole::green, 12) : theme().color(ColorRole::text1, 5));
-    const double side = theme().scaled(SymbolSize::glyph);
-    drawSymbol(painter, QRectF(leadingPadding, (height() - side) / 2, side, side),
+    const double side = theme().scaled(SymbolSize::chip);
+    drawSymbol(painter, QRectF(padding, (height() - side) / 2, side, side),
                m_met ? QStringLiteral("checkmark.circle.fill") : m_pending,
                theme().color(m_met ? ColorRole::greenGlyph : ColorRole::grayGlyph));
     painter.setFont(theme().font(TextRole::control));
     painter.setPen(theme().color(m_met ? ColorRole::text1 : ColorRole::text2));
-    paintLine(painter, leadingPadding + side + gap, height(), m_text);
+    paintLine(painter, padding + side + gap, height(), m_text);
 }
 
 Tag::Tag(const QString& text, const QString& symbol, QWidget* parent)
@@ -69,7 +71,7 @@ Tag::Tag(const QString& text, const QString& symbol, QWidget* parent)
 }
 
 QSize Tag::sizeHint() const {
-    return capsuleSize(m_text, TextRole::badge, !m_symbol.isEmpty(), Height::badge);
+    return capsuleSize(m_text, TextRole::badge, m_symbol.isEmpty() ? 0 : SymbolSize::glyph, tagPaddingDown);
 }
 
 QSize Tag::minimumSizeHint() const {
@@ -84,9 +86,9 @@ void Tag::paintEvent(QPaintEvent*) {
     double x = padding;
     if (!m_symbol.isEmpty()) {
         const double side = theme().scaled(SymbolSize::glyph);
-        drawSymbol(painter, QRectF(leadingPadding, (height() - side) / 2, side, side), m_symbol,
+        drawSymbol(painter, QRectF(padding, (height() - side) / 2, side, side), m_symbol,
                    theme().color(ColorRole::orange));
-        x = leadingPadding + side + gap;
+        x = padding + side + gap;
     }
     paintLine(painter, x, height(), m_text);
 }

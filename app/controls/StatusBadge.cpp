@@ -8,7 +8,6 @@ namespace tessivo {
 namespace {
 
 constexpr int padding = 10;
-constexpr int leadingPadding = 8;
 constexpr int gap = 5;
 
 } // namespace
@@ -62,7 +61,7 @@ QString StatusBadge::spokenName() const {
 }
 
 QSize StatusBadge::sizeHint() const {
-    return {leadingPadding + theme().scaled(SymbolSize::badge) + gap +
+    return {padding + theme().scaled(SymbolSize::badge) + gap +
                 theme().textWidth(TextRole::badge, spokenName()) + padding,
             theme().scaled(Height::badge)};
 }
@@ -72,11 +71,11 @@ void StatusBadge::paintEvent(QPaintEvent*) {
     const QColor words = theme().color(wordColor(m_status));
     paintRounded(painter, rect(), height() / 2.0, theme().color(wordColor(m_status), 12));
     const double side = theme().scaled(SymbolSize::badge);
-    drawSymbol(painter, QRectF(leadingPadding, (height() - side) / 2, side, side),
+    drawSymbol(painter, QRectF(padding, (height() - side) / 2, side, side),
                QString::fromUtf8(symbol(m_status)), words);
     painter.setFont(theme().font(TextRole::badge));
     painter.setPen(words);
-    paintLine(painter, leadingPadding + side + gap, height(), spokenName());
+    paintLine(painter, padding + side + gap, height(), spokenName());
 }
 
 StatusGlyph::StatusGlyph(std::optional<TestStatus> status, int size, QWidget* parent)

@@ -121,9 +121,10 @@ void OverviewView::addActivationLock() {
     });
     m_lockWarning = new TextLabel({}, TextRole::callout, ColorRole::red);
 
-    auto* how =
-        callout(tr("Apps can't read this, so check it by hand: Hold Option and choose Apple menu › System "
-                   "Information. Under Hardware, Activation Lock Status should read Disabled."));
+    auto* how = new TextLabel(
+        tr("Apps can't read this, so check it by hand: Hold Option and choose Apple menu › System "
+           "Information. Under Hardware, Activation Lock Status should read Disabled."),
+        TextRole::callout);
     auto* answer = new WrapRow(nullptr, Space::l);
     answer->add(new TextLabel(shows, TextRole::body, ColorRole::text2));
     answer->add(m_lockAnswer);

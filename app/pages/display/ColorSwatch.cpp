@@ -10,6 +10,7 @@ namespace tessivo {
 namespace {
 
 constexpr int swatchHeight = 76;
+constexpr int shownMark = 14; // the side of its symbol
 
 } // namespace
 
@@ -30,7 +31,8 @@ QSize ColorSwatch::sizeHint() const {
 }
 
 QSize ColorSwatch::minimumSizeHint() const {
-    return {60, swatchHeight + Space::s + theme().lineHeight(TextRole::body)};
+    return {60, swatchHeight + Space::s + theme().lineHeight(TextRole::body) + Space::xxs +
+                    theme().scaled(shownMark)};
 }
 
 QString ColorSwatch::spokenValue() const {
@@ -42,15 +44,13 @@ void ColorSwatch::paintEvent(QPaintEvent*) {
     paintRounded(painter, QRectF(0, 0, width(), swatchHeight), Corner::swatch, ColorRun::color(m_color),
                  theme().color(ColorRole::text1, 20));
     const double line = theme().lineHeight(TextRole::body);
-    const double top = height() - line;
-    const double side = theme().scaled(SymbolSize::glyph);
-    drawSymbol(painter, QRectF(width() - side, top + (line - side) / 2, side, side),
-               m_shown ? QStringLiteral("checkmark.circle.fill") : QStringLiteral("circle"),
-               theme().color(m_shown ? ColorRole::greenGlyph : ColorRole::grayGlyph));
     painter.setFont(theme().font(TextRole::body));
     painter.setPen(theme().color(ColorRole::text1));
-    painter.drawText(QRectF(0, top, width() - side - Space::xxs, line), Qt::AlignLeft | Qt::AlignVCenter,
+    painter.drawText(QRectF(0, swatchHeight + Space::s, width(), line), Qt::AlignLeft | Qt::AlignVCenter,
                      spokenName());
+    const double side = theme().scaled(shownMark);
+    drawSymbol(painter, QRectF(0, height() - side, side, side), QStringLiteral("checkmark.circle.fill"),
+               theme().color(m_shown ? ColorRole::greenGlyph : ColorRole::grayGlyph));
 }
 
 } // namespace tessivo

@@ -16,7 +16,7 @@ namespace tessivo {
 namespace {
 
 constexpr auto pollInterval = std::chrono::seconds(1);
-constexpr int stepperLabelWidth = 182;
+constexpr int stepperLabelWidth = 194; // 260 with its buttons
 constexpr int sectionGap = 24;
 /// A stored session may hold any number of slots; they are kept, and no more than these are shown.
 constexpr std::size_t mostRows = 64;

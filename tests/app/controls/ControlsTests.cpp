@@ -3,6 +3,7 @@
 #include "app/controls/AnswerButtons.h"
 #include "app/controls/Button.h"
 #include "app/controls/Checkbox.h"
+#include "app/controls/Chip.h"
 #include "app/controls/FactGrid.h"
 #include "app/controls/ListRows.h"
 #include "app/controls/Meters.h"
@@ -10,6 +11,7 @@
 #include "app/controls/Picker.h"
 #include "app/controls/ScrollColumn.h"
 #include "app/controls/SegmentedPicker.h"
+#include "app/controls/StatusBadge.h"
 #include "app/controls/Stepper.h"
 #include "app/controls/TextLabel.h"
 #include "app/controls/TileGrid.h"
@@ -142,6 +144,20 @@ TEST(Picker, isChosenFromItsMenuAndNeverByTheWheel) {
     EXPECT_FALSE(QApplication::activePopupWidget()) << "its choices are gone";
     EXPECT_EQ(picker.currentIndex(), 0);
     EXPECT_EQ(chosen.size(), 1u);
+}
+
+TEST(Capsules, haveTenAcrossAndFourOrSixDown) {
+    const auto around = [](QWidget& capsule, TextRole role, int symbol, int gap) {
+        const QSize size = capsule.sizeHint();
+        return QSize(size.width() - theme().textWidth(role, accessibleNameOf(&capsule)) - symbol - gap,
+                     size.height() - std::max(symbol, int(theme().lineHeight(role))));
+    };
+    StatusBadge badge(TestStatus::works);
+    Chip chip(text("Click"));
+    Tag tag(text("Draft"), text("exclamationmark.bubble"));
+    EXPECT_EQ(around(badge, TextRole::badge, 15, 5), QSize(20, 8));
+    EXPECT_EQ(around(chip, TextRole::control, 18, 6), QSize(20, 12));
+    EXPECT_EQ(around(tag, TextRole::badge, 16, 6), QSize(20, 8));
 }
 
 TEST(Stepper, stepsWithinItsBounds) {

@@ -98,6 +98,16 @@ TEST_F(OverviewTests, theActivationLockAnswerIsWrittenAtOnceAndCanBeTakenBack) {
     open(Page::overview);
     EXPECT_TRUE(shown("Apps can't read this, so check it by hand: Hold Option and choose Apple menu › System "
                       "Information. Under Hardware, Activation Lock Status should read Disabled."));
+    // In the colour of text, not the secondary one.
+    for (auto* label : view->findChildren<TextLabel*>())
+        if (label->text().startsWith("Apps can't read this")) {
+            const QImage drawn = label->grab().toImage();
+            int darkest = 255;
+            for (int y = 0; y < drawn.height(); ++y)
+                for (int x = 0; x < drawn.width(); ++x)
+                    darkest = std::min(darkest, drawn.pixelColor(x, y).lightness());
+            EXPECT_LT(darkest, 60);
+        }
     const char* warning =
         "The seller must turn off Find My and sign out of their Apple Account before handing it over.";
     struct Row {

@@ -85,6 +85,7 @@ TEST_F(PortsTests, theCountStopsAtOneAndEightAndDropsWhatTheLastSlotsHeld) {
     open(Page::ports);
     auto* stepper = findByName<Stepper>(view.get(), "Ports on this Mac: 2");
     ASSERT_NE(stepper, nullptr);
+    EXPECT_EQ(stepper->width(), 260);
     EXPECT_FALSE(findByName<Button>(view.get(), "Clear")->isEnabled());
     Q_EMIT stepper->stepped(9);
     EXPECT_EQ(state().ports.slots.size(), 8u);

@@ -1,3 +1,5 @@
+#include "app/controls/Theme.h"
+#include "app/pages/display/ColorSwatch.h"
 #include "app/pages/display/DisplayTestView.h"
 #include "tests/app/pages/input/InputPages.h"
 
@@ -37,6 +39,15 @@ protected:
                 if (image.pixelColor(x, y).lightness() > 200) return true;
         return false;
     }
+    /// The colour of the filled mark under a swatch's name.
+    std::optional<ColorRole> markOf(const char* name) {
+        auto* swatch = findByName<ColorSwatch>(view.get(), QString::fromUtf8(name));
+        const QImage image = swatch->grab().toImage();
+        for (const ColorRole role : {ColorRole::greenGlyph, ColorRole::grayGlyph})
+            for (int x = 0; x < 8; ++x)
+                if (image.pixelColor(x, image.height() - 7) == theme().color(role)) return role;
+        return std::nullopt;
+    }
     void show() {
         ASSERT_TRUE(press("Show Colors Full Screen"));
         ASSERT_TRUE(colors());
@@ -45,6 +56,7 @@ protected:
 
 TEST_F(DisplayPageTest, everyColorIsShownOverTheWholeScreenInOrder) {
     EXPECT_EQ(value("Black"), QStringLiteral("not shown yet"));
+    EXPECT_EQ(markOf("Black"), ColorRole::grayGlyph);
     show();
     EXPECT_EQ(colors()->geometry(), QGuiApplication::primaryScreen()->geometry());
     EXPECT_EQ(display().screenName, QGuiApplication::primaryScreen()->name().toStdString());
@@ -55,6 +67,7 @@ TEST_F(DisplayPageTest, everyColorIsShownOverTheWholeScreenInOrder) {
     }
     EXPECT_FALSE(colors()) << "past the last colour the run ends";
     EXPECT_EQ(value("Gray"), QStringLiteral("shown"));
+    EXPECT_EQ(markOf("Gray"), ColorRole::greenGlyph);
     EXPECT_TRUE(shown("Colors shown; answer what you saw"));
 }
 
