@@ -80,7 +80,8 @@ const Format& format(const std::string& name) {
         {"pdf",
          {Content::binary,
           [](const Report& r) {
-              return ReportPrinting::pdf(r.report, ReportPrinting::defaultPaper(), r.timeZone);
+              const QPageSize paper = ReportPrinting::defaultPaper(makePlatform()->desktop().paper());
+              return ReportPrinting::pdf(r.report, paper, r.timeZone);
           }}},
         {"session", {Content::text, [](const Report& r) { return r.state.encode(); }}},
         {"listing-en", {Content::text, [](const Report& r) { return listing(r, "en"); }}},

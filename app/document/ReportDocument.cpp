@@ -90,7 +90,7 @@ void writeSpecs(ReportWriter& writer, const MachineInfo& machine) {
 
 void writeResult(ReportWriter& writer, const TestResult& result) {
     const StatusLook status = look(result.status);
-    writer.paragraph({.before = 6, .after = 1, .tabs = rowTabs, .heading = true});
+    writer.paragraph({.before = 6, .after = 1, .tabs = rowTabs});
     writer.symbol(status.glyph, {.size = 11, .weight = QFont::Bold, .color = status.color});
     writer.run("\t", {});
     writer.run(title(result.test), {.weight = QFont::DemiBold});
@@ -111,7 +111,7 @@ void writeResult(ReportWriter& writer, const TestResult& result) {
 }
 
 void writeSectionHeading(ReportWriter& writer, const std::string& text, double after) {
-    writer.paragraph({.before = 16, .after = after, .heading = true});
+    writer.paragraph({.before = 16, .after = after});
     writer.run(text, {.size = 13, .weight = QFont::Bold});
 }
 
@@ -166,7 +166,7 @@ std::unique_ptr<QTextDocument> build(const ConditionReport& report, const std::s
     ReportWriter writer(paper, limits);
     writeHead(writer, report, timeZone);
     writeSpecs(writer, report.machine);
-    writer.paragraph({.after = 8, .heading = true});
+    writer.paragraph({.after = 8});
     writer.run("Results: " + report.countsText(), {.size = 13, .weight = QFont::Bold});
     for (const TestResult& result : report.results) {
         if (endsEarly(writer)) break;
@@ -191,9 +191,7 @@ std::unique_ptr<QTextDocument> make(const ConditionReport& report, double width,
 
 std::unique_ptr<QTextDocument> paged(const ConditionReport& report, QSizeF paper, double margin,
                                      const std::string& timeZone) {
-    auto document = build(report, timeZone, {paper, margin}, {});
-    ReportWriter::keepHeadings(*document);
-    return document;
+    return build(report, timeZone, {paper, margin}, {});
 }
 
 } // namespace tessivo::ReportDocument

@@ -65,9 +65,11 @@ bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::f
     return savePDF(report, QPageLayout(paper, QPageLayout::Portrait, {}), {}, file);
 }
 
-QPageSize defaultPaper() {
-    return QPageSize(QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
-                                                                                        : QPageSize::A4);
+QPageSize defaultPaper(std::optional<Paper> setting) {
+    const bool american = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+    return QPageSize(setting.value_or(american ? Paper::letter : Paper::a4) == Paper::letter
+                         ? QPageSize::Letter
+                         : QPageSize::A4);
 }
 
 } // namespace tessivo::ReportPrinting

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kit/report/ConditionReport.h"
+#include "platform/Desktop.h"
 
 #include <QPageLayout>
 #include <QPageRanges>
@@ -28,7 +29,7 @@ bool savePDF(const ConditionReport& report, const QPageLayout& layout, const QPa
              const std::filesystem::path& file);
 bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file);
 
-/// The paper of the user's place: US Letter or A4.
-QPageSize defaultPaper();
+/// US Letter or A4, as the system's setting has it; without one, as is used where the user is.
+QPageSize defaultPaper(std::optional<Paper> setting);
 
 } // namespace tessivo::ReportPrinting

@@ -33,24 +33,6 @@ QChar printable(QChar c) {
 /// on each other without a space between.
 constexpr qsizetype longestBlock = 4000;
 
-constexpr int headingProperty = QTextFormat::UserProperty + 1;
-// Each heading that moves has the rest laid out anew.
-constexpr int mostPagesLookedAt = 40;
-
-/// The page that a block's first line stands on, and the one of its last.
-std::pair<int, int> pagesOf(const QTextBlock& block) {
-    const QTextLayout& layout = *block.layout();
-    const auto pageAt = [&](int line) {
-        const double y = layout.position().y() + layout.lineAt(line).y();
-        return int(y / block.document()->pageSize().height());
-    };
-    return layout.lineCount() > 0 ? std::pair(pageAt(0), pageAt(layout.lineCount() - 1)) : std::pair(0, 0);
-}
-
-bool isHeading(const QTextBlock& block) {
-    return block.isValid() && block.blockFormat().boolProperty(headingProperty);
-}
-
 /// Where a text may be cut, near its end: behind a blank, else between two characters.
 qsizetype cutBefore(QStringView text) {
     for (qsizetype at = text.size(); at > text.size() / 2; --at)
@@ -150,7 +132,6 @@ void ReportWriter::paragraph(const Paragraph& style) {
     for (double tab : style.tabs)
         tabs.append(QTextOption::Tab(lengthOf(tab), QTextOption::LeftTab));
     format.setTabPositions(tabs);
-    if (style.heading) format.setProperty(headingProperty, true);
     m_lineHeight = 0;
     if (m_blockIsFresh)
         m_cursor.setBlockFormat(format);
@@ -247,20 +228,6 @@ void ReportWriter::endBox() {
     m_cursor.movePosition(QTextCursor::End);
     m_blockIsFresh = true;
     m_pendingSpace = 0;
-}
-
-void ReportWriter::keepHeadings(QTextDocument& document) {
-    if (document.pageCount() > mostPagesLookedAt) return;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (!isHeading(block) || !block.next().isValid()) continue;
-        if (pagesOf(block).second == pagesOf(block.next()).first) continue;
-        QTextBlock first = block;
-        while (isHeading(first.previous()))
-            first = first.previous();
-        QTextBlockFormat format;
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        QTextCursor(first).mergeBlockFormat(format);
-    }
 }
 
 std::unique_ptr<QTextDocument> ReportWriter::take() {

@@ -27,7 +27,6 @@ public:
         std::vector<double> tabs;
         double indent = 0;
         double hanging = 0;
-        bool heading = false; ///< never the last on its page
     };
     struct Run {
         double size = 10.5;
@@ -63,10 +62,6 @@ public:
     void beginBox(double after);
     void endBox();
     std::unique_ptr<QTextDocument> take();
-
-    /// Moves headings that end a page to the next one, to the text that they head. For a document on pages;
-    /// one of more than a few dozen pages is left as it is.
-    static void keepHeadings(QTextDocument& document);
 
     /// What a length of points must be in a text format for the layout to come out at that many points.
     static double lengthOf(double points);

@@ -21,6 +21,10 @@ bool printed(const ConditionReport& report, QPrinter& printer) {
     return ReportPrinting::print(report, printer) && printer.printerState() != QPrinter::Error;
 }
 
+QPageSize systemPaper(const PageContext& context) {
+    return ReportPrinting::defaultPaper(context.model.platform().desktop().paper());
+}
+
 QString offeredName(const ConditionReport& report, const char* extension) {
     return QString::fromStdString(report.baseFileName()) + QLatin1String(extension);
 }
@@ -35,14 +39,15 @@ QString checkPlace() {
 bool savePDF(const PageContext& context, const ConditionReport& report, QWidget* parent) {
     const auto file = context.dialogs.savePath(parent, Dialogs::FileKind::pdf, offeredName(report, ".pdf"));
     if (!file) return false;
-    if (ReportPrinting::savePDF(report, ReportPrinting::defaultPaper(), *file)) return true;
+    if (ReportPrinting::savePDF(report, systemPaper(context), *file)) return true;
     context.dialogs.inform(parent, QObject::tr("The PDF couldn’t be saved"), checkPlace());
     return false;
 }
 
 void print(const PageContext& context, const ConditionReport& report, QWidget* parent) {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPageSize(ReportPrinting::defaultPaper());
+    // A printer of the system's own comes with the paper that it is set to.
+    if (printer.printerName().isEmpty()) printer.setPageSize(systemPaper(context));
     printer.setDocName(QString::fromStdString(report.baseFileName()));
     printer.setCreator(QStringLiteral("Tessivo"));
     if (!context.dialogs.choosePrinter(parent, printer)) return;

@@ -78,8 +78,8 @@ void ReportPage::makeControls() {
     connect(writeUp, &Button::clicked, this, [this] { m_context.model.setShowWriteUp(true); });
     m_controls->add(writeUp, Space::xl);
     m_controls->add(new ReportActions(
-                        m_context, [this] { return m_context.model.makeReport(); },
-                        ReportActions::History::keep, ReportActions::Shape::column),
+                        m_context, [this] { return shownReport(); }, ReportActions::History::keep,
+                        ReportActions::Shape::column),
                     Space::l);
     m_message->setReservedLines(messageLines);
     m_controls->add(m_message, Space::l);
@@ -92,12 +92,18 @@ void ReportPage::follow() {
 
 void ReportPage::rebuild() {
     m_nextRebuild.reset();
-    const ConditionReport report = m_context.model.makeReport();
-    const std::string tally = report.countsText();
+    m_report = m_context.model.makeReport();
+    const std::string tally = m_report.countsText();
     m_tally->setText(tally.empty() ? tr("No results yet.") : QString::fromStdString(tally));
-    m_unfinished->setVisible(report.count(TestStatus::notRun) + report.count(TestStatus::unfinished) > 0);
+    m_unfinished->setVisible(m_report.count(TestStatus::notRun) + m_report.count(TestStatus::unfinished) > 0);
     m_notes->setText(QString::fromStdString(m_context.model.notes()));
-    m_sheet->setReport(report);
+    m_sheet->setReport(m_report);
+}
+
+const ConditionReport& ReportPage::shownReport() {
+    // A change whose frame has not come yet is in it.
+    if (m_nextRebuild) rebuild();
+    return m_report;
 }
 
 void ReportPage::showMessage() {
@@ -107,7 +113,7 @@ void ReportPage::showMessage() {
 void ReportPage::showWriteUp() {
     const bool wanted = m_context.model.showWriteUp() && isVisible();
     if (wanted && !m_writeUp) {
-        m_writeUp = new WriteUpSheet(m_context, m_context.model.makeReport(), window());
+        m_writeUp = new WriteUpSheet(m_context, shownReport(), window());
         connect(m_writeUp, &Sheet::dismissed, m_writeUp, &QObject::deleteLater);
         m_writeUp->show();
     } else if (!wanted && m_writeUp) {

@@ -14,8 +14,9 @@ class SheetView;
 class TextLabel;
 class WriteUpSheet;
 
-/// The report as it would print, and everything that can be done with it. It follows the session and the
-/// notes, made anew at most once a frame however fast someone types.
+/// The report as it would print, and everything that can be done with it. The report is made anew when the
+/// page comes into sight and when the session or the notes change, at most once a frame however fast someone
+/// types; until then every action takes the one that is shown.
 class ReportPage final : public QWidget {
     Q_OBJECT
 
@@ -31,11 +32,13 @@ private:
     void makeControls();
     void follow();
     void rebuild();
+    const ConditionReport& shownReport();
     void showMessage();
     void showWriteUp();
 
     PageContext m_context;
     std::unique_ptr<Scheduled> m_nextRebuild;
+    ConditionReport m_report; ///< the one in the preview, which is also what is copied, saved and printed
     SheetView* m_sheet;
     Divider* m_divider;
     ScrollColumn* m_controls;

@@ -6,6 +6,7 @@
 #include "kit/Samples.h"
 #include "kit/report/ReportText.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/app/document/DocumentTesting.h"
 #include "tests/app/pages/PageFixture.h"
 
 #include <QScrollBar>
@@ -162,8 +163,42 @@ TEST_F(ReportPageTests, offersTheMacsOwnNamesAndSavesTheReportThatIsShown) {
     const ConditionReport saved = HistoryStore::decode(bytesOf(folder / "a.json"));
     EXPECT_EQ(saved.notes, "As it stands");
     EXPECT_EQ(saved.results, model->makeReport().results);
+}
+
+TEST_F(ReportPageTests, everyActionTakesTheReportThatIsShownMinuteForMinute) {
+    open(Page::report);
+    const QString made = preview()->spokenValue().section('\n', 2, 2);
+    ASSERT_TRUE(made.startsWith("Tested "));
+    pass(3min);
+    press("Copy as Text");
+    EXPECT_EQ(controls->pasteboardText(), ReportText::text(*preview()->report(), {}));
+    EXPECT_TRUE(sheetShows(made.toUtf8()));
+    press("Save to History");
+    pass(1min);
+    dialogs.saveAnswer = folder / "a.json";
+    press("Save Report File…");
+    EXPECT_EQ(HistoryStore::decode(bytesOf(folder / "a.json")), model->history().front());
+    for (const auto& [paper, size] : {std::pair(Paper::a4, "595 x 842"), {Paper::letter, "612 x 792"}}) {
+        controls->setPaper(paper);
+        dialogs.saveAnswer = folder / "a.pdf";
+        press("Save as PDF…");
+        dialogs.printAnswer = true;
+        dialogs.printFile = folder / "b.pdf";
+        press("Print…");
+        for (const char* file : {"a.pdf", "b.pdf"}) {
+            const std::string pdf = bytesOf(folder / file);
+            EXPECT_TRUE(documenttest::readText(pdf).contains(made)) << file;
+            EXPECT_TRUE(documenttest::poppler("pdfinfo", {}, pdf).contains(size)) << file;
+        }
+    }
+    EXPECT_THAT(model->history(), SizeIs(1)) << "it is one report";
+
+    // What is typed is in the next one, also before it is drawn.
+    type(notes(), "One scratch");
     press("Copy as Text");
     EXPECT_EQ(controls->pasteboardText(), ReportText::text(model->makeReport(), {}));
+    EXPECT_FALSE(sheetShows(made.toUtf8()));
+    EXPECT_TRUE(sheetShows("One scratch"));
 }
 
 TEST_F(ReportPageTests, aHistoryThatCannotBeWrittenIsTold) {
