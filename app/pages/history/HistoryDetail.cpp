@@ -3,6 +3,7 @@
 #include "app/controls/Button.h"
 #include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
+#include "app/controls/TextLabel.h"
 #include "app/pages/report/ReportActions.h"
 #include "app/pages/report/SheetView.h"
 
@@ -13,6 +14,7 @@ namespace tessivo {
 namespace {
 
 constexpr int narrow = 380; ///< below this width the buttons scroll with the sheet
+constexpr int messageLines = 2;
 
 } // namespace
 
@@ -23,17 +25,24 @@ HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
       m_bar(new QWidget),
       m_actions(new ReportActions(
           context, [this] { return m_report.value(); }, ReportActions::History::leave,
-          ReportActions::Shape::grid)) {
+          ReportActions::Shape::grid)),
+      m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
     auto* remove = new Button(tr("Delete"), QStringLiteral("trash"), Button::Kind::destructive);
     m_actions->add(remove);
     connect(remove, &Button::clicked, this, [this] {
         if (m_report) Q_EMIT deleteRequested(m_report->id);
     });
 
+    m_message->setReservedLines(messageLines);
+    auto* foot = new Column;
+    foot->add(m_actions);
+    foot->add(m_message, Space::s);
+    m_foot = foot;
+
     m_bar->setAutoFillBackground(true);
     auto* barLayout = new QVBoxLayout(m_bar);
-    barLayout->setContentsMargins(Space::xxl, Space::xxl, Space::xxl, Space::xxl);
-    barLayout->addWidget(m_actions);
+    barLayout->setContentsMargins(Space::xxl, Space::xxl, Space::xxl, Space::m);
+    barLayout->addWidget(m_foot);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -44,15 +53,19 @@ HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
 
 void HistoryDetail::resizeEvent(QResizeEvent* event) {
     const bool inSheet = width() < narrow;
-    if (inSheet == m_bar->isAncestorOf(m_actions)) {
+    if (inSheet == m_bar->isAncestorOf(m_foot)) {
         if (inSheet)
-            m_sheet->add(m_actions, Space::xxl);
+            m_sheet->add(m_foot, Space::xxl);
         else
-            m_bar->layout()->addWidget(m_actions);
+            m_bar->layout()->addWidget(m_foot);
         m_divider->setVisible(!inSheet);
         m_bar->setVisible(!inSheet);
     }
     QWidget::resizeEvent(event);
+}
+
+void HistoryDetail::setMessage(const QString& message) {
+    m_message->setText(message);
 }
 
 void HistoryDetail::setReport(const ConditionReport& report) {

@@ -10,6 +10,7 @@ namespace tessivo {
 class Divider;
 class ReportActions;
 class SheetView;
+class TextLabel;
 
 /// One report of History on its sheet, with the buttons in a bar below it, or under the sheet where there is
 /// no room for a bar.
@@ -21,6 +22,8 @@ public:
 
     /// Another report is shown from its beginning.
     void setReport(const ConditionReport& report);
+    /// The line under the buttons: what came of one of them.
+    void setMessage(const QString& message);
 
 Q_SIGNALS:
     void deleteRequested(const tessivo::Uuid& id);
@@ -33,7 +36,9 @@ private:
     SheetView* m_sheet;
     Divider* m_divider;
     QWidget* m_bar;
+    QWidget* m_foot; ///< the buttons and the message
     ReportActions* m_actions;
+    TextLabel* m_message;
 };
 
 } // namespace tessivo

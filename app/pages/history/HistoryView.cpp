@@ -16,6 +16,7 @@ namespace tessivo {
 namespace {
 
 constexpr int listWidth = 280;
+constexpr int messageLines = 2;
 
 /// A plain surface in the well's colour, behind the sheet or the words in its place.
 class Well final : public QWidget {
@@ -64,20 +65,17 @@ HistoryView::HistoryView(const PageContext& context, QWidget* parent)
     connect(m_list, &HistoryList::deleteRequested, this, &HistoryView::remove);
     connect(m_detail, &HistoryDetail::deleteRequested, this, &HistoryView::remove);
     connect(&m_context.model, &AppModel::historyChanged, this, &HistoryView::showHistory);
-    const auto showMessage = [this] {
-        m_message->setText(QString::fromStdString(m_context.model.message().value_or("")));
-    };
-    connect(&m_context.model, &AppModel::messageChanged, this, showMessage);
-    showMessage();
+    connect(&m_context.model, &AppModel::messageChanged, this, &HistoryView::showMessage);
     showHistory();
     showSelection();
+    showMessage();
 }
 
 QWidget* HistoryView::makeListPane() {
     auto* pane = new QWidget;
     pane->setFixedWidth(listWidth);
     auto* add = new Button(tr("Add Report Files…"), QStringLiteral("plus"));
-    m_message->setReservedLines(1);
+    m_message->setReservedLines(messageLines);
     auto* foot = new QVBoxLayout;
     foot->setContentsMargins(Space::m, Space::m, Space::m, Space::m);
     foot->setSpacing(Space::s);
@@ -93,7 +91,9 @@ QWidget* HistoryView::makeListPane() {
     connect(add, &Button::clicked, this, [this] {
         const auto files = m_context.dialogs.openReportFiles(
             this, tr("Choose report files saved with Save Report File on another Mac."));
+        m_adding = true;
         if (!files.empty()) m_context.model.addReportFiles(files);
+        m_adding = false;
     });
     return pane;
 }
@@ -103,6 +103,13 @@ void HistoryView::showHistory() {
     m_list->setHistory(history);
     m_list->setVisible(!history.empty());
     m_empty->setVisible(history.empty());
+}
+
+void HistoryView::showMessage() {
+    const QString message = QString::fromStdString(m_context.model.message().value_or(""));
+    const bool ofReport = !m_adding && m_detail->isVisible();
+    m_message->setText(ofReport ? QString() : message);
+    m_detail->setMessage(ofReport ? message : QString());
 }
 
 void HistoryView::showSelection() {

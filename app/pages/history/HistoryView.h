@@ -23,6 +23,8 @@ private:
     QWidget* makeListPane();
     void showHistory();
     void showSelection();
+    /// Near the buttons that it speaks of: below the list, or below the report.
+    void showMessage();
     void remove(const Uuid& id);
 
     PageContext m_context;
@@ -31,6 +33,7 @@ private:
     TextLabel* m_message;
     TextLabel* m_nothingSelected;
     HistoryDetail* m_detail;
+    bool m_adding = false; ///< report files, just now
 };
 
 } // namespace tessivo

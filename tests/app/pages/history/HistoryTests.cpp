@@ -1,3 +1,4 @@
+#include "app/pages/history/HistoryDetail.h"
 #include "app/pages/history/HistoryList.h"
 #include "app/pages/report/SheetView.h"
 #include "kit/Samples.h"
@@ -147,4 +148,35 @@ TEST_F(HistoryTests, filesOfAnotherMacAreAddedAndOthersAreCounted) {
     EXPECT_EQ(rows().size(), 2) << "adding a file twice leaves one";
     add({});
     EXPECT_TRUE(shown("Added 1 of 3. The others aren't Tessivo report files.")) << "cancelled";
+}
+
+TEST_F(HistoryTests, theMessageStandsByTheButtonsItSpeaksOfAndMovesNothing) {
+    const TemporaryFolder folder;
+    const auto bad = folder.write("bad.json", "{}");
+    keep(1, "Mac14,2", "SERIAL1");
+    model->setMessage(std::nullopt);
+    for (const QSize size : {QSize(950, 752), QSize(620, 520)}) {
+        open(Page::history);
+        select(1);
+        showAt(*view, size);
+        auto* detail = view->findChild<HistoryDetail*>();
+        const QSize listBefore = list().size(), sheetBefore = sheet().size();
+        EXPECT_TRUE(press("Copy as Text"));
+        const QString copied = "Copied. Paste it into your listing or a message.";
+        EXPECT_EQ(shownTexts(detail).last(), copied) << "under the report's buttons";
+        dialogs.openAnswer = {bad};
+        EXPECT_TRUE(press("Add Report Files…"));
+        EXPECT_FALSE(shownTexts(view.get()).contains(copied));
+        EXPECT_TRUE(shown("Added 0 of 1. The others aren't Tessivo report files."));
+        EXPECT_FALSE(shows(detail, "Added 0 of 1. The others aren't Tessivo report files."));
+        model->setMessage("Couldn't save to History: No space left on device");
+        settle();
+        EXPECT_EQ(list().size(), listBefore);
+        EXPECT_EQ(sheet().size(), sheetBefore);
+        EXPECT_EQ(clippedControls(view.get()).join("\n"), "");
+        list().setSelectedReport(std::nullopt);
+        model->setMessage("Saved to History.");
+        settle();
+        EXPECT_TRUE(shown("Saved to History.")) << "below the list where there is no report";
+    }
 }
