@@ -1,19 +1,19 @@
 #include "app/pages/writeup/WriteUpSheet.h"
 
+#include "app/controls/BusyMark.h"
 #include "app/controls/Button.h"
 #include "app/controls/Checkbox.h"
 #include "app/controls/Chip.h"
 #include "app/controls/Panel.h"
 #include "app/controls/SegmentedPicker.h"
-#include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
 #include "app/controls/WrapRow.h"
 #include "app/model/Background.h"
 #include "app/pages/writeup/ListingText.h"
+#include "app/pages/writeup/OutcomeLine.h"
 #include "kit/listing/Lang.h"
 #include "kit/listing/Strings.h"
 
-#include <QAccessible>
 #include <QVBoxLayout>
 
 namespace tessivo {
@@ -106,7 +106,7 @@ QWidget* WriteUpSheet::makePolishRow() {
         m_polishButton = new Button(words("Polish Wording"));
         controls->add(m_polishButton);
         auto* busy = new WrapRow(nullptr, Space::s);
-        busy->add(new SymbolView(QStringLiteral("circle.dotted"), SymbolSize::button, ColorRole::text2));
+        busy->add(new BusyMark);
         auto* busyLabel = new TextLabel(words("Polishing on this Mac…"), TextRole::body, ColorRole::text2);
         busyLabel->setMaximumLines(1);
         busy->add(busyLabel);
@@ -118,9 +118,9 @@ QWidget* WriteUpSheet::makePolishRow() {
         row->add(controls);
         connect(m_polishButton, &Button::clicked, this, &WriteUpSheet::polish);
     }
-    m_outcomeLabel = new TextLabel({}, TextRole::callout, ColorRole::text2);
-    m_outcomeLabel->setMaximumLines(outcomeLines);
-    row->add(m_outcomeLabel, Space::s);
+    m_outcomeLine = new OutcomeLine;
+    m_outcomeLine->setMaximumLines(outcomeLines);
+    row->add(m_outcomeLine, Space::s);
     for (std::size_t i = 0; i < mostIssues; ++i) {
         auto* issue = new TextLabel({}, TextRole::callout, ColorRole::text2);
         issue->setMaximumLines(issueLines);
@@ -202,9 +202,9 @@ void WriteUpSheet::conclude(const PolishResult& result) {
         m_outcome = Strings::tr("Couldn't polish the wording: %@",
                                 {std::get<PolishResult::Failed>(result.outcome).description});
     }
+    // It comes into sight anew, and is so told, also where an earlier outcome stood.
+    m_outcomeLine->hide();
     refresh();
-    QAccessibleEvent announcement(m_outcomeLabel, QAccessible::Alert);
-    QAccessible::updateAccessibility(&announcement);
 }
 
 void WriteUpSheet::refresh() {
@@ -216,8 +216,8 @@ void WriteUpSheet::refresh() {
         m_polishButton->setEnabled(!m_polishing);
         m_busy->setVisible(m_polishing);
     }
-    m_outcomeLabel->setText(QString::fromStdString(m_outcome.value_or("")));
-    m_outcomeLabel->setVisible(m_outcome.has_value());
+    m_outcomeLine->setText(QString::fromStdString(m_outcome.value_or("")));
+    m_outcomeLine->setVisible(m_outcome.has_value());
     for (std::size_t i = 0; i < m_issueLabels.size(); ++i) {
         const bool present = i < m_issues.size();
         m_issueLabels[i]->setText(present ? QString::fromStdString("• " + m_issues[i].message()) : QString());

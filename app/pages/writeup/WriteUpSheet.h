@@ -10,6 +10,7 @@ class Button;
 class Checkbox;
 class Column;
 class ListingText;
+class OutcomeLine;
 class SegmentedPicker;
 class TextLabel;
 
@@ -57,7 +58,7 @@ private:
     Checkbox* m_serial = nullptr;
     Button* m_polishButton = nullptr;
     QWidget* m_busy = nullptr;
-    TextLabel* m_outcomeLabel = nullptr;
+    OutcomeLine* m_outcomeLine = nullptr;
     std::vector<TextLabel*> m_issueLabels;
 };
 

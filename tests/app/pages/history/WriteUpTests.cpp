@@ -1,3 +1,4 @@
+#include "app/controls/BusyMark.h"
 #include "app/controls/Button.h"
 #include "app/pages/writeup/ListingText.h"
 #include "app/pages/writeup/WriteUpSheet.h"
@@ -6,6 +7,7 @@
 #include "platform/simulated/SimulatedWording.h"
 #include "tests/app/pages/PageFixture.h"
 
+#include <QAccessible>
 #include <QTest>
 
 using namespace tessivo;
@@ -81,6 +83,20 @@ TEST_F(WriteUpTests, anUnfaithfulRewordingIsThrownAwayWithAtMostFiveReasons) {
     EXPECT_TRUE(onSheet("The reworded version was thrown away, so the template stays:"));
     EXPECT_TRUE(onSheet("• It left out or changed “MacBook Air (M2, 2022)”."));
     EXPECT_EQ(shownTexts(sheet()).filter("• ").size(), 5);
+}
+
+TEST_F(WriteUpTests, anOutcomeIsANotificationAndWorkingShowsAMarkOfItsOwn) {
+    openSheet();
+    const auto working = [this] { return sheet()->findChild<BusyMark*>()->isVisible(); };
+    EXPECT_FALSE(working());
+    controls->wording().setAnswers(
+        {{.text = "The model is busy.", .fails = true, .takes = std::chrono::milliseconds(50)}});
+    EXPECT_TRUE(pressOnSheet("Polish Wording"));
+    EXPECT_TRUE(working());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !working(); }, patience));
+    auto* outcome = findByName<QWidget>(sheet(), "Couldn't polish the wording: The model is busy.");
+    ASSERT_NE(outcome, nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(outcome)->role(), QAccessible::Notification);
 }
 
 TEST_F(WriteUpTests, aRewordingOfAnotherTemplateTextIsDropped) {
