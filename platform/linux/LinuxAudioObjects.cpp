@@ -18,8 +18,8 @@ Numbers one(std::optional<std::uint32_t> number) {
 Numbers systemNumbers(const PulseSnapshot& devices, std::uint32_t selector) {
     if (selector == fourCharCode("dev#")) {
         std::vector<std::uint32_t> ids;
-        for (const PulseSink& sink : devices.sinks)
-            ids.push_back(sink.id);
+        for (const PulseOutput& output : devices.outputs())
+            ids.push_back(output.id());
         return ids;
     }
     const PulseSink* sink = devices.sinkNamed(devices.defaultSink);
@@ -27,13 +27,15 @@ Numbers systemNumbers(const PulseSnapshot& devices, std::uint32_t selector) {
     return std::nullopt;
 }
 
-Numbers sinkNumbers(const PulseSink& sink, std::uint32_t selector, std::uint32_t scope) {
-    if (scope == global && selector == fourCharCode("tran")) return one(sink.transportType());
+Numbers outputNumbers(const PulseOutput& device, std::uint32_t selector, std::uint32_t scope) {
+    const PulseSink& sink = *device.sink;
+    if (scope == global && selector == fourCharCode("tran"))
+        return one(device.jack ? fourCharCode("bltn") : sink.transportType());
     if (scope != output) return std::nullopt;
-    if (selector == fourCharCode("stm#")) // one stream for each sink, under the sink's own number
-        return sink.channelCount > 0 ? one(sink.id) : Numbers{std::in_place};
-    if (selector == fourCharCode("ssrc")) return one(sink.dataSource());
-    if (selector == fourCharCode("jack")) return one(sink.jackState());
+    if (selector == fourCharCode("stm#")) // one stream for each output, under the output's own number
+        return sink.channelCount > 0 ? one(device.id()) : Numbers{std::in_place};
+    if (selector == fourCharCode("ssrc")) return one(device.jack ? device.jack->kind() : sink.dataSource());
+    if (selector == fourCharCode("jack")) return one(device.jack ? 1 : sink.jackState());
     return std::nullopt;
 }
 
@@ -57,24 +59,25 @@ LinuxAudioObjects::numbers(std::uint32_t object, std::uint32_t selector, std::ui
     const auto devices = m_server->snapshot();
     if (devices->server != PulseSnapshot::Server::connected) return std::nullopt;
     if (object == systemObject) return scope == global ? systemNumbers(*devices, selector) : std::nullopt;
-    const PulseSink* sink = devices->sink(object);
-    return sink ? sinkNumbers(*sink, selector, scope) : std::nullopt;
+    const auto device = devices->output(object);
+    return device ? outputNumbers(*device, selector, scope) : std::nullopt;
 }
 
 std::optional<std::string> LinuxAudioObjects::text(std::uint32_t object, std::uint32_t selector,
                                                    std::uint32_t scope) const {
     const auto devices = m_server->snapshot();
-    const PulseSink* sink = devices->sink(object);
-    if (!sink || selector != fourCharCode("lnam") || scope != global) return std::nullopt;
-    return sink->description;
+    const auto device = devices->output(object);
+    if (!device || selector != fourCharCode("lnam") || scope != global) return std::nullopt;
+    if (!device->jack) return device->sink->description;
+    return device->jack->description.empty() ? device->jack->name : device->jack->description;
 }
 
 std::optional<std::string> LinuxAudioObjects::translatedText(std::uint32_t object, std::uint32_t selector,
                                                              std::uint32_t scope, std::uint32_t code) const {
     const auto devices = m_server->snapshot();
-    const PulseSink* sink = devices->sink(object);
-    if (!sink || selector != fourCharCode("lscn") || scope != output) return std::nullopt;
-    return sink->dataSourceName(code);
+    const auto device = devices->output(object);
+    if (!device || selector != fourCharCode("lscn") || scope != output) return std::nullopt;
+    return device->sink->dataSourceName(code);
 }
 
 } // namespace tessivo

@@ -5,7 +5,8 @@
 
 namespace tessivo {
 
-/// The sound server's sinks as audio devices. Answers from the server's snapshot.
+/// The sound server's sinks as audio devices, and each of the machine's own jacks with a plug in it as one
+/// more: one card is one sink, whose active port may stay the speaker. Answers from the server's snapshot.
 class LinuxAudioObjects final : public AudioObjects {
 public:
     explicit LinuxAudioObjects(std::shared_ptr<PulseServer> server);

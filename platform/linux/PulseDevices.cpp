@@ -4,6 +4,7 @@
 #include "kit/support/Text.h"
 
 #include <algorithm>
+#include <map>
 #include <pulse/def.h>
 
 namespace tessivo {
@@ -15,9 +16,22 @@ constexpr std::uint32_t internalSpeaker = fourCharCode("ispk");
 constexpr std::uint32_t digital = fourCharCode("spdf");
 constexpr std::uint32_t hdmi = fourCharCode("hdmi");
 
-/// The kind of a port as a four-letter code; nothing for a port that only says "output".
-std::optional<std::uint32_t> code(const PulsePort& port) {
-    switch (port.type) {
+const std::map<std::uint32_t, std::string> kindNames = {{headphones, "Headphones"},
+                                                        {lineOut, "Line Out"},
+                                                        {internalSpeaker, "Internal Speakers"},
+                                                        {digital, "Digital Out"},
+                                                        {hdmi, "HDMI"}};
+
+template <class Device>
+const Device* named(const std::vector<Device>& devices, const std::string& name) {
+    const auto found = std::ranges::find(devices, name, &Device::name);
+    return found == devices.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+std::optional<std::uint32_t> PulsePort::kind() const {
+    switch (type) {
     case PA_DEVICE_PORT_TYPE_HEADPHONES:
     case PA_DEVICE_PORT_TYPE_HEADSET:
         return headphones;
@@ -32,65 +46,57 @@ std::optional<std::uint32_t> code(const PulsePort& port) {
     default:
         break;
     }
-    // Older servers give no type; the port's name is then all there is.
-    const std::string name = Text::lowercased(port.name);
-    const auto says = [&](const char* word) { return name.find(word) != std::string::npos; };
+    // Older servers give no type. Names aren't translated, as descriptions are.
+    const std::string lowered = Text::lowercased(name);
+    const auto says = [&](const char* word) { return lowered.find(word) != std::string::npos; };
     if (says("headphone") || says("headset")) return headphones;
-    if (says("lineout") || says("line out")) return lineOut;
+    if (says("lineout") || says("line out") || lowered.starts_with("[out] line")) return lineOut;
     if (says("speaker")) return internalSpeaker;
     if (says("hdmi")) return hdmi;
     if (says("iec958") || says("spdif")) return digital;
     return std::nullopt;
 }
 
-bool isJack(const PulsePort& port) {
-    const auto kind = code(port);
-    return kind == headphones || kind == lineOut;
+bool PulsePort::isJack() const {
+    const auto found = kind();
+    return found == headphones || found == lineOut;
 }
-
-template <class Device>
-const Device* named(const std::vector<Device>& devices, const std::string& name) {
-    const auto found = std::ranges::find(devices, name, &Device::name);
-    return found == devices.end() ? nullptr : &*found;
-}
-
-} // namespace
 
 const PulsePort* PulseSink::active() const {
     return activePort ? named(ports, *activePort) : nullptr;
 }
 
+bool PulseSink::isOnBoard() const {
+    if (bus == "usb" || bus == "bluetooth") return false;
+    return bus == "pci" || bus == "platform" || formFactor == "internal" ||
+           (bus.empty() && systemPath.starts_with("/devices/platform/"));
+}
+
 std::uint32_t PulseSink::transportType() const {
     if (bus == "usb") return fourCharCode("usb ");
     if (bus == "bluetooth") return fourCharCode("blue");
-    if (const PulsePort* port = active(); port && code(*port) == hdmi) return hdmi;
-    if (bus == "pci" || bus == "platform" || formFactor == "internal" ||
-        (bus.empty() && systemPath.starts_with("/devices/platform/")))
-        return fourCharCode("bltn");
-    return fourCharCode("virt");
+    if (const PulsePort* port = active(); port && port->kind() == hdmi) return hdmi;
+    return isOnBoard() ? fourCharCode("bltn") : fourCharCode("virt");
 }
 
 std::optional<std::uint32_t> PulseSink::dataSource() const {
     const PulsePort* port = active();
-    if (!port || (isJack(*port) && port->available != PulseAvailability::yes)) return std::nullopt;
-    return code(*port);
+    if (!port || (port->isJack() && port->available != PulseAvailability::yes)) return std::nullopt;
+    return port->kind();
 }
 
-std::optional<std::string> PulseSink::dataSourceName(std::uint32_t wanted) const {
-    if (const PulsePort* port = active(); port && code(*port) == wanted) return port->description;
-    for (const PulsePort& port : ports)
-        if (code(port) == wanted) return port.description;
-    return std::nullopt;
+std::optional<std::string> PulseSink::dataSourceName(std::uint32_t kind) const {
+    const auto name = kindNames.find(kind);
+    if (name == kindNames.end() || !std::ranges::count(ports, kind, &PulsePort::kind)) return std::nullopt;
+    return name->second;
 }
 
 std::optional<std::uint32_t> PulseSink::jackState() const {
-    std::optional<std::uint32_t> state;
-    for (const PulsePort& port : ports) {
-        if (!isJack(port) || port.available == PulseAvailability::unknown) continue;
-        if (port.available == PulseAvailability::yes) return 1;
-        state = 0;
-    }
-    return state;
+    if (std::ranges::none_of(ports, &PulsePort::isJack)) return std::nullopt;
+    const PulsePort* port = active();
+    if (!port || !port->isJack()) return 0;
+    if (port->available == PulseAvailability::unknown) return std::nullopt;
+    return port->available == PulseAvailability::yes;
 }
 
 bool PulseSource::isMicrophone() const {
@@ -98,9 +104,22 @@ bool PulseSource::isMicrophone() const {
     return !monitorsSink && (ports.empty() || !std::ranges::all_of(ports, empty));
 }
 
-const PulseSink* PulseSnapshot::sink(std::uint32_t id) const {
-    const auto found = std::ranges::find(sinks, id, &PulseSink::id);
-    return found == sinks.end() ? nullptr : &*found;
+std::vector<PulseOutput> PulseSnapshot::outputs() const {
+    std::vector<PulseOutput> list;
+    for (const PulseSink& sink : sinks) {
+        for (const PulsePort& port : sink.ports)
+            if (sink.isOnBoard() && port.isJack() && port.available == PulseAvailability::yes &&
+                !port.refused)
+                list.push_back({&sink, &port});
+        list.push_back({&sink});
+    }
+    return list;
+}
+
+std::optional<PulseOutput> PulseSnapshot::output(std::uint32_t id) const {
+    const auto list = outputs();
+    const auto found = std::ranges::find(list, id, &PulseOutput::id);
+    return found == list.end() ? std::nullopt : std::optional(*found);
 }
 
 const PulseSink* PulseSnapshot::sinkNamed(const std::string& name) const {

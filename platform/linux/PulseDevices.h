@@ -17,6 +17,13 @@ struct PulsePort {
     std::string description;
     std::uint32_t type = 0;
     PulseAvailability available = PulseAvailability::unknown;
+    std::uint32_t id = 0; ///< of a jack, as an output of its own; 0 for every other port
+    bool refused = false; ///< the server wouldn't make it the active one since the plug came
+
+    /// The kind as a four-letter code; nothing for a port that only says "output".
+    std::optional<std::uint32_t> kind() const;
+    /// Takes headphones or goes out as a line.
+    bool isJack() const;
 };
 
 /// A device that plays. `id` stays the same for a name for as long as the program runs.
@@ -33,14 +40,18 @@ struct PulseSink {
     std::vector<PulsePort> ports;
     std::optional<std::string> activePort;
 
+    /// Soldered to the machine, whatever it plays through.
+    bool isOnBoard() const;
     /// "bltn" for the machine's own output, "usb ", "blue", "hdmi" or "virt".
     std::uint32_t transportType() const;
-    /// The active port as a four-letter code. Nothing without one, and nothing for a jack that isn't known
-    /// to hold a plug: an active jack means a plug that was seen.
+    /// The active port's kind. Nothing without one, and nothing for a jack that isn't known to hold a plug:
+    /// an active jack means a plug that was seen.
     std::optional<std::uint32_t> dataSource() const;
-    /// The name of the port with this code, the active one first.
-    std::optional<std::string> dataSourceName(std::uint32_t code) const;
-    /// 1 with something in a jack, 0 with nothing; nothing if no port tells.
+    /// The English name of this kind, where a port is of it: what a port is called comes in the server's
+    /// language.
+    std::optional<std::string> dataSourceName(std::uint32_t kind) const;
+    /// 1 where the active port is a jack with something in it. 0 for an empty one, and where there are jacks
+    /// but another port is active. Nothing without jacks, or if the active one doesn't tell.
     std::optional<std::uint32_t> jackState() const;
 
 private:
@@ -60,6 +71,14 @@ struct PulseSource {
     bool isMicrophone() const;
 };
 
+/// A sink as it plays now, or one jack of it.
+struct PulseOutput {
+    const PulseSink* sink = nullptr;
+    const PulsePort* jack = nullptr; ///< null for the sink itself
+
+    std::uint32_t id() const { return jack ? jack->id : sink->id; }
+};
+
 /// All devices at one moment, in the server's order.
 struct PulseSnapshot {
     enum class Server { connecting, absent, refused, connected };
@@ -69,7 +88,10 @@ struct PulseSnapshot {
     std::vector<PulseSource> sources;
     std::string defaultSink; ///< name; may be empty or of no sink in the list
 
-    const PulseSink* sink(std::uint32_t id) const;
+    /// Each sink, and before it those of its jacks that hold a plug: a jack is the same output whether or not
+    /// it is the active port. Sinks that aren't the machine's own have no jacks of theirs.
+    std::vector<PulseOutput> outputs() const;
+    std::optional<PulseOutput> output(std::uint32_t id) const;
     const PulseSink* sinkNamed(const std::string& name) const;
     const PulseSource* sourceNamed(const std::string& name) const;
 };

@@ -87,15 +87,30 @@ void PulseServer::addClient(std::weak_ptr<PulseClient> client) {
     });
 }
 
+void PulseServer::keepClient(std::shared_ptr<PulseClient> client) {
+    post([this, client = std::move(client)](pa_context* context, const PulseSnapshot& devices) {
+        m_kept.push_back(client);
+        m_clients.push_back(client);
+        if (context) client->devicesChanged(context, devices);
+    });
+}
+
+void PulseServer::refuse(const std::string& sink, const std::string& port) {
+    m_refused.add(sink, port);
+    PulseSnapshot devices = *snapshot();
+    for (PulseSink& listed : devices.sinks)
+        m_refused.mark(listed);
+    publish(std::move(devices));
+}
+
 void PulseServer::run() {
     using Clock = std::chrono::steady_clock;
     pthread_setname_np(pthread_self(), "Tessivo.sound");
     connect(Spawning::allowed);
     for (;;) {
         int wait = -1;
-        if (m_nextAttempt) {
-            const auto left =
-                std::chrono::duration_cast<std::chrono::microseconds>(*m_nextAttempt - Clock::now());
+        if (const auto next = m_finishBy ? m_finishBy : m_nextAttempt) {
+            const auto left = std::chrono::duration_cast<std::chrono::microseconds>(*next - Clock::now());
             wait = int(std::max<std::chrono::microseconds::rep>(0, left.count()));
         }
         if (pa_mainloop_prepare(m_loop, wait) < 0 || pa_mainloop_poll(m_loop) < 0 ||
@@ -103,10 +118,7 @@ void PulseServer::run() {
             break;
         if (m_lost) disconnect(*m_lost);
         runPosted();
-        {
-            const std::lock_guard lock(m_mutex);
-            if (m_quit) break;
-        }
+        if (isOver()) break;
         // A server that went away isn't started from here: whoever ended it had a reason.
         if (m_nextAttempt && Clock::now() >= *m_nextAttempt) connect(Spawning::refused);
     }
@@ -166,6 +178,7 @@ void PulseServer::disconnect(PulseSnapshot::Server why) {
         m_context = nullptr;
     }
     m_refreshing = m_dirty = false;
+    m_refused = {};
     m_nextAttempt = std::chrono::steady_clock::now() + retryInterval;
     publish({.server = why});
 }
@@ -217,6 +230,9 @@ void PulseServer::add(const pa_sink_info& info) {
     sink.hasFrontPair = pa_channel_map_has_position(&info.channel_map, PA_CHANNEL_POSITION_FRONT_LEFT) &&
                         pa_channel_map_has_position(&info.channel_map, PA_CHANNEL_POSITION_FRONT_RIGHT);
     if (info.active_port && info.active_port->name) sink.activePort = info.active_port->name;
+    for (PulsePort& port : sink.ports)
+        if (port.isJack()) port.id = stableID(sink.name + '\n' + port.name);
+    m_refused.mark(sink);
     m_listing.sinks.push_back(std::move(sink));
 }
 
@@ -255,6 +271,17 @@ void PulseServer::runPosted() {
     }
     for (const Work& work : posted)
         work(connected() ? m_context : nullptr, *snapshot());
+}
+
+bool PulseServer::isOver() {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!m_quit) return false;
+    }
+    if (!m_finishBy) m_finishBy = std::chrono::steady_clock::now() + finishTime;
+    bool finished = true;
+    if (connected()) tellClients([&](PulseClient& client) { finished = client.finish() && finished; });
+    return finished || std::chrono::steady_clock::now() >= *m_finishBy;
 }
 
 void PulseServer::tellClients(const std::function<void(PulseClient&)>& action) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/PulseDevices.h"
+#include "platform/linux/RefusedPorts.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -22,6 +23,9 @@ public:
     virtual void devicesChanged(pa_context*, const PulseSnapshot&) {}
     /// The connection is lost and its streams with it: let go of them now.
     virtual void disconnected() = 0;
+    /// The program lets go of the server: undo what must not stay. True when nothing is left to undo; asked
+    /// again until then, for a short time.
+    virtual bool finish() { return true; }
 };
 
 /// The connection to a sound server, on a thread of its own that alone touches the client library. It
@@ -31,6 +35,8 @@ class PulseServer final {
 public:
     /// How long after a failed attempt the next one follows.
     static constexpr std::chrono::milliseconds retryInterval{500};
+    /// How long the end waits for clients that have something to undo.
+    static constexpr std::chrono::milliseconds finishTime{500};
 
     /// The address as the client library takes it ("unix:/run/..."); empty for the user's own server.
     explicit PulseServer(std::string address = {});
@@ -51,6 +57,13 @@ public:
     bool waitUntilSettled(std::chrono::milliseconds time);
     /// The client hears of changes for as long as it lives.
     void addClient(std::weak_ptr<PulseClient> client);
+    /// The same, and the client lives as long as this object.
+    void keepClient(std::shared_ptr<PulseClient> client);
+    /// From now on the port is listed as refused, until its plug is pulled or somebody makes it the active
+    /// one. The server's thread alone.
+    void refuse(const std::string& sink, const std::string& port);
+    /// What times out on the server's thread. That thread alone.
+    const pa_mainloop_api& loop() const { return *pa_mainloop_get_api(m_loop); }
 
 private:
     enum class Spawning { allowed, refused };
@@ -62,6 +75,7 @@ private:
     void refresh();
     void publish(PulseSnapshot snapshot);
     void runPosted();
+    bool isOver();
     void tellClients(const std::function<void(PulseClient&)>& action);
     std::uint32_t stableID(const std::string& name);
     bool connected() const;
@@ -89,7 +103,10 @@ private:
     PulseSnapshot m_listing;
     bool m_refreshing = false;
     bool m_dirty = false;
+    std::optional<std::chrono::steady_clock::time_point> m_finishBy; ///< once the end has come
     std::vector<std::weak_ptr<PulseClient>> m_clients;
+    std::vector<std::shared_ptr<PulseClient>> m_kept;
+    RefusedPorts m_refused;
     std::vector<std::function<void()>> m_waiting;
     std::map<std::string, std::uint32_t> m_ids;
 

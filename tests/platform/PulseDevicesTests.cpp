@@ -26,15 +26,24 @@ TEST(PulseDevices, portsTellTheDataSourceAndTheJack) {
         std::optional<std::uint32_t> jack;
     } const cases[] = {
         {{}, nullptr, {}, {}, {}},
-        {{speakerPort, headphonePort(no)}, speaker, "ispk", "Speakers", 0},
-        {{speakerPort, headphonePort(yes)}, speaker, "ispk", "Speakers", 1},
+        {{speakerPort, headphonePort(no)}, speaker, "ispk", "Internal Speakers", 0},
+        // What plays is the speaker, whatever is in the jack beside it.
+        {{speakerPort, headphonePort(yes)}, speaker, "ispk", "Internal Speakers", 0},
         {{speakerPort, headphonePort(yes)}, headphones, "hdpn", "Headphones", 1},
         // Chosen, but empty or not able to tell.
         {{speakerPort, headphonePort(no)}, headphones, {}, {}, 0},
         {{headphonePort(unknown)}, headphones, {}, {}, {}},
+        // Known by its kind, called by its English name.
+        {{{"port-3", "Ligne de sortie", PA_DEVICE_PORT_TYPE_LINE, yes}}, "port-3", "line", "Line Out", 1},
+        {{{"port-4", "External", PA_DEVICE_PORT_TYPE_SPEAKER, yes}},
+         "port-4",
+         "ispk",
+         "Internal Speakers",
+         {}},
         // Older servers give no type.
-        {{{"[Out] Headphones", "Phones", 0, yes}}, "[Out] Headphones", "hdpn", "Phones", 1},
-        {{{"analog-output-lineout", "Line", 0, yes}}, "analog-output-lineout", "line", "Line", 1},
+        {{{"[Out] Headphones", "Phones", 0, yes}}, "[Out] Headphones", "hdpn", "Headphones", 1},
+        {{{"analog-output-lineout", "Line", 0, yes}}, "analog-output-lineout", "line", "Line Out", 1},
+        {{{"[Out] Line", "Ligne", 0, yes}}, "[Out] Line", "line", "Line Out", 1},
         {{{"analog-output", "Analog", 0, unknown}}, "analog-output", {}, {}, {}},
         {{hdmiPort}, "hdmi-output-0", "hdmi", "HDMI", {}},
         {{speakerPort}, "gone", {}, {}, {}},
@@ -47,6 +56,34 @@ TEST(PulseDevices, portsTellTheDataSourceAndTheJack) {
         EXPECT_EQ(source ? std::optional(fourCharCode(*source)) : std::nullopt, row.source);
         EXPECT_EQ(source ? sink.dataSourceName(*source) : std::nullopt, row.sourceName);
         EXPECT_EQ(sink.jackState(), row.jack);
+    }
+}
+
+TEST(PulseDevices, aJackWithAPlugIsAnOutputOfItsOwnBeforeItsSink) {
+    constexpr std::uint32_t sink = 2, phones = 3, line = 4;
+    struct {
+        const char* bus;
+        PulseAvailability headphones, lineOut;
+        bool refused;
+        std::vector<std::uint32_t> ids;
+    } const cases[] = {{"pci", no, no, false, {sink}},
+                       {"pci", yes, unknown, false, {phones, sink}},
+                       {"pci", yes, yes, false, {phones, line, sink}},
+                       {"pci", yes, yes, true, {line, sink}},
+                       {"usb", yes, yes, false, {sink}}};
+    for (const auto& row : cases) {
+        SCOPED_TRACE(&row - cases);
+        PulsePort jack = headphonePort(row.headphones);
+        jack.id = phones;
+        jack.refused = row.refused;
+        const PulsePort lineOut{"analog-output-lineout", "Line", PA_DEVICE_PORT_TYPE_LINE, row.lineOut, line};
+        const PulseSnapshot devices{
+            .sinks = {{.id = sink, .bus = row.bus, .ports = {speakerPort, jack, lineOut}}}};
+        std::vector<std::uint32_t> ids;
+        for (const PulseOutput& output : devices.outputs())
+            ids.push_back(output.id());
+        EXPECT_EQ(ids, row.ids);
+        EXPECT_EQ(devices.output(phones).has_value(), ids.front() == phones);
     }
 }
 

@@ -22,6 +22,9 @@ public:
 
     std::string address() const { return "unix:" + (m_folder / "socket").string(); }
 
+    /// Variables for the daemon alone, not for its clients.
+    void setOwnVariables(const QProcessEnvironment& variables) { m_ownVariables = variables; }
+
     bool start(const QStringList& modules) {
         QStringList arguments{"-n",
                               "--daemonize=no",
@@ -34,7 +37,9 @@ public:
                                   .arg(QString::fromStdString((m_folder / "socket").string()))};
         for (const QString& module : modules)
             arguments << "-L" << module;
-        m_process.setProcessEnvironment(environment());
+        QProcessEnvironment variables = environment();
+        variables.insert(m_ownVariables);
+        m_process.setProcessEnvironment(variables);
         m_process.setProcessChannelMode(QProcess::MergedChannels);
         m_process.start("pulseaudio", arguments);
         return m_process.waitForStarted(patience);
@@ -70,6 +75,7 @@ public:
 
 private:
     TemporaryFolder m_folder;
+    QProcessEnvironment m_ownVariables;
     QProcess m_process;
 };
 
