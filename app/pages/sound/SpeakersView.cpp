@@ -8,12 +8,13 @@
 
 #include <QHideEvent>
 #include <QShowEvent>
+#include <algorithm>
 
 namespace tessivo {
 
 namespace {
 
-constexpr auto pollInterval = std::chrono::seconds(1);
+constexpr auto retryInterval = std::chrono::seconds(1);
 
 } // namespace
 
@@ -24,62 +25,94 @@ const char* const SpeakersView::how =
 SpeakersView::SpeakersView(const PageContext& context, QWidget* parent)
     : Column(parent),
       m_model(context.model),
+      m_sides({{{Rules::leftSpeaker, &SpeakerTest::left, true, false},
+                {Rules::rightSpeaker, &SpeakerTest::right, false, true},
+                {Rules::oneSpeaker, &SpeakerTest::both, true, true}}}),
       m_output(new TextLabel({}, TextRole::body, ColorRole::text2)),
+      m_elsewhere(new TextLabel({}, TextRole::body, ColorRole::text2)),
       m_oneChannel(new TextLabel(QStringLiteral("This output has one channel (like a Mac mini's own "
                                                 "speaker), so there's one tone."),
                                  TextRole::body, ColorRole::text2)) {
     m_output->setMaximumLines(1);
     add(m_output);
-    m_left = addBlock(Rules::leftSpeaker, &SpeakerTest::left, true, false);
-    m_right = addBlock(Rules::rightSpeaker, &SpeakerTest::right, false, true);
-    m_both = addBlock(Rules::oneSpeaker, &SpeakerTest::both, true, true);
+    m_elsewhere->setMaximumLines(1);
+    add(m_elsewhere);
+    for (Side& side : m_sides)
+        add(side);
     add(m_oneChannel, Space::l);
     connect(&m_model, &AppModel::stateChanged, this, &SpeakersView::follow);
     follow();
 }
 
-ToneBlock* SpeakersView::addBlock(const char* title, ManualAnswer SpeakerTest::*answer, bool left,
-                                  bool right) {
-    auto* block = new ToneBlock(QString::fromUtf8(title), QStringLiteral("Heard it clearly?"),
-                                QStringLiteral("Missing or distorted"));
-    block->setPlayHint(QString::fromUtf8(title));
-    connect(block, &ToneBlock::play, this, [=, this] { play(left, right); });
-    connect(block, &ToneBlock::answered, this, [=, this](ManualAnswer given) {
-        m_model.change([=](SessionState& state) { state.speakers.*answer = given; });
+void SpeakersView::add(Side& side) {
+    side.block = new ToneBlock(QString::fromUtf8(side.title), QStringLiteral("Heard it clearly?"),
+                               QStringLiteral("Missing or distorted"));
+    side.block->setPlayHint(QString::fromUtf8(side.title));
+    connect(side.block, &ToneBlock::play, this, [&side, this] { play(side); });
+    connect(side.block, &ToneBlock::answered, this, [&side, this](ManualAnswer given) {
+        side.heardThrough = m_model.state().speakers.outputName;
+        m_model.change([&](SessionState& state) { state.speakers.*side.answer = given; });
     });
-    add(block, Space::block);
-    return block;
+    add(side.block, Space::block);
 }
 
 void SpeakersView::showEvent(QShowEvent* event) {
     Column::showEvent(event);
     if (event->spontaneous()) return;
     m_player.emplace(m_model.platform().toneOutput());
-    m_poll = std::make_unique<Poll>(m_model.platform().scheduler(), pollInterval, [this] { readOutput(); });
+    for (Side& side : m_sides)
+        side.heardThrough = m_model.state().speakers.outputName;
+    readUntilCounted();
 }
 
 void SpeakersView::hideEvent(QHideEvent* event) {
     // A window that is only minimised keeps its page open.
     if (!event->spontaneous()) {
-        m_poll.reset();
+        m_retry.reset();
         m_player.reset();
     }
     Column::hideEvent(event);
 }
 
-void SpeakersView::play(bool left, bool right) {
+void SpeakersView::play(const Side& side) {
     if (!m_player) return;
-    m_player->play(left, right);
+    m_player->play(side.left, side.right);
     // The output may be another one than when the page came up: what is told must fit what was heard.
-    readOutput();
+    readOutput(Count::onlyWithoutAnswers);
 }
 
-void SpeakersView::readOutput() {
+void SpeakersView::readUntilCounted() {
+    m_retry.reset();
+    if (m_player->outputChannels() == 0)
+        m_retry = m_model.platform().scheduler().after(retryInterval, [this] { readUntilCounted(); });
+    readOutput(Count::read);
+}
+
+void SpeakersView::readOutput(Count count) {
     SpeakerTest test = m_model.state().speakers;
-    if (const std::uint32_t channels = m_player->outputChannels()) test.channels = channels;
-    test.outputName = readDefaultOutputName(m_model.platform().audioObjects());
+    const bool answered = std::ranges::any_of(
+        m_sides, [&](const Side& side) { return test.*side.answer != ManualAnswer::unanswered; });
+    const std::uint32_t channels = m_player->outputChannels();
+    if (channels != 0 && (count == Count::read || !answered)) test.channels = channels;
+    // An answer keeps the name it was given for where none can be read.
+    auto name = readDefaultOutputName(m_model.platform().audioObjects());
+    if (name || !answered) test.outputName = std::move(name);
     if (test != m_model.state().speakers)
         m_model.change([&](SessionState& state) { state.speakers = std::move(test); });
+}
+
+QString SpeakersView::answeredElsewhere() const {
+    const SpeakerTest& test = m_model.state().speakers;
+    std::vector<const Side*> sides;
+    for (const Side& side : m_sides)
+        if (test.*side.answer != ManualAnswer::unanswered && side.heardThrough && test.outputName &&
+            side.heardThrough != test.outputName)
+            sides.push_back(&side);
+    if (sides.empty()) return {};
+    const QString which = sides.size() == 1
+                              ? QString::fromUtf8(sides[0]->title) + QStringLiteral(" was answered")
+                              : QStringLiteral("Your answers were given");
+    return which + QStringLiteral(" for another output: ") + QString::fromStdString(*sides[0]->heardThrough);
 }
 
 void SpeakersView::follow() {
@@ -88,13 +121,19 @@ void SpeakersView::follow() {
     m_output->setVisible(test.outputName.has_value());
     m_output->setText(QStringLiteral("Playing through: ") +
                       QString::fromStdString(test.outputName.value_or(std::string())));
-    m_left->setVisible(!single);
-    m_right->setVisible(!single);
-    m_both->setVisible(single);
+    const QString elsewhere = answeredElsewhere();
+    m_elsewhere->setVisible(!elsewhere.isEmpty());
+    m_elsewhere->setText(elsewhere);
+    for (const Side& side : m_sides) {
+        side.block->setVisible((side.answer == &SpeakerTest::both) == single);
+        side.block->setAnswer(test.*side.answer);
+    }
     m_oneChannel->setVisible(single);
-    m_left->setAnswer(test.left);
-    m_right->setAnswer(test.right);
-    m_both->setAnswer(test.both);
+
+    // A session that was begun anew knows no output yet.
+    const bool forgotten = m_hasRecord && test == SpeakerTest{};
+    m_hasRecord = test != SpeakerTest{};
+    if (forgotten && m_player) readUntilCounted();
 }
 
 } // namespace tessivo

@@ -59,6 +59,7 @@ TEST_F(SpeakersTests, whatIsToldFitsWhatIsHeard) {
         output().name = name;
         press("Left speaker", "Play Tone");
         EXPECT_EQ(state().speakers.outputName, name);
+        EXPECT_TRUE(shown("Left speaker was answered for another output: MacBook Air Speakers"));
         expectWhole();
     }
     controls->insertHeadphones(SimulatedControls::JackForm::separateDevice);
@@ -68,26 +69,75 @@ TEST_F(SpeakersTests, whatIsToldFitsWhatIsHeard) {
     EXPECT_EQ(state().speakers.left, ManualAnswer::works) << "answers stay";
 }
 
-TEST_F(SpeakersTests, anOpenPageFollowsTheOutput) {
+TEST_F(SpeakersTests, anOutputThatComesWhileThePageIsOpenChangesNothingBeforeATone) {
+    const auto elsewhere = [this] {
+        return shownTexts(view.get()).filter("for another output").join('\n').toStdString();
+    };
     open(Page::speakers);
-    output().name = "Another Speaker";
+    press("Left speaker", "Heard it clearly?");
+    pass(5s);
+    output().name = "Headset";
+    output().format.channelCount = 1;
+    const auto writes = controls->defaultsWrites();
+    pass(60s);
+    EXPECT_TRUE(shown("Playing through: MacBook Air Speakers"));
+    EXPECT_EQ(controls->defaultsWrites(), writes);
+    EXPECT_EQ(elsewhere(), "");
+
+    press("Right speaker", "Play Tone");
+    EXPECT_EQ(state().speakers.channels, 2) << "the question stays while it is half answered";
+    EXPECT_TRUE(shown("Playing through: Headset"));
+    EXPECT_EQ(elsewhere(), "Left speaker was answered for another output: MacBook Air Speakers");
+    press("Right speaker", "Heard it clearly?");
+    EXPECT_EQ(elsewhere(), "Left speaker was answered for another output: MacBook Air Speakers");
+
+    output().name = "MacBook Air Speakers";
+    close();
+    open(Page::speakers);
+    EXPECT_EQ(elsewhere(), "Your answers were given for another output: Headset");
+    EXPECT_EQ(state().speakers.channels, 1) << "read as the page appears";
+    EXPECT_EQ(state().speakers.left, ManualAnswer::works);
+    output().format.channelCount = 2;
+    model->change([](SessionState& session) { session.speakers.left = session.speakers.right = {}; });
+    EXPECT_EQ(elsewhere(), "");
+    press("Speaker", "Play Tone");
+    EXPECT_NE(button("Right speaker", "Play Tone"), nullptr) << "with no answer a tone asks anew";
+
+    controls->facts().audio.reset();
+    press("Left speaker", "Play Tone");
+    EXPECT_EQ(state().speakers.outputName, std::nullopt);
+    EXPECT_FALSE(shownTexts(view.get()).join('\n').contains("Playing through"));
+    EXPECT_TRUE(press("Left speaker", "Missing or distorted")) << "the page stays usable";
+}
+
+TEST_F(SpeakersTests, theOutputIsReadUntilItsChannelsAreKnown) {
+    const auto audio = controls->facts().audio;
+    controls->facts().audio.reset();
+    model->change([](SessionState& session) {
+        session.speakers.outputName = "Old Speakers";
+        session.speakers.left = ManualAnswer::works;
+    });
+    open(Page::speakers);
+    pass(3s);
+    EXPECT_EQ(state().speakers.outputName, "Old Speakers") << "what was answered for is kept";
+    EXPECT_EQ(state().speakers.channels, 2);
+    controls->facts().audio = audio;
     output().format.channelCount = 1;
     pass(1s);
-    EXPECT_TRUE(shown("Playing through: Another Speaker"));
-    EXPECT_NE(button("Speaker", "Play Tone"), nullptr);
-    controls->facts().audio.reset();
-    pass(3s);
-    EXPECT_EQ(state().speakers.outputName, std::nullopt);
-    EXPECT_EQ(state().speakers.channels, 1) << "an unknown count leaves what was known";
-    EXPECT_FALSE(shownTexts(view.get()).join('\n').contains("Playing through"));
-    const auto writes = controls->defaultsWrites();
-    EXPECT_TRUE(press("Speaker", "Play Tone"));
+    EXPECT_EQ(state().speakers.channels, 1);
+    EXPECT_TRUE(shown("Playing through: MacBook Air Speakers"));
+    output().format.channelCount = 2;
     pass(60s);
-    EXPECT_TRUE(controls->tones().empty());
-    EXPECT_EQ(controls->defaultsWrites(), writes) << "nothing is written without a change";
-    EXPECT_TRUE(press("Speaker", "Missing or distorted")) << "the page stays usable";
+    EXPECT_EQ(state().speakers.channels, 1) << "read once";
+    model->reset();
+    EXPECT_TRUE(shown("Playing through: MacBook Air Speakers")) << "a session begun anew knows no output";
+
     close();
-    controls->insertHeadphones(SimulatedControls::JackForm::separateDevice);
+    controls->facts().audio.reset();
+    open(Page::speakers);
+    close();
+    controls->facts().audio = audio;
+    output().name = "Another Speaker";
     pass(5s);
-    EXPECT_EQ(state().speakers.outputName, std::nullopt) << "nothing is read while the page is closed";
+    EXPECT_NE(state().speakers.outputName, "Another Speaker") << "nothing is read while the page is closed";
 }
