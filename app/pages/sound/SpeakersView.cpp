@@ -35,10 +35,11 @@ SpeakersView::SpeakersView(const PageContext& context, QWidget* parent)
                                  TextRole::body, ColorRole::text2)) {
     m_output->setMaximumLines(1);
     add(m_output);
-    m_elsewhere->setMaximumLines(1);
-    add(m_elsewhere);
     for (Side& side : m_sides)
         add(side);
+    // Below what it speaks of, which would else move under the pointer that just asked for a tone.
+    m_elsewhere->setMaximumLines(1);
+    add(m_elsewhere, Space::l);
     add(m_oneChannel, Space::l);
     connect(&m_model, &AppModel::stateChanged, this, &SpeakersView::follow);
     follow();
