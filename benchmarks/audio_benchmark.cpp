@@ -56,7 +56,7 @@ struct TestDevices final : CaptureDevices {
         void startRunning() override {}
         void stopRunning() override {}
     };
-    std::vector<CaptureDevice> devices(MediaType) const override { return {}; }
+    CaptureList devices(MediaType) const override { return {}; }
     AuthorizationStatus authorizationStatus(MediaType) const override {
         return AuthorizationStatus::authorized;
     }

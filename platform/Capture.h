@@ -15,6 +15,26 @@ namespace tessivo {
 enum class MediaType { audio, video };
 enum class AuthorizationStatus { notDetermined, restricted, denied, authorized };
 
+/// The devices of one kind, or why there is no list of them: an empty list was read and has none.
+struct CaptureList {
+    enum class Fault {
+        noService, ///< what lists them isn't there or doesn't answer
+        noDriver,  ///< hardware is there that the system can't drive, and nothing else was found
+    };
+
+    std::optional<std::vector<CaptureDevice>> devices; ///< in the platform's order
+    Fault fault = Fault::noService;                    ///< of a list that isn't there
+
+    bool operator==(const CaptureList&) const = default;
+};
+
+/// Why a device that was to open gives nothing.
+enum class OpenFault {
+    broken,  ///< it can't be opened
+    busy,    ///< another program has it, or the system holds it back for a while
+    refused, ///< this program may not open it
+};
+
 /// One buffer of an audio capture, interleaved; valid for the call alone.
 struct AudioBuffer {
     std::span<const float> samples;
@@ -28,6 +48,8 @@ public:
     virtual ~CaptureDelegate() = default;
     virtual void audio(const AudioBuffer&) {}
     virtual void video(const QImage&) {}
+    /// The device doesn't open; nothing was delivered, and nothing will be.
+    virtual void openFailed(OpenFault) {}
 };
 
 /// One capture session on one device. Both calls may take long and are made on the capture queue, never
@@ -46,13 +68,12 @@ class CaptureDevices {
 public:
     virtual ~CaptureDevices() = default;
 
-    /// In the platform's order.
-    virtual std::vector<CaptureDevice> devices(MediaType type) const = 0;
+    virtual CaptureList devices(MediaType type) const = 0;
     virtual AuthorizationStatus authorizationStatus(MediaType type) const = 0;
     /// Asks the person; the answer comes on the main thread.
     virtual void requestAccess(MediaType type, std::function<void(bool)> answer) = 0;
     /// A session on the device with the delegate set; null if the input or the output can't be made or
-    /// added. Doesn't open the device yet. Main thread.
+    /// added. Doesn't open the device yet: what comes to light then is told to the delegate. Main thread.
     virtual std::shared_ptr<CaptureSession> makeSession(MediaType type, const std::string& deviceID,
                                                         std::shared_ptr<CaptureDelegate> delegate) = 0;
 

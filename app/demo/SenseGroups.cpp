@@ -16,8 +16,10 @@ constexpr int quietest = -80, loudest = 0, spoken = -20; // dB
 
 QStringList deviceIDs(SimulatedControls& mac, MediaType type) {
     QStringList ids;
-    for (const auto& entry : mac.facts().captureDevices[type])
-        ids << QString::fromStdString(entry.device.uniqueID);
+    const auto& lists = mac.facts().captureDevices;
+    if (const auto list = lists.find(type); list != lists.end())
+        for (const auto& entry : list->second)
+            ids << QString::fromStdString(entry.device.uniqueID);
     return ids;
 }
 
@@ -38,6 +40,15 @@ QComboBox* addDevice(QFormLayout* form, SimulatedControls& mac, MediaType type,
                            device->clear();
                            device->addItems(deviceIDs(mac, type));
                        }}});
+    addChoice(form, QObject::tr("List"), {"Is read", "Nothing answers", "No driver"},
+              [type, &mac](int index) {
+                  using Fault = CaptureList::Fault;
+                  mac.failList(type, index ? std::optional(Fault(index - 1)) : std::nullopt);
+              });
+    addChoice(form, QObject::tr("When opened"), {"Opens", "Turns out broken", "Is busy", "Is refused"},
+              [=, &mac](int index) {
+                  mac.failOpening(chosen(), index ? std::optional(OpenFault(index - 1)) : std::nullopt);
+              });
     addSwitch(form, QObject::tr("Can’t be opened"),
               [=, &mac](bool on) { mac.setOpens(type, chosen(), !on); });
     addSwitch(form, QObject::tr("Never finishes opening"), [=, &mac](bool on) {

@@ -26,8 +26,10 @@ public:
     QImage picture() const;
 
     /// Stops, then opens the device; `onFrames` is called once, when enough frames have come. False if no
-    /// session could be set up; nothing is open then.
-    bool show(const CaptureDevice& device, std::function<void()> onFrames);
+    /// session could be set up; nothing is open then. A device that turns out not to open is stopped, and
+    /// `onFault` called.
+    bool show(const CaptureDevice& device, std::function<void()> onFrames,
+              std::function<void(OpenFault)> onFault = {});
     void stop();
 
 Q_SIGNALS:
@@ -46,6 +48,7 @@ private:
     std::shared_ptr<CaptureSession> m_box;
     std::shared_ptr<FrameTap> m_tap;
     std::function<void()> m_onFrames;
+    std::function<void(OpenFault)> m_onFault;
     std::unique_ptr<Scheduled> m_poll;
 };
 

@@ -6,11 +6,18 @@
 namespace tessivo {
 namespace {
 
-std::vector<CaptureDevice> list(const CaptureDevices& devices, MediaType type) {
-    std::vector<CaptureDevice> listed = devices.devices(type);
+CaptureList list(const CaptureDevices& devices, MediaType type) {
+    CaptureList listed = devices.devices(type);
     std::set<std::string> ids;
-    std::erase_if(listed, [&](const CaptureDevice& device) { return !ids.insert(device.uniqueID).second; });
+    if (listed.devices)
+        std::erase_if(*listed.devices,
+                      [&](const CaptureDevice& device) { return !ids.insert(device.uniqueID).second; });
     return listed;
+}
+
+std::string privacySettings(MediaType type) {
+    return std::string("x-apple.systempreferences:com.apple.preference.security?") +
+           (type == MediaType::video ? "Privacy_Camera" : "Privacy_Microphone");
 }
 
 } // namespace
@@ -26,15 +33,18 @@ void requestCaptureAccess(CaptureDevices& devices, MediaType type, QObject* cont
 }
 
 void openPrivacySettings(Desktop& desktop, MediaType type) {
-    desktop.openURL(std::string("x-apple.systempreferences:com.apple.preference.security?") +
-                    (type == MediaType::video ? "Privacy_Camera" : "Privacy_Microphone"));
+    desktop.openURL(privacySettings(type));
 }
 
-std::vector<CaptureDevice> listCameras(const CaptureDevices& devices) {
+bool canOpenPrivacySettings(const Desktop& desktop, MediaType type) {
+    return desktop.canOpenURL(privacySettings(type));
+}
+
+CaptureList listCameras(const CaptureDevices& devices) {
     return list(devices, MediaType::video);
 }
 
-std::vector<CaptureDevice> listMicrophones(const CaptureDevices& devices) {
+CaptureList listMicrophones(const CaptureDevices& devices) {
     return list(devices, MediaType::audio);
 }
 

@@ -14,10 +14,12 @@ void requestCaptureAccess(CaptureDevices& devices, MediaType type, QObject* cont
 
 /// Opens the pane of the system's settings where access is given.
 void openPrivacySettings(Desktop& desktop, MediaType type);
+/// Whether the system has such a pane.
+bool canOpenPrivacySettings(const Desktop& desktop, MediaType type);
 
 /// In the platform's order; of several with one id only the first, for they are one device.
-std::vector<CaptureDevice> listCameras(const CaptureDevices& devices);
-std::vector<CaptureDevice> listMicrophones(const CaptureDevices& devices);
+CaptureList listCameras(const CaptureDevices& devices);
+CaptureList listMicrophones(const CaptureDevices& devices);
 
 /// A session that is asked to start on the capture queue; null if it can't be set up.
 std::shared_ptr<CaptureSession> openSession(CaptureDevices& devices, MediaType type,

@@ -106,9 +106,11 @@ PropertyMap audioMap(const AudioObjects& audio, ToneOutput& tones) {
     return map;
 }
 
-PropertyList captureList(const CaptureDevices& capture, MediaType type) {
+std::optional<PropertyList> captureList(const CaptureDevices& capture, MediaType type) {
+    const CaptureList found = capture.devices(type);
+    if (!found.devices) return std::nullopt;
     PropertyList list;
-    for (const CaptureDevice& device : capture.devices(type))
+    for (const CaptureDevice& device : *found.devices)
         list.push_back(PropertyMap{{"uniqueID", device.uniqueID}, {"localizedName", device.localizedName}});
     return list;
 }
@@ -147,8 +149,8 @@ PropertyMap captureMachine(Platform& platform) {
     PropertyMap map = captureFacts(platform.machineFacts(), platform.registry(), platform.powerSources());
     map["tools"] = toolRuns(platform.systemTools());
     map["audio"] = audioMap(platform.audioObjects(), platform.toneOutput());
-    map["microphones"] = captureList(capture, MediaType::audio);
-    map["cameras"] = captureList(capture, MediaType::video);
+    if (const auto list = captureList(capture, MediaType::audio)) map["microphones"] = *list;
+    if (const auto list = captureList(capture, MediaType::video)) map["cameras"] = *list;
     map["access"] = PropertyMap{{"audio", statusName(capture.authorizationStatus(MediaType::audio))},
                                 {"video", statusName(capture.authorizationStatus(MediaType::video))}};
     return map;

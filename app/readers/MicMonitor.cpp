@@ -15,7 +15,8 @@ MicMonitor::~MicMonitor() {
     closeSession(m_devices, std::move(m_box));
 }
 
-bool MicMonitor::listen(const CaptureDevice& device, std::function<void(double)> onPeak) {
+bool MicMonitor::listen(const CaptureDevice& device, std::function<void(double)> onPeak,
+                        std::function<void(OpenFault)> onFault) {
     stop();
     auto tap = std::make_shared<LevelTap>();
     auto session = openSession(m_devices, MediaType::audio, device.uniqueID, tap);
@@ -23,6 +24,7 @@ bool MicMonitor::listen(const CaptureDevice& device, std::function<void(double)>
     m_box = std::move(session);
     m_tap = std::move(tap);
     m_onPeak = std::move(onPeak);
+    m_onFault = std::move(onFault);
     m_poll = m_scheduler.after(interval, [this] { round(); });
     setListening(device.uniqueID);
     return true;
@@ -33,17 +35,24 @@ void MicMonitor::stop() {
     closeSession(m_devices, std::move(m_box));
     m_tap.reset();
     m_onPeak = nullptr;
+    m_onFault = nullptr;
     setListening(std::nullopt);
     setLevel(LevelMeter::silence);
 }
 
 void MicMonitor::round() {
     m_poll = m_scheduler.after(interval, [this] { round(); });
+    // Whoever hears of a level or a fault may stop the monitor, or let go of it.
+    const QPointer<MicMonitor> alive(this);
+    if (const auto fault = m_tap->fault()) {
+        const auto onFault = m_onFault;
+        stop();
+        if (alive && onFault) onFault(*fault);
+        return;
+    }
     const auto peak = m_tap->take();
     if (!peak) return;
-    // Whoever hears of the level may stop the monitor, or let go of it.
     const auto onPeak = m_onPeak;
-    const QPointer<MicMonitor> alive(this);
     setLevel(*peak);
     if (alive && m_onPeak && onPeak) onPeak(*peak);
 }

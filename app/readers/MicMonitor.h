@@ -24,8 +24,9 @@ public:
     double level() const { return m_level; }
 
     /// Stops, then opens the device; `onPeak` gets each level that is shown. False if no session could be
-    /// set up; nothing is open then.
-    bool listen(const CaptureDevice& device, std::function<void(double)> onPeak);
+    /// set up; nothing is open then. A device that turns out not to open is stopped, and `onFault` called.
+    bool listen(const CaptureDevice& device, std::function<void(double)> onPeak,
+                std::function<void(OpenFault)> onFault = {});
     void stop();
 
 Q_SIGNALS:
@@ -44,6 +45,7 @@ private:
     std::shared_ptr<CaptureSession> m_box;
     std::shared_ptr<LevelTap> m_tap;
     std::function<void(double)> m_onPeak;
+    std::function<void(OpenFault)> m_onFault;
     std::unique_ptr<Scheduled> m_poll;
 };
 

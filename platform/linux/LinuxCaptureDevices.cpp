@@ -1,54 +1,77 @@
 #include "platform/linux/LinuxCaptureDevices.h"
 
+#include "platform/linux/CaptureHardware.h"
 #include "platform/linux/PulseRecording.h"
 
+#include <QTimer>
 #include <future>
+#include <utility>
 
 namespace tessivo {
 
 LinuxCaptureDevices::LinuxCaptureDevices(std::shared_ptr<PulseServer> server,
-                                         std::filesystem::path deviceFolder)
+                                         std::filesystem::path deviceFolder, SystemTree tree)
     : m_server(std::move(server)),
-      m_cameras(std::move(deviceFolder)),
+      m_tree(std::move(tree)),
+      m_cameras(std::move(deviceFolder), m_tree),
       m_mainThread(new QObject, [](QObject* object) { object->deleteLater(); }) {}
 
-std::vector<CaptureDevice> LinuxCaptureDevices::devices(MediaType type) const {
-    if (type == MediaType::video) return m_cameras.devices().value_or(std::vector<CaptureDevice>());
-    std::vector<CaptureDevice> microphones;
-    for (const PulseSource& source : m_server->snapshot()->sources)
-        if (source.isMicrophone())
-            microphones.push_back({source.name, source.description.value_or(source.name)});
-    return microphones;
+CaptureList LinuxCaptureDevices::devices(MediaType type) const {
+    return type == MediaType::video ? cameras() : microphones();
+}
+
+CaptureList LinuxCaptureDevices::microphones() const {
+    const auto snapshot = m_server->snapshot();
+    if (snapshot->server != PulseSnapshot::Server::connected) {
+        const bool noDriver =
+            !CaptureHardware::hasSoundCard(m_tree) && CaptureHardware::hasSoundWithoutDriver(m_tree);
+        return {.fault = noDriver ? CaptureList::Fault::noDriver : CaptureList::Fault::noService};
+    }
+    std::vector<CaptureDevice> devices;
+    for (const PulseSource& source : snapshot->sources)
+        if (source.isMicrophone()) devices.push_back({source.name, source.description.value_or(source.name)});
+    if (devices.empty() && CaptureHardware::hasSoundWithoutDriver(m_tree))
+        return {.fault = CaptureList::Fault::noDriver};
+    return {.devices = std::move(devices)};
+}
+
+CaptureList LinuxCaptureDevices::cameras() const {
+    auto devices = m_cameras.devices();
+    if (!devices) return {.fault = CaptureList::Fault::noService};
+    if (devices->empty() && CaptureHardware::hasCameraWithoutDriver(m_tree))
+        return {.fault = CaptureList::Fault::noDriver};
+    return {.devices = std::move(devices)};
 }
 
 AuthorizationStatus LinuxCaptureDevices::authorizationStatus(MediaType type) const {
+    AuthorizationStatus status = AuthorizationStatus::authorized;
+    bool known = true;
     if (type == MediaType::video) {
-        const AuthorizationStatus status = m_cameras.authorizationStatus();
-        const bool unknown = status == AuthorizationStatus::authorized && !m_cameras.devices();
-        return unknown ? AuthorizationStatus::notDetermined : status;
+        status = m_cameras.authorizationStatus();
+        known = status != AuthorizationStatus::authorized || m_cameras.devices();
+    } else {
+        const auto server = m_server->snapshot()->server;
+        if (server == PulseSnapshot::Server::refused) status = AuthorizationStatus::denied;
+        known = server != PulseSnapshot::Server::connecting;
     }
-    switch (m_server->snapshot()->server) {
-    case PulseSnapshot::Server::connecting:
-        return AuthorizationStatus::notDetermined;
-    case PulseSnapshot::Server::refused:
-        return AuthorizationStatus::denied;
-    // Without a server there is nothing to be let into, and no microphone.
-    case PulseSnapshot::Server::absent:
-    case PulseSnapshot::Server::connected:
-        break;
-    }
-    return AuthorizationStatus::authorized;
+    return known || m_silent.contains(type) ? status : AuthorizationStatus::notDetermined;
 }
 
 void LinuxCaptureDevices::requestAccess(MediaType type, std::function<void(bool)> answer) {
-    auto listed = [this, type, answer = std::move(answer), main = m_mainThread,
-                   alive = std::weak_ptr(m_alive)] {
+    // On the main thread: once, when there is a list or patience ends.
+    const auto question = std::make_shared<std::function<void(bool)>>(std::move(answer));
+    const auto settle = [this, type, question, alive = std::weak_ptr(m_alive)](bool silent) {
+        if (alive.expired() || !*question) return;
+        if (silent)
+            m_silent.insert(type);
+        else
+            m_silent.erase(type);
+        std::exchange(*question, nullptr)(authorizationStatus(type) == AuthorizationStatus::authorized);
+    };
+    QTimer::singleShot(patience, m_mainThread.get(), [settle] { settle(true); });
+    auto listed = [settle, main = m_mainThread] {
         QMetaObject::invokeMethod(
-            main.get(),
-            [this, type, answer, alive] {
-                if (!alive.expired()) answer(authorizationStatus(type) == AuthorizationStatus::authorized);
-            },
-            Qt::QueuedConnection);
+            main.get(), [settle] { settle(false); }, Qt::QueuedConnection);
     };
     if (type == MediaType::video)
         m_cameras.list(std::move(listed));

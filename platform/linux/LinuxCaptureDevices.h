@@ -6,17 +6,22 @@
 
 #include <QObject>
 #include <chrono>
+#include <set>
 
 namespace tessivo {
 
 /// Microphones from the sound server, cameras from Qt. Access is not determined until a kind has been
-/// listed once; `requestAccess` lists it away from the main thread and then answers.
+/// listed once; `requestAccess` lists it away from the main thread and then answers, or answers when that
+/// takes too long: there is no list then.
 class LinuxCaptureDevices final : public CaptureDevices {
 public:
-    explicit LinuxCaptureDevices(std::shared_ptr<PulseServer> server,
-                                 std::filesystem::path deviceFolder = "/dev");
+    /// How long a sound server or a camera's driver may take to answer.
+    static constexpr std::chrono::milliseconds patience{3000};
 
-    std::vector<CaptureDevice> devices(MediaType type) const override;
+    explicit LinuxCaptureDevices(std::shared_ptr<PulseServer> server,
+                                 std::filesystem::path deviceFolder = "/dev", SystemTree tree = SystemTree());
+
+    CaptureList devices(MediaType type) const override;
     AuthorizationStatus authorizationStatus(MediaType type) const override;
     void requestAccess(MediaType type, std::function<void(bool)> answer) override;
     std::shared_ptr<CaptureSession> makeSession(MediaType type, const std::string& deviceID,
@@ -27,8 +32,13 @@ public:
     bool waitForCameras(std::chrono::milliseconds time);
 
 private:
+    CaptureList microphones() const;
+    CaptureList cameras() const;
+
     std::shared_ptr<PulseServer> m_server;
+    SystemTree m_tree;
     QtCameras m_cameras;
+    std::set<MediaType> m_silent;          ///< kinds that were waited for in vain
     std::shared_ptr<QObject> m_mainThread; ///< where answers are given; kept by questions under way
     std::shared_ptr<int> m_alive = std::make_shared<int>(); ///< looked at on the main thread alone
 };

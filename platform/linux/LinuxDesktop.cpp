@@ -1,10 +1,12 @@
 #include "platform/linux/LinuxDesktop.h"
 
 #include "platform/linux/PaperSetting.h"
+#include "platform/linux/SettingsPane.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QProcess>
 #include <QUrl>
 #include <stdexcept>
 
@@ -22,7 +24,15 @@ public:
 } // namespace
 
 void LinuxDesktop::openURL(const std::string& url) {
-    QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+    if (!SettingsPane::isLink(url)) {
+        QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+    } else if (const auto pane = SettingsPane::find(url)) {
+        QProcess::startDetached(pane->program, pane->arguments);
+    }
+}
+
+bool LinuxDesktop::canOpenURL(const std::string& url) const {
+    return !SettingsPane::isLink(url) || SettingsPane::find(url);
 }
 
 void LinuxDesktop::setPasteboardText(const std::string& text) {

@@ -4,10 +4,12 @@
 
 namespace tessivo {
 
-/// Links and pasteboard by the desktop's own handlers.
+/// Links and pasteboard by the desktop's own handlers. A link to a pane of a Mac's settings opens the pane of
+/// this desktop that comes closest.
 class LinuxDesktop final : public Desktop {
 public:
     void openURL(const std::string& url) override;
+    bool canOpenURL(const std::string& url) const override;
     void setPasteboardText(const std::string& text) override;
     std::optional<Paper> paper() const override;
 };

@@ -62,6 +62,33 @@ bool PulsePort::isJack() const {
     return found == headphones || found == lineOut;
 }
 
+namespace {
+
+/// Whether a microphone can be behind a port of a source.
+bool takesMicrophone(const PulsePort& port) {
+    if (port.available == PulseAvailability::no) return false;
+    switch (port.type) {
+    case PA_DEVICE_PORT_TYPE_AUX:
+    case PA_DEVICE_PORT_TYPE_LINE:
+    case PA_DEVICE_PORT_TYPE_SPDIF:
+    case PA_DEVICE_PORT_TYPE_HDMI:
+    case PA_DEVICE_PORT_TYPE_TV:
+    case PA_DEVICE_PORT_TYPE_RADIO:
+    case PA_DEVICE_PORT_TYPE_VIDEO:
+        return false;
+    case PA_DEVICE_PORT_TYPE_UNKNOWN:
+        break;
+    default:
+        return true;
+    }
+    const std::string name = Text::lowercased(port.name);
+    return std::ranges::none_of(
+        std::initializer_list<const char*>{"linein", "line in", "[in] line", "iec958", "spdif"},
+        [&](const char* word) { return name.find(word) != std::string::npos; });
+}
+
+} // namespace
+
 const PulsePort* PulseSink::active() const {
     return activePort ? named(ports, *activePort) : nullptr;
 }
@@ -100,8 +127,7 @@ std::optional<std::uint32_t> PulseSink::jackState() const {
 }
 
 bool PulseSource::isMicrophone() const {
-    const auto empty = [](const PulsePort& port) { return port.available == PulseAvailability::no; };
-    return !monitorsSink && (ports.empty() || !std::ranges::all_of(ports, empty));
+    return isHardware && !monitorsSink && (ports.empty() || std::ranges::any_of(ports, takesMicrophone));
 }
 
 std::vector<PulseOutput> PulseSnapshot::outputs() const {

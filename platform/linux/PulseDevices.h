@@ -63,11 +63,12 @@ struct PulseSource {
     std::string name;
     std::optional<std::string> description;
     bool monitorsSink = false;
+    bool isHardware = true; ///< false: made by the server, out of other sources or of nothing
     std::uint32_t sampleRate = 0;
     std::uint32_t channelCount = 0;
     std::vector<PulsePort> ports;
 
-    /// No echo of what plays, and not a row of jacks with nothing in them.
+    /// Hardware, no echo of what plays, and no row of line inputs and of jacks with nothing in them.
     bool isMicrophone() const;
 };
 

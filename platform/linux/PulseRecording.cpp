@@ -8,6 +8,24 @@ namespace {
 
 constexpr pa_usec_t bufferTime = 20 * PA_USEC_PER_MSEC; ///< a few buffers in each window of the meter
 
+/// What a server's refusal says of the source; nothing where it says nothing of it.
+std::optional<OpenFault> openFault(int error) {
+    switch (error) {
+    case PA_ERR_ACCESS:
+        return OpenFault::refused;
+    case PA_ERR_BUSY:
+    case PA_ERR_BADSTATE: // held back for another program
+        return OpenFault::busy;
+    case PA_ERR_NOENTITY: // gone, and may come back
+    case PA_ERR_KILLED:
+    case PA_ERR_TIMEOUT:
+    case PA_ERR_CONNECTIONTERMINATED:
+        return std::nullopt;
+    default:
+        return OpenFault::broken;
+    }
+}
+
 } // namespace
 
 PulseRecording::PulseRecording(std::string sourceName, std::shared_ptr<CaptureDelegate> delegate)
@@ -21,20 +39,15 @@ void PulseRecording::open(pa_context* context, const PulseSnapshot& devices) {
     pa_sample_spec format{.format = PA_SAMPLE_FLOAT32NE,
                           .rate = source->sampleRate,
                           .channels = std::uint8_t(source->channelCount)};
-    if (!pa_sample_spec_valid(&format)) return;
+    if (!pa_sample_spec_valid(&format)) return fail(OpenFault::broken);
     pa_channel_map channels;
     // By number, for no channel may be mixed into another: one dead capsule must not hide.
     pa_channel_map_init_extend(&channels, format.channels, PA_CHANNEL_MAP_AUX);
     m_stream = pa_stream_new(context, "Tessivo", &format, &channels);
-    if (!m_stream) return;
+    if (!m_stream) return fail(OpenFault::broken);
 
     pa_stream_set_state_callback(
-        m_stream,
-        [](pa_stream* stream, void* self) {
-            if (pa_stream_get_state(stream) == PA_STREAM_FAILED)
-                static_cast<PulseRecording*>(self)->drop(false);
-        },
-        this);
+        m_stream, [](pa_stream*, void* self) { static_cast<PulseRecording*>(self)->stateChanged(); }, this);
     pa_stream_set_read_callback(
         m_stream, [](pa_stream*, std::size_t, void* self) { static_cast<PulseRecording*>(self)->read(); },
         this);
@@ -47,7 +60,33 @@ void PulseRecording::open(pa_context* context, const PulseSnapshot& devices) {
     const auto flags =
         pa_stream_flags_t(PA_STREAM_ADJUST_LATENCY | PA_STREAM_DONT_MOVE | PA_STREAM_START_UNMUTED |
                           PA_STREAM_NO_REMAP_CHANNELS | PA_STREAM_NO_REMIX_CHANNELS);
-    if (pa_stream_connect_record(m_stream, m_sourceName.c_str(), &pieces, flags) < 0) drop(false);
+    if (pa_stream_connect_record(m_stream, m_sourceName.c_str(), &pieces, flags) < 0) {
+        drop(false);
+        fail(OpenFault::broken);
+    }
+}
+
+void PulseRecording::stateChanged() {
+    const pa_stream_state_t state = pa_stream_get_state(m_stream);
+    if (state == PA_STREAM_READY) {
+        // The server couldn't wake the source for us.
+        if (!m_opened && pa_stream_is_suspended(m_stream) == 1) return fail(OpenFault::busy);
+        m_opened = true;
+    } else if (state == PA_STREAM_FAILED) {
+        pa_context* context = pa_stream_get_context(m_stream);
+        // A connection that is lost takes its streams with it.
+        const auto fault = pa_context_get_state(context) == PA_CONTEXT_READY
+                               ? openFault(pa_context_errno(context))
+                               : std::nullopt;
+        drop(false);
+        if (fault && !m_opened) fail(*fault);
+    }
+}
+
+void PulseRecording::fail(OpenFault fault) {
+    close();
+    const std::lock_guard lock(m_delegateMutex);
+    if (m_delegate) m_delegate->openFailed(fault);
 }
 
 void PulseRecording::close() {

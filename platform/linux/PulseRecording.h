@@ -7,7 +7,8 @@
 
 namespace tessivo {
 
-/// A stream of samples from one source. Opens again by itself when the source goes and comes back.
+/// A stream of samples from one source. Opens again by itself when the source goes and comes back; gives up
+/// when the server refuses the first opening.
 class PulseRecording final : public PulseClient {
 public:
     PulseRecording(std::string sourceName, std::shared_ptr<CaptureDelegate> delegate);
@@ -22,13 +23,17 @@ public:
     void silence();
 
 private:
+    void stateChanged();
     void read();
     void drop(bool tellServer);
+    /// Tells the delegate and gives up.
+    void fail(OpenFault fault);
 
     const std::string m_sourceName;
     std::mutex m_delegateMutex;
     std::shared_ptr<CaptureDelegate> m_delegate;
     bool m_wanted = false;
+    bool m_opened = false; ///< the server has let us in once
     pa_stream* m_stream = nullptr;
     std::vector<float> m_samples;
 };

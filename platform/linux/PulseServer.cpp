@@ -237,9 +237,13 @@ void PulseServer::add(const pa_sink_info& info) {
 }
 
 void PulseServer::add(const pa_source_info& info) {
+    // Sources of a sound card say so in one way or the other, whichever server it is.
+    const bool hardware =
+        (info.flags & PA_SOURCE_HARDWARE) || property(info.proplist, PA_PROP_DEVICE_CLASS) == "sound";
     m_listing.sources.push_back({.name = info.name,
                                  .description = optionalText(info.description),
                                  .monitorsSink = info.monitor_of_sink != PA_INVALID_INDEX,
+                                 .isHardware = hardware,
                                  .sampleRate = info.sample_spec.rate,
                                  .channelCount = info.sample_spec.channels,
                                  .ports = ports(info)});

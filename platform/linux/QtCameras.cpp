@@ -1,5 +1,7 @@
 #include "platform/linux/QtCameras.h"
 
+#include "platform/linux/CameraFile.h"
+#include "platform/linux/CaptureHardware.h"
 #include "platform/linux/VideoFrames.h"
 
 #include <QCamera>
@@ -38,7 +40,15 @@ public:
     void pass(const QVideoFrame& frame) {
         const std::lock_guard lock(m_mutex);
         if (!m_delegate) return;
-        if (const QImage picture = cameraImage(frame); !picture.isNull()) m_delegate->video(picture);
+        const QImage picture = cameraImage(frame);
+        if (picture.isNull()) return;
+        m_delivered = true;
+        m_delegate->video(picture);
+    }
+    /// Of a camera that has sent pictures it can't be said that it doesn't open.
+    void fail(OpenFault fault) {
+        const std::lock_guard lock(m_mutex);
+        if (m_delegate && !m_delivered) m_delegate->openFailed(fault);
     }
     void close() {
         const std::lock_guard lock(m_mutex);
@@ -48,7 +58,13 @@ public:
 private:
     std::mutex m_mutex;
     std::shared_ptr<CaptureDelegate> m_delegate;
+    bool m_delivered = false;
 };
+
+/// The devices' names are paths of their files.
+std::optional<OpenFault> faultOf(const std::string& deviceID) {
+    return deviceID.starts_with('/') ? cameraFault(deviceID) : std::nullopt;
+}
 
 } // namespace
 
@@ -112,16 +128,31 @@ public:
     }
 
     void open(const std::string& deviceID, const std::shared_ptr<FrameGate>& gate) {
+        if (const auto fault = faultOf(deviceID)) return gate->fail(*fault);
         for (const QCameraDevice& input : QMediaDevices::videoInputs()) {
             if (input.id().toStdString() != deviceID) continue;
             auto camera = std::make_unique<OpenCamera>(input);
             QObject::connect(
                 &camera->sink, &QVideoSink::videoFrameChanged, &camera->sink,
                 [gate](const QVideoFrame& frame) { gate->pass(frame); }, Qt::DirectConnection);
+            // In its own turn: the camera is still in the midst of its call.
+            const auto failed = [self = weak_from_this(), deviceID, gate](QCamera::Error error) {
+                const auto thread = self.lock();
+                if (thread && error != QCamera::NoError)
+                    thread->post([=](Thread& cameras) { cameras.fail(deviceID, gate); });
+            };
+            QObject::connect(&camera->camera, &QCamera::errorOccurred, &camera->camera, failed);
             camera->camera.start();
             m_open[gate] = std::move(camera);
             return;
         }
+        gate->fail(OpenFault::broken);
+    }
+
+    /// Lets go of the camera, and then asks why it didn't open.
+    void fail(const std::string& deviceID, const std::shared_ptr<FrameGate>& gate) {
+        close(gate);
+        gate->fail(faultOf(deviceID).value_or(OpenFault::broken));
     }
 
     void close(const std::shared_ptr<FrameGate>& gate) { m_open.erase(gate); }
@@ -160,7 +191,8 @@ private:
     std::shared_ptr<FrameGate> m_gate;
 };
 
-QtCameras::QtCameras(std::filesystem::path deviceFolder) : m_deviceFolder(std::move(deviceFolder)) {}
+QtCameras::QtCameras(std::filesystem::path deviceFolder, SystemTree tree)
+    : m_deviceFolder(std::move(deviceFolder)), m_tree(std::move(tree)) {}
 
 QtCameras::~QtCameras() {
     if (m_thread) m_thread->end();
@@ -180,10 +212,14 @@ std::vector<std::filesystem::path> QtCameras::deviceFiles() const {
 }
 
 AuthorizationStatus QtCameras::authorizationStatus() const {
-    const auto files = deviceFiles();
+    auto files = deviceFiles();
+    const auto isVirtual = [this](const auto& file) {
+        return CaptureHardware::isVirtualCamera(m_tree, file.filename().string());
+    };
+    // One that a program made is open to all, and says nothing of the Mac's own.
+    if (!std::ranges::all_of(files, isVirtual)) std::erase_if(files, isVirtual);
     const auto letsIn = [](const auto& file) { return access(file.c_str(), R_OK | W_OK) == 0; };
-    return files.empty() || std::ranges::any_of(files, letsIn) ? AuthorizationStatus::authorized
-                                                               : AuthorizationStatus::denied;
+    return std::ranges::all_of(files, letsIn) ? AuthorizationStatus::authorized : AuthorizationStatus::denied;
 }
 
 std::optional<std::vector<CaptureDevice>> QtCameras::devices() const {

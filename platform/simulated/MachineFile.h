@@ -41,7 +41,7 @@ struct MachineFile {
     std::optional<PropertyList> powerSources;
     std::map<std::string, ToolRun> tools; ///< by path; a tool that isn't here can't be launched
     std::optional<Audio> audio;
-    std::map<MediaType, std::vector<CaptureEntry>> captureDevices;
+    std::map<MediaType, std::vector<CaptureEntry>> captureDevices; ///< a kind that isn't here can't be listed
     std::map<MediaType, AuthorizationStatus> access;
 
     /// Unknown keys are passed over. Throws DecodingError, which names the path, for a value of a wrong

@@ -106,9 +106,15 @@ public:
         std::unique_lock lock(m_line->mutex);
         if (m_line->opening || m_line->open || m_line->closing) return;
         m_line->opening = true;
-        m_line->open = m_line->waitUntilOpen(lock);
+        const bool opened = m_line->waitUntilOpen(lock);
+        const auto fault = m_line->behaviour.fault;
+        m_line->open = opened && !fault;
         m_line->opening = false;
         m_line->changed.notify_all();
+        if (opened && fault) {
+            lock.unlock();
+            return m_line->delegate->openFailed(*fault);
+        }
         if (m_line->open) m_thread = std::thread([line = m_line] { line->run(); });
     }
 
@@ -147,13 +153,17 @@ SimulatedCapture::~SimulatedCapture() {
         }
 }
 
-std::vector<CaptureDevice> SimulatedCapture::devices(MediaType type) const {
-    std::vector<CaptureDevice> devices;
+CaptureList SimulatedCapture::devices(MediaType type) const {
+    if (const auto fault = m_mac.listFaults.find(type); fault != m_mac.listFaults.end())
+        return {.fault = fault->second};
+    CaptureList list;
     if (const auto entries = m_mac.facts.captureDevices.find(type);
-        entries != m_mac.facts.captureDevices.end())
+        entries != m_mac.facts.captureDevices.end()) {
+        list.devices.emplace();
         for (const auto& entry : entries->second)
-            devices.push_back(entry.device);
-    return devices;
+            list.devices->push_back(entry.device);
+    }
+    return list;
 }
 
 AuthorizationStatus SimulatedCapture::authorizationStatus(MediaType type) const {
@@ -185,7 +195,8 @@ void SimulatedCapture::answerSoon(std::function<void(bool)> answer, bool allowed
 std::shared_ptr<CaptureSession> SimulatedCapture::makeSession(MediaType type, const std::string& deviceID,
                                                               std::shared_ptr<CaptureDelegate> delegate) {
     if (authorizationStatus(type) != AuthorizationStatus::authorized) return nullptr;
-    const auto& entries = m_mac.facts.captureDevices[type];
+    if (!devices(type).devices) return nullptr;
+    const auto& entries = m_mac.facts.captureDevices.at(type);
     const auto entry = std::ranges::find_if(
         entries, [&](const auto& candidate) { return candidate.device.uniqueID == deviceID; });
     if (entry == entries.end() || !entry->opens) return nullptr;

@@ -13,6 +13,8 @@ struct CaptureBehaviour {
     std::optional<std::chrono::milliseconds> opening = std::chrono::milliseconds{0};
     /// A microphone sends buffers of this level without end; nothing: it sends none by itself. In dB.
     std::optional<double> level;
+    /// What comes to light when it is opened; nothing: it opens.
+    std::optional<OpenFault> fault;
     /// A camera sends frames without end.
     bool sendsFrames = false;
 };
@@ -25,7 +27,7 @@ public:
     /// Ends every session, those included that are still opening.
     ~SimulatedCapture() override;
 
-    std::vector<CaptureDevice> devices(MediaType type) const override;
+    CaptureList devices(MediaType type) const override;
     AuthorizationStatus authorizationStatus(MediaType type) const override;
     void requestAccess(MediaType type, std::function<void(bool)> answer) override;
     std::shared_ptr<CaptureSession> makeSession(MediaType type, const std::string& deviceID,

@@ -176,20 +176,34 @@ void SimulatedControls::addDevice(MediaType type, CaptureDevice device) {
 }
 
 void SimulatedControls::removeDevice(MediaType type, const std::string& deviceID) {
-    std::erase_if(facts().captureDevices[type],
-                  [&](const auto& entry) { return entry.device.uniqueID == deviceID; });
+    if (const auto list = facts().captureDevices.find(type); list != facts().captureDevices.end())
+        std::erase_if(list->second, [&](const auto& entry) { return entry.device.uniqueID == deviceID; });
     m_platform.capture().setBehaviour(deviceID, {});
 }
 
+void SimulatedControls::failList(MediaType type, std::optional<CaptureList::Fault> fault) {
+    if (fault)
+        mac().listFaults[type] = *fault;
+    else
+        mac().listFaults.erase(type);
+}
+
 void SimulatedControls::setOpens(MediaType type, const std::string& deviceID, bool opens) {
-    for (auto& entry : facts().captureDevices[type])
-        if (entry.device.uniqueID == deviceID) entry.opens = opens;
+    if (const auto list = facts().captureDevices.find(type); list != facts().captureDevices.end())
+        for (auto& entry : list->second)
+            if (entry.device.uniqueID == deviceID) entry.opens = opens;
 }
 
 void SimulatedControls::setOpening(const std::string& deviceID,
                                    std::optional<std::chrono::milliseconds> delay) {
     auto behaviour = m_platform.capture().behaviour(deviceID);
     behaviour.opening = delay;
+    m_platform.capture().setBehaviour(deviceID, behaviour);
+}
+
+void SimulatedControls::failOpening(const std::string& deviceID, std::optional<OpenFault> fault) {
+    auto behaviour = m_platform.capture().behaviour(deviceID);
+    behaviour.fault = fault;
     m_platform.capture().setBehaviour(deviceID, behaviour);
 }
 

@@ -68,10 +68,14 @@ public:
     void addDevice(MediaType type, CaptureDevice device);
     /// A session on the device gets nothing more.
     void removeDevice(MediaType type, const std::string& deviceID);
+    /// Makes the list fail; nothing: it is read again.
+    void failList(MediaType type, std::optional<CaptureList::Fault> fault);
     /// Whether the device can be opened at all.
     void setOpens(MediaType type, const std::string& deviceID, bool opens);
     /// How long the device takes to open; nothing: it never does.
     void setOpening(const std::string& deviceID, std::optional<std::chrono::milliseconds> delay);
+    /// What a session on the device finds when it opens; nothing: it opens.
+    void failOpening(const std::string& deviceID, std::optional<OpenFault> fault);
     /// A session is open or opening on the device.
     bool isOpen(const std::string& deviceID) const { return m_platform.capture().isOpen(deviceID); }
     /// One buffer of 20 ms at the level in dB. This and the next two return when the session's thread has
@@ -98,6 +102,8 @@ public:
     void setHistoryReadOnly(bool readOnly);
 
     // Desktop, updates, wording
+    /// Whether there are panes of settings that a link can open.
+    void setHasSettings(bool has) { mac().hasSettings = has; }
     const std::vector<std::string>& openedURLs() const { return mac().openedURLs; }
     const std::optional<std::string>& pasteboardText() const { return mac().pasteboard; }
     void setPaper(std::optional<Paper> paper) { mac().paper = paper; }

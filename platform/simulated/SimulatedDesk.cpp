@@ -2,6 +2,10 @@
 
 namespace tessivo {
 
+bool SimulatedDesktop::canOpenURL(const std::string& url) const {
+    return m_mac.hasSettings || !url.starts_with("x-apple.systempreferences:");
+}
+
 SimulatedDefaults::SimulatedDefaults(SimulatedMac& mac, const std::filesystem::path& file) : m_mac(mac) {
     if (file.empty()) return;
     m_settings = std::make_unique<QSettings>(QString::fromStdString(file.string()), QSettings::IniFormat);

@@ -15,6 +15,7 @@ public:
     explicit SimulatedDesktop(SimulatedMac& mac) : m_mac(mac) {}
 
     void openURL(const std::string& url) override { m_mac.openedURLs.push_back(url); }
+    bool canOpenURL(const std::string& url) const override;
     void setPasteboardText(const std::string& text) override { m_mac.pasteboard = text; }
     std::optional<Paper> paper() const override { return m_mac.paper; }
 

@@ -43,6 +43,7 @@ struct SimulatedMac {
     MachineFile facts;
     std::set<SimulatedReading> broken;
     std::optional<HardwareKeys> hardwareKeys; ///< as of a platform that gives some
+    std::map<MediaType, CaptureList::Fault> listFaults;
 
     bool engineFails = false;
     std::vector<ScheduledTone> tones;
@@ -53,6 +54,7 @@ struct SimulatedMac {
     bool defaultsFail = false;
     std::size_t defaultsWrites = 0;
 
+    bool hasSettings = true; ///< links to panes of the settings lead somewhere
     std::vector<std::string> openedURLs;
     std::optional<std::string> pasteboard;
     std::optional<Paper> paper;

@@ -1,5 +1,7 @@
 #include "platform/QtScheduler.h"
 #include "platform/linux/LinuxDefaults.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/SettingsPane.h"
 #include "tests/SmallDisk.h"
 
 #include <QTest>
@@ -129,6 +131,70 @@ TEST(QtScheduler, anActionMayReplaceItsOwnHandle) {
     action = nullptr;
     // Letting go of a handle lets go of what its action holds.
     EXPECT_EQ(captured.use_count(), 1);
+}
+
+/// Desktops of the test's own: what is installed, and which one runs.
+class SettingsPanes : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::filesystem::create_directories(m_folder / "applications");
+        for (const char* name : {"PATH", "XDG_DATA_DIRS", "XDG_DATA_HOME", "XDG_CURRENT_DESKTOP"})
+            m_before.emplace_back(name, qgetenv(name));
+        for (const char* name : {"PATH", "XDG_DATA_DIRS", "XDG_DATA_HOME"})
+            qputenv(name, QByteArray::fromStdString(m_folder.path().string()));
+    }
+    void TearDown() override {
+        for (const auto& [name, value] : m_before)
+            value.isNull() ? qunsetenv(name) : qputenv(name, value);
+    }
+    void install(const std::string& name) {
+        const auto file = m_folder.write(name, "#!/bin/sh\necho \"$0 $@\" >\"${0%/*}/started\"\n");
+        if (!name.ends_with(".desktop"))
+            std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    }
+    /// The command for a link, without its folder; empty for none.
+    std::string command(const char* desktop, const std::string& pane) {
+        qputenv("XDG_CURRENT_DESKTOP", desktop);
+        const auto found = SettingsPane::find(link(pane));
+        EXPECT_EQ(found.has_value(), m_desktop.canOpenURL(link(pane)));
+        if (!found) return {};
+        return (found->program.section('/', -1) + ' ' + found->arguments.join(' ')).toStdString();
+    }
+    static std::string link(const std::string& pane) {
+        return "x-apple.systempreferences:com.apple.preference.security?Privacy_" + pane;
+    }
+
+    TemporaryFolder m_folder;
+    LinuxDesktop m_desktop;
+    std::vector<std::pair<const char*, QByteArray>> m_before;
+};
+
+TEST_F(SettingsPanes, aMacsPaneIsTheDesktopsOwnOrNone) {
+    for (const char* desktop : {"GNOME", "KDE", "X-Cinnamon", "XFCE", ""})
+        EXPECT_EQ(command(desktop, "Microphone") + command(desktop, "Camera"), "") << "nothing is installed";
+    for (const char* program : {"gnome-control-center", "systemsettings", "cinnamon-settings"})
+        install(program);
+    EXPECT_EQ(command("ubuntu:GNOME", "Microphone"), "gnome-control-center sound");
+    EXPECT_EQ(command("GNOME", "Camera"), "");
+    EXPECT_EQ(command("KDE", "Microphone"), "");
+    EXPECT_EQ(command("X-Cinnamon", "Microphone"), "cinnamon-settings sound");
+    EXPECT_EQ(command("XFCE", "Microphone"), "");
+    install("pavucontrol");
+    EXPECT_EQ(command("XFCE", "Microphone"), "pavucontrol --tab=4");
+    EXPECT_EQ(command("", "Camera"), "");
+    for (const char* pane : {"gnome-privacy-panel", "kcm_pulseaudio"})
+        install("applications/" + std::string(pane) + ".desktop");
+    EXPECT_EQ(command("GNOME", "Camera"), "gnome-control-center privacy");
+    EXPECT_EQ(command("KDE", "Microphone"), "systemsettings kcm_pulseaudio");
+    for (const char* pane : {"gnome-microphone-panel", "gnome-camera-panel"})
+        install("applications/" + std::string(pane) + ".desktop");
+    EXPECT_EQ(command("GNOME-Classic:GNOME", "Camera"), "gnome-control-center camera");
+    EXPECT_EQ(command("GNOME", "Microphone"), "gnome-control-center microphone");
+
+    m_desktop.openURL(link("Unknown"));
+    m_desktop.openURL(link("Camera"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bytesOf(m_folder / "started").ends_with("camera\n"); }, 10'000));
+    EXPECT_TRUE(m_desktop.canOpenURL("https://example.com/"));
 }
 
 } // namespace

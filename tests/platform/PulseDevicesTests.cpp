@@ -105,13 +105,31 @@ TEST(PulseDevices, onlyTheMachinesOwnOutputIsBuiltIn) {
         EXPECT_EQ(fourCharCode(sink.transportType()), transport) << sink.bus << sink.formFactor;
 }
 
-TEST(PulseDevices, emptyJacksAndEchoesAreNoMicrophones) {
-    const PulsePort inner{"analog-input-internal-mic", "Internal", 0, unknown};
-    const PulsePort jack{"analog-input-mic", "Microphone", 0, no};
-    EXPECT_TRUE((PulseSource{.name = "a"}.isMicrophone()));
-    EXPECT_TRUE((PulseSource{.name = "a", .ports = {jack, inner}}.isMicrophone()));
-    EXPECT_FALSE((PulseSource{.name = "a", .ports = {jack}}.isMicrophone()));
-    EXPECT_FALSE((PulseSource{.name = "a", .monitorsSink = true}.isMicrophone()));
+TEST(PulseDevices, whatTakesNoSpeechInIsNoMicrophone) {
+    const PulsePort inner{"analog-input-internal-mic", "Internal", PA_DEVICE_PORT_TYPE_MIC, unknown};
+    const PulsePort jack{"analog-input-mic", "Microphone", PA_DEVICE_PORT_TYPE_MIC, no};
+    const PulsePort line{"analog-input", "Entr\u00e9e ligne", PA_DEVICE_PORT_TYPE_LINE, yes};
+    const PulsePort optical{"iec958-stereo-input", "S/PDIF", PA_DEVICE_PORT_TYPE_SPDIF, unknown};
+    const PulsePort plain{"analog-input", "Analog", PA_DEVICE_PORT_TYPE_ANALOG, unknown};
+    const PulsePort oldLine{"analog-input-linein", "Line", 0, yes}, oldMic{"[In] Mic", "Mic", 0, yes};
+    struct {
+        PulseSource source;
+        bool microphone;
+    } const rows[] = {
+        {{}, true},
+        {{.ports = {jack, inner}}, true},
+        {{.ports = {line, plain}}, true},
+        {{.ports = {oldLine, oldMic}}, true},
+        {{.ports = {jack}}, false},
+        {{.ports = {line}}, false},
+        {{.ports = {jack, line, optical}}, false},
+        {{.ports = {oldLine}}, false},
+        {{.ports = {{"[In] Line", "Line", 0, unknown}}}, false},
+        {{.monitorsSink = true}, false},
+        {{.isHardware = false, .ports = {inner}}, false},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.source.isMicrophone(), row.microphone) << &row - rows;
 }
 
 } // namespace

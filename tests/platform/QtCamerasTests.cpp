@@ -1,5 +1,5 @@
 #include "platform/linux/QtCameras.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/platform/CapturedTree.h"
 
 #include <chrono>
 #include <future>
@@ -29,6 +29,26 @@ TEST(QtCameras, aThreadThatIsBusyStillFinishesItsWorkAtTheEnd) {
         }
         EXPECT_TRUE(done);
     }
+}
+
+TEST(QtCameras, aCameraMadeByAProgramDoesntStandForTheMacsOwn) {
+    const TemporaryFolder folder;
+    CapturedTree tree;
+    const auto status = [&] { return QtCameras(folder.path(), tree.tree()).authorizationStatus(); };
+    EXPECT_EQ(status(), AuthorizationStatus::authorized) << "no camera";
+    folder.write("video9", "");
+    tree.add("sys/devices/virtual/video4linux/video9/name = Loopback");
+    tree.add("sys/class/video4linux/video9 -> ../../devices/virtual/video4linux/video9");
+    EXPECT_EQ(status(), AuthorizationStatus::authorized);
+    // A link to nothing lets nobody in, not even root.
+    std::filesystem::create_symlink("nothing", folder / "video0");
+    tree.add("sys/devices/pci0000:00/usb1/video4linux/video0/name = FaceTime HD Camera");
+    tree.add("sys/class/video4linux/video0 -> ../../devices/pci0000:00/usb1/video4linux/video0");
+    EXPECT_EQ(status(), AuthorizationStatus::denied);
+    folder.write("video1", "");
+    EXPECT_EQ(status(), AuthorizationStatus::denied) << "nor does another camera";
+    std::filesystem::remove(folder / "video0");
+    EXPECT_EQ(status(), AuthorizationStatus::authorized);
 }
 
 } // namespace

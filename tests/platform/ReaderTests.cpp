@@ -92,6 +92,15 @@ TEST(Readers, audioOutputsComeInThePlatformsOrderWithWhatCanBeRead) {
     }
 }
 
+TEST(MachineCapture, aListThatCouldntBeReadIsLeftOut) {
+    Mac unread{"{}"}, none{R"({"microphones": [], "cameras": []})"};
+    const PropertyMap left = captureMachine(unread.platform), empty = captureMachine(none.platform);
+    for (const char* kind : {"microphones", "cameras"}) {
+        EXPECT_FALSE(left.contains(kind));
+        EXPECT_EQ(empty.at(kind), Property(PropertyList{}));
+    }
+}
+
 TEST(MachineCapture, aReplayedComputerReadsLikeItself) {
     for (const char* name :
          {"macbook-pro-t2", "laptop-two-batteries", "desktop-raid", "macbook-air-m2", "network", "hostile"}) {

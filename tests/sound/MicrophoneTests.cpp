@@ -1,4 +1,5 @@
 #include "app/readers/CaptureAccess.h"
+#include "app/readers/CaptureTaps.h"
 #include "app/readers/MicMonitor.h"
 #include "app/readers/Readers.h"
 #include "app/readers/TonePlayer.h"
@@ -6,6 +7,7 @@
 #include "platform/linux/LinuxAudioObjects.h"
 #include "platform/linux/LinuxCaptureDevices.h"
 #include "platform/linux/LinuxToneOutput.h"
+#include "tests/platform/CapturedTree.h"
 #include "tests/sound/SoundTest.h"
 
 #include <cmath>
@@ -15,8 +17,13 @@
 namespace tessivo {
 namespace {
 
-const QString microphone = "module-remap-source master=one.monitor source_name=mic "
-                           "source_properties=device.description='Inner\\ Microphone'";
+/// A source that says of itself that it is a sound card's.
+QString card(const QString& name, const QString& master = "one", const QString& more = {}) {
+    return "module-remap-source master=" + master + ".monitor source_name=" + name +
+           " source_properties='device.class=sound device.description=\"Inner Microphone\"' " + more;
+}
+
+const QString microphone = card("mic");
 
 /// Plays a sine into a sink until it goes.
 class Sine final {
@@ -41,14 +48,23 @@ private:
 
 class MicrophoneTest : public SoundTest {
 protected:
-    LinuxCaptureDevices m_devices{m_server};
+    std::optional<std::size_t> microphones() const {
+        const auto list = listMicrophones(m_devices).devices;
+        return list ? std::optional(list->size()) : std::nullopt;
+    }
+
+    CapturedTree m_tree; ///< a computer that tells nothing of its hardware
+    LinuxCaptureDevices m_devices{m_server, "/dev", m_tree.tree()};
     QtScheduler m_scheduler;
 };
 
-TEST_F(MicrophoneTest, monitorsOfSinksAreNoMicrophones) {
-    start({nullSink("one"), microphone}, 1, 2);
-    EXPECT_EQ(listMicrophones(m_devices), (std::vector<CaptureDevice>{{"mic", "Inner Microphone"}}));
-    EXPECT_EQ(m_devices.makeSession(MediaType::audio, "one.monitor", nullptr), nullptr);
+TEST_F(MicrophoneTest, whatTheServerMakesItselfIsNoMicrophone) {
+    start({nullSink("one"), microphone, "module-remap-source master=one.monitor source_name=made",
+           "module-null-source source_name=null"},
+          1, 4);
+    EXPECT_EQ(listMicrophones(m_devices).devices, (std::vector<CaptureDevice>{{"mic", "Inner Microphone"}}));
+    for (const char* name : {"one.monitor", "made", "null"})
+        EXPECT_EQ(m_devices.makeSession(MediaType::audio, name, nullptr), nullptr);
 }
 
 TEST_F(MicrophoneTest, aToneAtHalfScalePassesAndAFaintOneDoesNot) {
@@ -77,7 +93,7 @@ TEST_F(MicrophoneTest, aToneAtHalfScalePassesAndAFaintOneDoesNot) {
 }
 
 TEST_F(MicrophoneTest, oneLoudChannelOfEightCounts) {
-    start({nullSink("one", 8), "module-remap-source master=one.monitor source_name=mic channels=8"}, 1, 2);
+    start({nullSink("one", 8), card("mic", "one", "channels=8")}, 1, 2);
     MicMonitor monitor(m_devices, m_scheduler);
     LinuxToneOutput output(m_server);
     TonePlayer player(output);
@@ -87,24 +103,23 @@ TEST_F(MicrophoneTest, oneLoudChannelOfEightCounts) {
     EXPECT_NEAR(monitor.level(), 20 * std::log10(0.3) - 3.01, 1.5);
 }
 
-TEST_F(MicrophoneTest, aDeadDaemonLeavesNoMicrophoneAndANewOneIsHeardAgain) {
+TEST_F(MicrophoneTest, aDeadDaemonLeavesNoListAndANewOneIsHeardAgain) {
     start({nullSink("one"), microphone}, 1, 2);
     MicMonitor monitor(m_devices, m_scheduler);
     ASSERT_TRUE(monitor.listen({"mic", ""}, {}));
     m_daemon.kill();
     ASSERT_TRUE(hasDevices(0, 0));
-    EXPECT_TRUE(listMicrophones(m_devices).empty());
+    EXPECT_EQ(microphones(), std::nullopt);
     EXPECT_EQ(m_devices.authorizationStatus(MediaType::audio), AuthorizationStatus::authorized);
     EXPECT_EQ(monitor.listening(), "mic");
     start({nullSink("one"), microphone}, 1, 2);
+    EXPECT_EQ(microphones(), 1u);
     const Sine sine(m_daemon, "one", 440, 0.5);
     EXPECT_TRUE(QTest::qWaitFor([&] { return monitor.level() > -12; }, SoundDaemon::patience));
 }
 
 TEST_F(MicrophoneTest, aMicrophoneThatVanishesIsNotReplacedByAnother) {
-    start({nullSink("one"), nullSink("two"), microphone,
-           "module-remap-source master=two.monitor source_name=other"},
-          2, 4);
+    start({nullSink("one"), nullSink("two"), microphone, card("other", "two")}, 2, 4);
     MicMonitor monitor(m_devices, m_scheduler);
     ASSERT_TRUE(monitor.listen({"mic", ""}, {}));
     ASSERT_TRUE(QTest::qWaitFor([&] {
@@ -112,22 +127,85 @@ TEST_F(MicrophoneTest, aMicrophoneThatVanishesIsNotReplacedByAnother) {
     })) << "two remaps and ours";
     m_daemon.run("pactl", {"unload-module", "3"}); // protocol 0, one 1, two 2
     ASSERT_TRUE(hasDevices(2, 3));
-    EXPECT_EQ(listMicrophones(m_devices).size(), 1u);
+    EXPECT_EQ(microphones(), 1u);
     const Sine sine(m_daemon, "two", 440, 0.5);
     QTest::qWait(500);
     EXPECT_LT(monitor.level(), -100);
     EXPECT_FALSE(monitor.listen({"mic", ""}, {})) << "its input can't be made any more";
 }
 
-TEST_F(MicrophoneTest, withoutAServerAccessIsGrantedAndTheListIsEmpty) {
+TEST_F(MicrophoneTest, withoutAServerAccessIsGrantedAndThereIsNoList) {
     std::optional<bool> answer;
     QObject page;
     requestCaptureAccess(m_devices, MediaType::audio, &page, [&](bool allowed) { answer = allowed; });
     EXPECT_TRUE(QTest::qWaitFor([&] { return answer.has_value(); }));
-    EXPECT_EQ(answer, true);
-    EXPECT_TRUE(listMicrophones(m_devices).empty());
+    EXPECT_EQ(answer, true) << "it is no question of privacy";
     MicMonitor monitor(m_devices, m_scheduler);
     EXPECT_FALSE(monitor.listen({"mic", ""}, {}));
+
+    const CaptureList noService{.fault = CaptureList::Fault::noService};
+    const CaptureList noDriver{.fault = CaptureList::Fault::noDriver};
+    EXPECT_EQ(listMicrophones(m_devices), noService);
+    m_tree.add("sys/bus/pci/devices/0000:02:00.3/vendor = 0x106b");
+    m_tree.add("sys/bus/pci/devices/0000:02:00.3/class = 0x040100");
+    EXPECT_EQ(listMicrophones(m_devices), noDriver);
+    start({nullSink("one")}, 1, 1);
+    EXPECT_EQ(listMicrophones(m_devices), noDriver) << "a server can't list what the kernel doesn't drive";
+    m_daemon.kill();
+    ASSERT_TRUE(hasDevices(0, 0));
+    m_tree.add("proc/asound/cards | \\x200 [USB            ]: USB-Audio - USB Audio\\x0a");
+    EXPECT_EQ(listMicrophones(m_devices), noService) << "a card, and no server";
+    m_tree.remove("sys");
+    start({nullSink("one")}, 1, 1);
+    EXPECT_EQ(microphones(), 0u) << "read, and none";
+}
+
+TEST_F(MicrophoneTest, aServerThatNeverAnswersIsWaitedForAWhile) {
+    start({nullSink("one"), microphone}, 1, 2);
+    ::kill(pid_t(m_daemon.processID()), SIGSTOP);
+    LinuxCaptureDevices devices(std::make_shared<PulseServer>(m_daemon.address()), "/dev", m_tree.tree());
+    std::optional<bool> answer;
+    QObject page;
+    requestCaptureAccess(devices, MediaType::audio, &page, [&](bool allowed) { answer = allowed; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answer.has_value(); }, SoundDaemon::patience));
+    EXPECT_EQ(answer, true);
+    EXPECT_EQ(listMicrophones(devices), CaptureList{.fault = CaptureList::Fault::noService});
+    ::kill(pid_t(m_daemon.processID()), SIGCONT);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return listMicrophones(devices).devices.has_value(); }, SoundDaemon::patience));
+}
+
+TEST_F(MicrophoneTest, aSourceThatTheServerRefusesHasAFaultAndAnotherOneWaits) {
+    start({nullSink("one"), microphone}, 1, 2);
+    const auto faultOfListening = [this] {
+        const Sine sine(m_daemon, "one", 440, 0.5);
+        MicMonitor monitor(m_devices, m_scheduler);
+        std::optional<OpenFault> fault;
+        EXPECT_TRUE(monitor.listen({"mic", ""}, {}, [&](OpenFault what) { fault = what; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return fault || monitor.level() > -12; }, SoundDaemon::patience));
+        EXPECT_EQ(monitor.listening().has_value(), !fault.has_value());
+        return fault;
+    };
+    EXPECT_EQ(faultOfListening(), std::nullopt);
+    m_daemon.run("pactl", {"suspend-source", "mic", "1"});
+    EXPECT_EQ(faultOfListening(), OpenFault::busy) << "held back";
+    m_daemon.run("pactl", {"suspend-source", "mic", "0"});
+    EXPECT_EQ(faultOfListening(), std::nullopt);
+
+    // A source serves so many and no more.
+    std::vector<std::shared_ptr<CaptureSession>> others;
+    for (int i = 0; i < 256; ++i) {
+        others.push_back(m_devices.makeSession(MediaType::audio, "mic", std::make_shared<LevelTap>()));
+        others.back()->startRunning();
+    }
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return m_daemon.run("pactl", {"list", "short", "source-outputs"}).count('\n') > 256;
+        },
+        SoundDaemon::patience));
+    EXPECT_EQ(faultOfListening(), OpenFault::broken);
+    others.clear();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return faultOfListening() == std::nullopt; }, SoundDaemon::patience));
 }
 
 TEST_F(MicrophoneTest, nothingWaitsForAServerThatHangs) {
@@ -155,9 +233,14 @@ TEST_F(MicrophoneTest, nothingWaitsForAServerThatHangs) {
 
 TEST_F(MicrophoneTest, withoutCamerasTheListIsEmpty) {
     const TemporaryFolder folder;
-    LinuxCaptureDevices devices(m_server, folder.path());
+    LinuxCaptureDevices devices(m_server, folder.path(), m_tree.tree());
     EXPECT_EQ(devices.authorizationStatus(MediaType::video), AuthorizationStatus::authorized);
-    EXPECT_TRUE(listCameras(devices).empty());
+    const CaptureList none{.devices = std::vector<CaptureDevice>()};
+    EXPECT_EQ(listCameras(devices), none);
+    m_tree.add("sys/bus/usb/devices/1-5:1.0/bInterfaceClass = 0e");
+    EXPECT_EQ(listCameras(devices), CaptureList{.fault = CaptureList::Fault::noDriver});
+    EXPECT_EQ(devices.authorizationStatus(MediaType::video), AuthorizationStatus::authorized);
+    m_tree.remove("sys");
 
     folder.write("video0", "no camera");
     EXPECT_EQ(devices.authorizationStatus(MediaType::video), AuthorizationStatus::notDetermined);
@@ -168,6 +251,7 @@ TEST_F(MicrophoneTest, withoutCamerasTheListIsEmpty) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return answer.has_value(); }, SoundDaemon::patience));
     EXPECT_EQ(answer, true);
     EXPECT_EQ(devices.authorizationStatus(MediaType::video), AuthorizationStatus::authorized);
+    EXPECT_EQ(listCameras(devices), none);
     EXPECT_EQ(devices.makeSession(MediaType::video, "/dev/video99", nullptr), nullptr);
 }
 

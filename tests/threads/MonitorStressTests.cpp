@@ -38,7 +38,7 @@ public:
         std::jthread m_thread;
     };
 
-    std::vector<CaptureDevice> devices(MediaType) const override { return {}; }
+    CaptureList devices(MediaType) const override { return {}; }
     AuthorizationStatus authorizationStatus(MediaType) const override {
         return AuthorizationStatus::authorized;
     }

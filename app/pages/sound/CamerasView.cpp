@@ -7,16 +7,26 @@ const char* const CamerasView::how =
     "colors. Nothing is recorded or saved.";
 
 CamerasView::CamerasView(const PageContext& context, QWidget* parent)
-    : CaptureView(context, MediaType::video, QStringLiteral("Open Camera Settings"),
-                  QStringLiteral("No camera found."), &SessionState::cameras, parent) {
+    : CaptureView(context, MediaType::video,
+                  {.openSettings = QStringLiteral("Open Camera Settings"),
+                   .noneFound = QStringLiteral("No camera found."),
+                   .noService = QStringLiteral("Couldn't list the cameras: the system doesn't answer. "
+                                               "If that lasts, restart the Mac."),
+                   .noDriver = QStringLiteral("Couldn't list the cameras: this system has no driver for the "
+                                              "Mac's own camera. Test it under macOS.")},
+                  &SessionState::cameras, parent) {
     connect(&monitor(), &CameraMonitor::showingChanged, this, [this] { follow(); });
     connect(&monitor(), &CameraMonitor::framesSeenChanged, this, [this] { follow(); });
 }
 
-bool CamerasView::open(const CaptureDevice& device) {
-    return monitor().show(device, [this, id = device.uniqueID] {
-        changeReading(id, [](CameraReading& reading) { reading.framesSeen = true; });
-    });
+bool CamerasView::open(const CaptureDevice& device, std::function<void(OpenFault)> onFault) {
+    const auto onFrames = [this, id = device.uniqueID] {
+        changeReading(id, [](CameraReading& reading) {
+            reading.framesSeen = true;
+            reading.failed = false; // it opened this time
+        });
+    };
+    return monitor().show(device, onFrames, std::move(onFault));
 }
 
 CameraRow* CamerasView::makeRow(const CaptureDevice& device) {

@@ -16,7 +16,7 @@ public:
 
 private:
     const std::optional<std::string>& inUse() const override { return monitor().showing(); }
-    bool open(const CaptureDevice& device) override;
+    bool open(const CaptureDevice& device, std::function<void(OpenFault)> onFault) override;
     CameraRow* makeRow(const CaptureDevice& device) override;
     void showOn(CameraRow& row, const CameraReading* reading, bool open) override;
 };

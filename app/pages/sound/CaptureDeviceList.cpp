@@ -37,24 +37,33 @@ TextLabel* sentence(const QString& text) {
 
 } // namespace
 
-CaptureDeviceList::CaptureDeviceList(AppModel& model, MediaType type, const QString& openSettings,
-                                     const QString& noneFound, QWidget* parent)
+CaptureDeviceList::CaptureDeviceList(AppModel& model, MediaType type, const CaptureWords& words,
+                                     QWidget* parent)
     : Column(parent),
       m_model(model),
       m_type(type),
+      m_words(words),
       m_rows(new Panel(Panel::Kind::list)),
       m_empty(new Panel),
       m_denied(new Panel),
-      m_settings(new Button(openSettings)),
+      m_unlisted(new Panel),
+      m_reason(sentence({})),
+      m_note(new TextLabel({}, TextRole::body, ColorRole::text2)),
+      m_settings(new Button(words.openSettings)),
       m_lastStop(m_settings) {
-    m_empty->add(sentence(noneFound));
+    m_empty->add(sentence(words.noneFound));
     for (const std::string& detail : denial(type))
         m_denied->add(sentence(QString::fromStdString(detail)));
     m_denied->add(m_settings, Space::l, Qt::AlignHCenter);
-    for (Panel* part : {m_rows, m_empty, m_denied}) {
+    if (!canOpenPrivacySettings(model.platform().desktop(), type)) m_settings->hide();
+    m_unlisted->add(m_reason);
+    for (Panel* part : {m_rows, m_empty, m_denied, m_unlisted}) {
         add(part);
         part->hide();
     }
+    m_note->setMaximumLines(2);
+    add(m_note, Space::m);
+    m_note->hide();
     connect(m_settings, &Button::clicked, this,
             [this] { openPrivacySettings(m_model.platform().desktop(), m_type); });
 }
@@ -76,9 +85,9 @@ void CaptureDeviceList::addRow(QWidget* row) {
 
 void CaptureDeviceList::appear() {
     m_open = true;
-    m_listed = false;
-    m_lost = false;
-    withAccess([this] { list(); });
+    m_allowed = m_listed = m_lost = false;
+    tell({});
+    withAccess([this] { lookAgain(); });
 }
 
 void CaptureDeviceList::disappear() {
@@ -89,6 +98,8 @@ void CaptureDeviceList::disappear() {
 void CaptureDeviceList::withAccess(std::function<void()> action) {
     const auto answer = [this, action = std::move(action)](bool allowed) {
         if (!m_open) return;
+        m_allowed = allowed;
+        if (allowed && !canList()) return lookAgainSoon();
         write(!allowed);
         if (allowed) return action();
         showOnly(m_denied);
@@ -105,25 +116,49 @@ void CaptureDeviceList::write(bool denied) {
         [=](SessionState& state) { (video ? state.cameraDenied : state.microphoneDenied) = denied; });
 }
 
-std::vector<CaptureDevice> CaptureDeviceList::listDevices() const {
+CaptureList CaptureDeviceList::listDevices() const {
     auto& platform = m_model.platform().captureDevices();
     return m_type == MediaType::video ? listCameras(platform) : listMicrophones(platform);
 }
 
-void CaptureDeviceList::list() {
-    auto devices = listDevices();
+void CaptureDeviceList::list(std::vector<CaptureDevice> devices) {
+    keep(devices, m_lost);
+    m_listed = true;
+    take(std::move(devices));
+}
+
+void CaptureDeviceList::keep(const std::vector<CaptureDevice>& devices, bool keepGone) {
     SessionState state = m_model.state();
     if (m_type == MediaType::video) {
-        state.cameras = relisted(state.cameras, devices);
+        state.cameras = keepGone ? extended(state.cameras, devices) : relisted(state.cameras, devices);
         state.camerasListed = true;
     } else {
-        state.microphones = relisted(state.microphones, devices);
+        state.microphones =
+            keepGone ? extended(state.microphones, devices) : relisted(state.microphones, devices);
         state.microphonesListed = true;
     }
     if (state != m_model.state()) m_model.setState(std::move(state));
-    m_listed = true;
-    take(std::move(devices));
-    lookAgainSoon();
+}
+
+bool CaptureDeviceList::canList() {
+    const CaptureList found = listDevices();
+    if (!found.devices) couldntList(found.fault);
+    return found.devices.has_value();
+}
+
+void CaptureDeviceList::couldntList(CaptureList::Fault fault) {
+    m_reason->setText(fault == CaptureList::Fault::noDriver ? m_words.noDriver : m_words.noService);
+    m_lost = true;
+    if (!m_devices.empty()) {
+        m_devices.clear();
+        Q_EMIT devicesChanged();
+    }
+    showOnly(m_unlisted);
+}
+
+void CaptureDeviceList::tell(const QString& line) {
+    m_note->setText(line);
+    m_note->setVisible(!line.isEmpty() && !m_rows->isHidden());
 }
 
 void CaptureDeviceList::take(std::vector<CaptureDevice> devices) {
@@ -145,32 +180,29 @@ void CaptureDeviceList::lookAgain() {
     const AuthorizationStatus status = platform.authorizationStatus(m_type);
     // Only what is known already: a look by itself never brings up the system's question. Access that was
     // given once has been answered; the platform then only has to find its devices.
-    if (status == AuthorizationStatus::notDetermined && m_listed)
+    if (status == AuthorizationStatus::notDetermined && m_allowed)
         return requestCaptureAccess(platform, m_type, this, [](bool) {});
     if (status != AuthorizationStatus::authorized) return;
+    m_allowed = true;
+    auto found = listDevices();
+    if (!found.devices) return couldntList(found.fault);
     write(false);
-    if (!m_listed) return list();
+    auto& devices = *found.devices;
+    if (!m_listed) return list(std::move(devices));
 
-    auto devices = listDevices();
     const auto isNew = [this](const CaptureDevice& device) {
         return std::ranges::count(m_devices, device.uniqueID, &CaptureDevice::uniqueID) == 0;
     };
     // After a loss devices may come back one after the other.
     const bool back = m_lost && std::ranges::any_of(devices, isNew);
-    if (back) {
-        SessionState state = m_model.state();
-        if (m_type == MediaType::video)
-            state.cameras = extended(state.cameras, devices);
-        else
-            state.microphones = extended(state.microphones, devices);
-        if (state != m_model.state()) m_model.setState(std::move(state));
-    }
+    if (back) keep(devices, true);
     take(back || devices.empty() ? std::move(devices) : m_devices);
 }
 
 void CaptureDeviceList::showOnly(QWidget* part) {
-    for (QWidget* each : std::initializer_list<QWidget*>{m_rows, m_empty, m_denied})
+    for (QWidget* each : std::initializer_list<QWidget*>{m_rows, m_empty, m_denied, m_unlisted})
         each->setVisible(each == part);
+    if (part != m_rows) tell({});
 }
 
 } // namespace tessivo

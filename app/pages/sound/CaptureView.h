@@ -19,12 +19,12 @@ class CaptureView : public Column {
 protected:
     using Readings = std::vector<Reading> SessionState::*;
 
-    CaptureView(const PageContext& context, MediaType type, const QString& openSettings,
-                const QString& noneFound, Readings readings, QWidget* parent)
+    CaptureView(const PageContext& context, MediaType type, const CaptureWords& words, Readings readings,
+                QWidget* parent)
         : Column(parent),
           m_model(context.model),
           m_readings(readings),
-          m_list(new CaptureDeviceList(context.model, type, openSettings, noneFound)),
+          m_list(new CaptureDeviceList(context.model, type, words)),
           m_monitor(context.model.platform().captureDevices(), context.model.platform().scheduler()) {
         add(m_list);
         connect(m_list, &CaptureDeviceList::devicesChanged, this, [this] { makeRows(); });
@@ -34,8 +34,8 @@ protected:
 
     /// The id of the device that the monitor has open.
     virtual const std::optional<std::string>& inUse() const = 0;
-    /// False if the device can't be opened.
-    virtual bool open(const CaptureDevice& device) = 0;
+    /// False if the device can't be opened; the call tells what comes to light later.
+    virtual bool open(const CaptureDevice& device, std::function<void(OpenFault)> onFault) = 0;
     virtual Row* makeRow(const CaptureDevice& device) = 0;
     /// Without a reading where the session has none of the device.
     virtual void showOn(Row& row, const Reading* reading, bool open) = 0;
@@ -97,11 +97,29 @@ private:
     }
 
     void toggle(const CaptureDevice& device) {
+        m_list->tell({});
         if (inUse() == device.uniqueID) return m_monitor.stop();
         m_list->withAccess([this, device] {
-            if (!open(device))
-                changeReading(device.uniqueID, [](Reading& reading) { reading.failed = true; });
+            const auto onFault = [this, device](OpenFault fault) { couldntOpen(device, fault); };
+            if (!open(device, onFault)) couldntOpen(device, OpenFault::broken);
         });
+    }
+
+    void couldntOpen(const CaptureDevice& device, OpenFault fault) {
+        // What can't even be listed any more is no fault of the device.
+        if (!m_list->canList()) return;
+        const QString name = device.localizedName.empty() ? QStringLiteral("the device")
+                                                          : QString::fromStdString(device.localizedName);
+        switch (fault) {
+        case OpenFault::broken:
+            return changeReading(device.uniqueID, [](Reading& reading) { reading.failed = true; });
+        case OpenFault::busy:
+            return m_list->tell(QStringLiteral("Another program is using ") + name +
+                                QStringLiteral(". Close that program, then try again."));
+        case OpenFault::refused:
+            return m_list->tell(QStringLiteral("The system doesn't let Tessivo use ") + name +
+                                QStringLiteral(". Nothing was measured."));
+        }
     }
 
     AppModel& m_model;

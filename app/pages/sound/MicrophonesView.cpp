@@ -7,16 +7,26 @@ const char* const MicrophonesView::how =
     "recorded or saved; the sound is only measured while this page is open.";
 
 MicrophonesView::MicrophonesView(const PageContext& context, QWidget* parent)
-    : CaptureView(context, MediaType::audio, QStringLiteral("Open Microphone Settings"),
-                  QStringLiteral("No microphone found."), &SessionState::microphones, parent) {
+    : CaptureView(context, MediaType::audio,
+                  {.openSettings = QStringLiteral("Open Microphone Settings"),
+                   .noneFound = QStringLiteral("No microphone found."),
+                   .noService = QStringLiteral("Couldn't list the microphones: the sound service doesn't "
+                                               "answer. If that lasts, restart the Mac."),
+                   .noDriver = QStringLiteral("Couldn't list the microphones: this system has no driver for "
+                                              "the Mac's sound hardware. Test them under macOS.")},
+                  &SessionState::microphones, parent) {
     connect(&monitor(), &MicMonitor::listeningChanged, this, [this] { follow(); });
     connect(&monitor(), &MicMonitor::levelChanged, this, [this] { follow(); });
 }
 
-bool MicrophonesView::open(const CaptureDevice& device) {
-    return monitor().listen(device, [this, id = device.uniqueID](double level) {
-        changeReading(id, [level](MicReading& reading) { reading.hear(level); });
-    });
+bool MicrophonesView::open(const CaptureDevice& device, std::function<void(OpenFault)> onFault) {
+    const auto onPeak = [this, id = device.uniqueID](double level) {
+        changeReading(id, [level](MicReading& reading) {
+            reading.hear(level);
+            reading.failed = false; // it opened this time
+        });
+    };
+    return monitor().listen(device, onPeak, std::move(onFault));
 }
 
 MicrophoneRow* MicrophonesView::makeRow(const CaptureDevice& device) {

@@ -18,7 +18,7 @@ public:
 
 private:
     const std::optional<std::string>& inUse() const override { return monitor().listening(); }
-    bool open(const CaptureDevice& device) override;
+    bool open(const CaptureDevice& device, std::function<void(OpenFault)> onFault) override;
     MicrophoneRow* makeRow(const CaptureDevice& device) override;
     void showOn(MicrophoneRow& row, const MicReading* reading, bool open) override;
 };

@@ -52,6 +52,10 @@ public:
         }).join();
     }
 
+    void failToOpen(OpenFault fault) {
+        std::thread([&] { m_delegate->openFailed(fault); }).join();
+    }
+
     bool started = false;
     bool stopped = false;
     bool mainThread = false; ///< a call came on the thread that made the session
@@ -68,7 +72,7 @@ private:
 /// Capture devices that do as the test says.
 class FakeCapture final : public CaptureDevices {
 public:
-    std::vector<CaptureDevice> devices(MediaType) const override { return list; }
+    CaptureList devices(MediaType) const override { return {.devices = list}; }
     AuthorizationStatus authorizationStatus(MediaType) const override { return status; }
     void requestAccess(MediaType, std::function<void(bool)> answer) override { question = std::move(answer); }
     std::shared_ptr<CaptureSession> makeSession(MediaType, const std::string& id,

@@ -130,6 +130,30 @@ TEST_F(MicMonitorTest, listenersMayStopOrLetGoOfTheMonitor) {
     EXPECT_TRUE(m_devices.last().waitFor(&FakeSession::stopped));
 }
 
+TEST_F(MicMonitorTest, aDeviceThatDoesntOpenIsStoppedAndTold) {
+    std::vector<OpenFault> told;
+    for (const OpenFault fault : {OpenFault::broken, OpenFault::busy, OpenFault::refused}) {
+        ASSERT_TRUE(m_monitor.listen(
+            first, [](double) { ADD_FAILURE(); },
+            [&](OpenFault what) {
+                EXPECT_EQ(m_monitor.listening(), std::nullopt) << "stopped already";
+                told.push_back(what);
+            }));
+        m_devices.last().failToOpen(fault);
+        EXPECT_EQ(m_monitor.listening(), "first") << "not before the next window";
+        window();
+        EXPECT_TRUE(m_devices.last().waitFor(&FakeSession::stopped));
+    }
+    EXPECT_EQ(told, (std::vector{OpenFault::broken, OpenFault::busy, OpenFault::refused}));
+    EXPECT_EQ(m_scheduler.pending(), 0u);
+
+    const auto old = m_devices.sessions.back();
+    ASSERT_TRUE(m_monitor.listen(second, {}, [](OpenFault) { ADD_FAILURE() << "of the one before"; }));
+    old->failToOpen(OpenFault::broken);
+    window();
+    EXPECT_EQ(m_monitor.listening(), "second");
+}
+
 class CameraMonitorTest : public ::testing::Test {
 protected:
     bool show(const CaptureDevice& device) {
@@ -184,6 +208,22 @@ TEST_F(CameraMonitorTest, thePictureIsTheNewestOfTheOpenDevice) {
     EXPECT_EQ(m_proofs, 1);
 }
 
+TEST_F(CameraMonitorTest, aCameraThatDoesntOpenIsStoppedAndItsTellerMayLetGoOfTheMonitor) {
+    auto monitor = std::make_unique<CameraMonitor>(m_devices, m_scheduler);
+    std::optional<OpenFault> told;
+    ASSERT_TRUE(monitor->show(
+        first, [this] { ++m_proofs; },
+        [&](OpenFault fault) {
+            told = fault;
+            monitor.reset();
+        }));
+    m_devices.last().failToOpen(OpenFault::busy);
+    m_scheduler.advance(250ms);
+    EXPECT_EQ(told, OpenFault::busy);
+    EXPECT_TRUE(!monitor && m_proofs == 0);
+    EXPECT_TRUE(m_devices.last().waitFor(&FakeSession::stopped));
+}
+
 TEST_F(CameraMonitorTest, bothMonitorsShareOneQueueAndAHangingCameraClosesWhenTold) {
     MicMonitor microphone(m_devices, m_scheduler);
     ASSERT_TRUE(show(hanging));
@@ -223,13 +263,15 @@ TEST(CaptureAccess, onlyAnOpenQuestionIsAsked) {
 TEST(CaptureAccess, twoDevicesWithOneIdAreOne) {
     FakeCapture devices;
     devices.list = {{"b", "Second"}, {"a", "Line\nfeed"}, {"b", "Again"}};
-    EXPECT_EQ(listMicrophones(devices), (std::vector<CaptureDevice>{{"b", "Second"}, {"a", "Line\nfeed"}}));
+    EXPECT_EQ(listMicrophones(devices).devices,
+              (std::vector<CaptureDevice>{{"b", "Second"}, {"a", "Line\nfeed"}}));
     EXPECT_EQ(listCameras(devices), listMicrophones(devices));
 }
 
 TEST(CaptureAccess, eachKindHasItsSettings) {
     struct : Desktop {
         void openURL(const std::string& url) override { opened += url + "\n"; }
+        bool canOpenURL(const std::string& url) const override { return url.ends_with("Camera"); }
         void setPasteboardText(const std::string&) override {}
         std::optional<Paper> paper() const override { return std::nullopt; }
         std::string opened;
@@ -238,6 +280,8 @@ TEST(CaptureAccess, eachKindHasItsSettings) {
     openPrivacySettings(desktop, MediaType::audio);
     EXPECT_EQ(desktop.opened, "x-apple.systempreferences:com.apple.preference.security?Privacy_Camera\n"
                               "x-apple.systempreferences:com.apple.preference.security?Privacy_Microphone\n");
+    EXPECT_TRUE(canOpenPrivacySettings(desktop, MediaType::video));
+    EXPECT_FALSE(canOpenPrivacySettings(desktop, MediaType::audio));
 }
 
 } // namespace

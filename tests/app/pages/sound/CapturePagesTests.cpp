@@ -141,6 +141,109 @@ TEST_P(CapturePagesTests, aListThatBecomesEmptyIsToldAndComesBackWithItsReadings
     EXPECT_TRUE(press("Other", is.open) && opened("other"));
 }
 
+TEST_P(CapturePagesTests, whatCantBeListedIsToldAndChangesNothing) {
+    // What an earlier look found stands, and so does an earlier denial.
+    model->change([&](SessionState& changed) {
+        changed.*is.denied = true;
+        if (audio)
+            changed.microphones = {{.id = is.id, .name = is.device, .peak = -20}};
+        else
+            changed.cameras = {{.id = is.id, .name = is.device, .answer = ManualAnswer::works}};
+    });
+    const SessionState session = state();
+    struct {
+        CaptureList::Fault fault;
+        std::string words;
+    } const faults[] = {{CaptureList::Fault::noService, audio ? "sound service" : "doesn't answer"},
+                        {CaptureList::Fault::noDriver, "no driver"}};
+    for (const auto& [fault, words] : faults) {
+        controls->failList(is.type, fault);
+        openPage();
+        const QStringList lines =
+            shownTexts(view.get()).filter("Couldn't list the " + QString(audio ? "mic" : "cam"));
+        ASSERT_EQ(lines.size(), 1);
+        EXPECT_TRUE(lines[0].contains(QString::fromStdString(words))) << lines[0].toStdString();
+        EXPECT_FALSE(shown(noneFound) || shown(settings) || shown(is.device));
+        expectWhole();
+        pass(5s);
+        EXPECT_EQ(state(), session);
+    }
+    controls->failList(is.type, std::nullopt);
+    controls->addDevice(is.type, {"new", "New"});
+    controls->removeDevice(is.type, is.id);
+    pass(1s);
+    EXPECT_TRUE(shown("New") && state().*is.listed && !(state().*is.denied));
+    EXPECT_EQ(readings(), 2u) << "one that isn't back yet keeps its reading";
+    openPage();
+    EXPECT_EQ(readings(), 1u);
+}
+
+TEST_P(CapturePagesTests, aListThatIsLostWhileAPageIsOpenComesBack) {
+    openWithAnother();
+    const SessionState session = state();
+    for (const bool byPress : {false, true}) {
+        EXPECT_TRUE(press(is.device, is.open) && opened(is.id));
+        controls->failList(is.type, CaptureList::Fault::noService);
+        if (byPress)
+            EXPECT_TRUE(press("Other", is.open));
+        else
+            pass(1s);
+        EXPECT_EQ(shownTexts(view.get()).filter("Couldn't list the").size(), 1);
+        EXPECT_FALSE(shown(is.device));
+        EXPECT_TRUE(released(is.id));
+        EXPECT_EQ(state(), session) << "no device has failed";
+        controls->failList(is.type, std::nullopt);
+        pass(1s);
+        EXPECT_TRUE(shown(is.device) && shown("Other"));
+        EXPECT_EQ(state(), session);
+    }
+}
+
+TEST_P(CapturePagesTests, aFaultThatComesToLightLaterIsTold) {
+    openPage();
+    const auto attempt = [this](std::optional<OpenFault> fault) {
+        controls->failOpening(is.id, fault);
+        EXPECT_TRUE(press(is.device, is.open));
+        // The capture queue tells in its own time.
+        for (int i = 0; i < 2000 && fault && button(is.device, is.close); ++i) {
+            std::this_thread::sleep_for(1ms);
+            pass(250ms);
+        }
+    };
+    const SessionState before = state();
+    for (const auto& [fault, line] :
+         {std::pair(OpenFault::busy,
+                    "Another program is using " + is.device + ". Close that program, then try again."),
+          std::pair(OpenFault::refused,
+                    "The system doesn't let Tessivo use " + is.device + ". Nothing was measured.")}) {
+        attempt(fault);
+        EXPECT_TRUE(shown(line)) << line;
+        EXPECT_NE(button(is.device, is.open), nullptr) << "it can be tried again";
+        EXPECT_EQ(state(), before);
+        expectWhole();
+    }
+    attempt(OpenFault::broken);
+    EXPECT_TRUE(failed());
+    EXPECT_EQ(shownTexts(view.get()).filter("The system doesn't").size(), 0)
+        << "another attempt, another line";
+    EXPECT_TRUE(shown((audio ? "Couldn't open: " : "Problem: ") + is.device));
+    attempt(std::nullopt);
+    EXPECT_TRUE(failed()) << "nothing has come yet";
+    EXPECT_TRUE(audio ? controls->speak(is.id, -20) : controls->sendFrames(is.id, 4));
+    pass(250ms);
+    EXPECT_FALSE(failed()) << "it opens after all";
+}
+
+TEST_P(CapturePagesTests, withoutAPaneOfSettingsThereIsNoButtonForIt) {
+    controls->setHasSettings(false);
+    controls->setAccess(is.type, AuthorizationStatus::denied);
+    openPage();
+    EXPECT_TRUE(shown(is.kind + " access is off"));
+    EXPECT_FALSE(shown(settings));
+    EXPECT_TRUE(controls->openedURLs().empty());
+    expectWhole();
+}
+
 TEST_P(CapturePagesTests, theTabKeyReachesTheRowsInTheOrderOfThePage) {
     openWithAnother();
     QStringList stops;
