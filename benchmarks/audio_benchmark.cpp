@@ -25,9 +25,10 @@ using namespace std::chrono_literals;
 
 struct Bench {
     Bench() {
-        daemon.start({"module-null-sink sink_name=one rate=48000 channels=2 norewinds=1",
-                      "module-null-sink sink_name=two rate=48000 channels=2 norewinds=1",
-                      "module-remap-source master=one.monitor source_name=mic"});
+        daemon.start(
+            {"module-null-sink sink_name=one rate=48000 channels=2 norewinds=1",
+             "module-null-sink sink_name=two rate=48000 channels=2 norewinds=1",
+             "module-remap-source master=one.monitor source_name=mic source_properties=device.class=sound"});
         waitFor([this] { return server->snapshot()->sources.size() == 3; });
     }
 

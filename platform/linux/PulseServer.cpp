@@ -237,9 +237,10 @@ void PulseServer::add(const pa_sink_info& info) {
 }
 
 void PulseServer::add(const pa_source_info& info) {
-    // Sources of a sound card say so in one way or the other, whichever server it is.
-    const bool hardware =
-        (info.flags & PA_SOURCE_HARDWARE) || property(info.proplist, PA_PROP_DEVICE_CLASS) == "sound";
+    // Servers differ in how they say that a source is of a sound card or a headset.
+    const bool hardware = (info.flags & PA_SOURCE_HARDWARE) ||
+                          property(info.proplist, PA_PROP_DEVICE_CLASS) == "sound" ||
+                          !property(info.proplist, PA_PROP_DEVICE_API).empty();
     m_listing.sources.push_back({.name = info.name,
                                  .description = optionalText(info.description),
                                  .monitorsSink = info.monitor_of_sink != PA_INVALID_INDEX,

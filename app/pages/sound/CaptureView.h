@@ -118,7 +118,7 @@ private:
                                 QStringLiteral(". Close that program, then try again."));
         case OpenFault::refused:
             return m_list->tell(QStringLiteral("The system doesn't let Tessivo use ") + name +
-                                QStringLiteral(". Nothing was measured."));
+                                QStringLiteral(". Allow it in the settings, then try again."));
         }
     }
 

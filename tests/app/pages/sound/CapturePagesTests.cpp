@@ -214,8 +214,8 @@ TEST_P(CapturePagesTests, aFaultThatComesToLightLaterIsTold) {
     for (const auto& [fault, line] :
          {std::pair(OpenFault::busy,
                     "Another program is using " + is.device + ". Close that program, then try again."),
-          std::pair(OpenFault::refused,
-                    "The system doesn't let Tessivo use " + is.device + ". Nothing was measured.")}) {
+          std::pair(OpenFault::refused, "The system doesn't let Tessivo use " + is.device +
+                                            ". Allow it in the settings, then try again.")}) {
         attempt(fault);
         EXPECT_TRUE(shown(line)) << line;
         EXPECT_NE(button(is.device, is.open), nullptr) << "it can be tried again";
