@@ -114,8 +114,9 @@ private:
         case OpenFault::broken:
             return changeReading(device.uniqueID, [](Reading& reading) { reading.failed = true; });
         case OpenFault::busy:
-            return m_list->tell(QStringLiteral("Another program is using ") + name +
-                                QStringLiteral(". Close that program, then try again."));
+            return m_list->tell(QStringLiteral("Couldn't use ") + name +
+                                QStringLiteral(": another program or the system holds it. "
+                                               "Close other programs, then try again."));
         case OpenFault::refused:
             return m_list->tell(QStringLiteral("The system doesn't let Tessivo use ") + name +
                                 QStringLiteral(". Allow it in the settings, then try again."));

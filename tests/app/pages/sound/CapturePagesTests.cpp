@@ -213,7 +213,8 @@ TEST_P(CapturePagesTests, aFaultThatComesToLightLaterIsTold) {
     const SessionState before = state();
     for (const auto& [fault, line] :
          {std::pair(OpenFault::busy,
-                    "Another program is using " + is.device + ". Close that program, then try again."),
+                    "Couldn't use " + is.device +
+                        ": another program or the system holds it. Close other programs, then try again."),
           std::pair(OpenFault::refused, "The system doesn't let Tessivo use " + is.device +
                                             ". Allow it in the settings, then try again.")}) {
         attempt(fault);
