@@ -28,8 +28,7 @@ public:
     explicit FirstPaint(QWidget& window) { window.installEventFilter(this); }
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::Paint)
-            QMetaObject::invokeMethod(
-                qApp, [] { ::_exit(0); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(qApp, [] { ::_exit(0); }, Qt::QueuedConnection);
         return false;
     }
 };

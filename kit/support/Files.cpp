@@ -100,7 +100,7 @@ void writeAll(const Descriptor& file, std::string_view bytes, const path& name, 
 
 /// What a new file may be used for: as the one it replaces, else what the user's mask leaves.
 unsigned modeFor(const path& file) {
-    struct stat status {};
+    struct stat status{};
     if (::stat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode)) return (status.st_mode & 0777) | 0600;
     return 0666;
 }
@@ -183,7 +183,7 @@ std::string read(const path& file, std::uintmax_t largest) {
 }
 
 void read(const path& file, std::uintmax_t largest, std::string& bytes) {
-    struct stat status {};
+    struct stat status{};
     // Looked at before it is opened: merely opening a FIFO or a device can do something.
     if (::stat(file.c_str(), &status) < 0) fail(errno, "can't read", file);
     check(status, file, largest);

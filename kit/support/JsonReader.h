@@ -177,7 +177,7 @@ struct Reader<std::map<std::string, T>> {
 
 /// A map with an enumeration as key is an array of alternating keys and values.
 template <class Enum, class T>
-requires std::is_enum_v<Enum>
+    requires std::is_enum_v<Enum>
 struct Reader<std::map<Enum, T>> {
     static std::map<Enum, T> read(const Value& value, const Path& path, DateForm form) {
         std::map<Enum, T> map;

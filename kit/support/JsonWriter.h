@@ -33,8 +33,10 @@ public:
     void writeNull() { m_out += "null"; }
 
     template <class E>
-    requires std::is_enum_v<E>
-    void write(E value) { write(rawValue(value)); }
+        requires std::is_enum_v<E>
+    void write(E value) {
+        write(rawValue(value));
+    }
 
     template <class T>
     void write(const std::vector<T>& list) {
@@ -57,7 +59,7 @@ public:
 
     /// A map with an enumeration as key is an array of alternating keys and values.
     template <class E, class T>
-    requires std::is_enum_v<E>
+        requires std::is_enum_v<E>
     void write(const std::map<E, T>& map) {
         open('[');
         for (const auto& [key, value] : map) {
@@ -70,7 +72,8 @@ public:
     }
 
     template <class T>
-    requires boost::describe::has_describe_members<T>::value void write(const T& record) {
+        requires boost::describe::has_describe_members<T>::value
+    void write(const T& record) {
         using Members = boost::describe::describe_members<T, boost::describe::mod_any_access>;
         using Sorted = boost::mp11::mp_sort<Members, IsNamedBefore>;
         open('{');

@@ -70,8 +70,7 @@ void LinuxCaptureDevices::requestAccess(MediaType type, std::function<void(bool)
     };
     QTimer::singleShot(patience, m_mainThread.get(), [settle] { settle(true); });
     auto listed = [settle, main = m_mainThread] {
-        QMetaObject::invokeMethod(
-            main.get(), [settle] { settle(false); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(main.get(), [settle] { settle(false); }, Qt::QueuedConnection);
     };
     if (type == MediaType::video)
         m_cameras.list(std::move(listed));

@@ -15,7 +15,7 @@ namespace {
 std::optional<std::string> readFile(int folder, const char* path) {
     // Not blocking: a pipe in place of a file must not hold the main thread.
     const Descriptor file(::openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    struct stat status {};
+    struct stat status{};
     if (file < 0 || ::fstat(file, &status) != 0) return std::nullopt;
     if (!S_ISREG(status.st_mode)) {
         errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;

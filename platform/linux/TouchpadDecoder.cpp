@@ -74,7 +74,7 @@ bool TouchpadDecoder::handle(const input_event& event) {
     return reportEnds;
 }
 
-void TouchpadDecoder::change(int Slot::*field, int value) {
+void TouchpadDecoder::change(int Slot::* field, int value) {
     if (m_current < m_slots.size()) m_slots[m_current].*field = value;
 }
 

@@ -44,7 +44,7 @@ public:
     std::vector<FingerPosition> fingers() const;
 
 private:
-    void change(int Slot::*field, int value);
+    void change(int Slot::* field, int value);
 
     Range m_x, m_y;
     std::vector<Slot> m_slots;

@@ -105,15 +105,9 @@ TEST_F(JackTest, aToneThatLosesItsJackEnds) {
         {"the route changes", [this](auto& player) { player->route(m_server->snapshot()->sinks[0].id); },
          speaker},
         {"the port flips back",
-         [this](auto&) {
-             m_daemon.run("pactl", {"set-sink-port", StandInCard::sink, speaker});
-         },
-         speaker},
+         [this](auto&) { m_daemon.run("pactl", {"set-sink-port", StandInCard::sink, speaker}); }, speaker},
         {"another port is chosen",
-         [this](auto&) {
-             m_daemon.run("pactl", {"set-sink-port", StandInCard::sink, lineOut});
-         },
-         lineOut},
+         [this](auto&) { m_daemon.run("pactl", {"set-sink-port", StandInCard::sink, lineOut}); }, lineOut},
         {"the plug is pulled", [this](auto&) { m_card.plug("Headphone Jack", false); }, speaker},
     };
     for (const auto& row : cases) {

@@ -199,9 +199,7 @@ TEST_F(MicrophoneTest, aSourceThatTheServerRefusesHasAFaultAndAnotherOneWaits) {
         others.back()->startRunning();
     }
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] {
-            return m_daemon.run("pactl", {"list", "short", "source-outputs"}).count('\n') > 256;
-        },
+        [&] { return m_daemon.run("pactl", {"list", "short", "source-outputs"}).count('\n') > 256; },
         SoundDaemon::patience));
     EXPECT_EQ(faultOfListening(), OpenFault::broken);
     others.clear();

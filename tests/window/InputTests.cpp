@@ -133,9 +133,8 @@ TEST_P(EveryKey, turnsTheDiagramGreen) {
     stop();
     ASSERT_TRUE(clickWith(button(QStringLiteral("fn, not tested"))));
     const auto total = std::int64_t(layout.codes().size());
-    EXPECT_TRUE(eventually([&] {
-        return state().keyboard.progress() == KeyboardTest::Progress{total, total};
-    }));
+    EXPECT_TRUE(
+        eventually([&] { return state().keyboard.progress() == KeyboardTest::Progress{total, total}; }));
     for (const KeySpec& spec : layout.testableKeys()) {
         const QString name =
             QString::fromStdString(spec.name()) +

@@ -57,7 +57,7 @@ QWidget* HeadphonesView::makeStatus() {
 }
 
 ToneBlock* HeadphonesView::addBlock(const QString& title, const QString& side,
-                                    ManualAnswer HeadphoneTest::*answer, bool left) {
+                                    ManualAnswer HeadphoneTest::* answer, bool left) {
     auto* block = new ToneBlock(title, QStringLiteral("Heard it clearly, in that ear only?"),
                                 QStringLiteral("Missing or crackly"));
     block->setPlayHint(QStringLiteral("Plays a tone in the ") + side + QStringLiteral(" ear"));

@@ -28,7 +28,7 @@ protected:
 
 private:
     QWidget* makeStatus();
-    ToneBlock* addBlock(const QString& title, const QString& side, ManualAnswer HeadphoneTest::*answer,
+    ToneBlock* addBlock(const QString& title, const QString& side, ManualAnswer HeadphoneTest::* answer,
                         bool left);
     void play(bool left);
     void scan();

@@ -32,7 +32,7 @@ private:
     /// One tone with its answer.
     struct Side {
         const char* title;
-        ManualAnswer SpeakerTest::*answer;
+        ManualAnswer SpeakerTest::* answer;
         bool left;
         bool right;
         ToneBlock* block = nullptr;

@@ -125,9 +125,8 @@ TEST_F(TestPageTest, doesNoWorkForWhatItDoesNotShow) {
 TEST_F(TestPageTest, standsWholeWhenNarrowLargeAndFullOfOddText) {
     const QString odd =
         text("\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D <b>\xF0\x9F\x8E\xA7</b>\x01") + QString(400, QLatin1Char('W'));
-    model.change([&](SessionState& state) {
-        state.overrides[TestID::keyboard] = {false, odd.toStdString()};
-    });
+    model.change(
+        [&](SessionState& state) { state.overrides[TestID::keyboard] = {false, odd.toStdString()}; });
     for (const double points : {10.0, 24.0}) {
         const DesktopLook look(points);
         for (const QSize size : {QSize(950, 752), QSize(620, 520)}) {

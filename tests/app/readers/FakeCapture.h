@@ -33,7 +33,7 @@ public:
     }
 
     /// Waits a while for the capture queue to get there.
-    bool waitFor(bool FakeSession::*what) {
+    bool waitFor(bool FakeSession::* what) {
         std::unique_lock lock(m_mutex);
         return m_changed.wait_for(lock, std::chrono::seconds(5), [&] { return this->*what; });
     }

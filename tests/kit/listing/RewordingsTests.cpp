@@ -104,7 +104,7 @@ const auto claims = Text::lines(
     "garantizado\nreacondicionado\ntodo funciona\nsin rayones\nexcelente\nbuen estado\npasó todas");
 
 const char* const bounds[] = {
-    " ", "\n",     "\r\n", ".", ",", ";", "!", "?", "¡", "¿", "(",   ")", "\"",
+    " ", "\n",     "\r\n", ".", ",", ";", "!", "?", "¡", "¿", "(",   ")",  "\"",
     "“", "”",      "'",    "’", "-", "–", "—", "/", "*", "_", "** ", "👍", "👨‍👩‍👧‍👦",
     "€", "\u00a0", "…",    "·"};
 const char* const letters[] = {"x", "S", "é", "e\u0301", "ñ", "ж", "字", "½", "²", "ß"};

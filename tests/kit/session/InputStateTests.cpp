@@ -69,8 +69,8 @@ TEST(TrackpadTest, aForceClickOrAFingerCountAloneDoesNotStartIt) {
     test.forceClicked = true;
     EXPECT_EQ(test.maxFingers, 3);
     EXPECT_FALSE(test.started());
-    for (bool TrackpadTest::*flag : {&TrackpadTest::clicked, &TrackpadTest::secondaryClicked,
-                                     &TrackpadTest::scrolled, &TrackpadTest::zoomed}) {
+    for (bool TrackpadTest::* flag : {&TrackpadTest::clicked, &TrackpadTest::secondaryClicked,
+                                      &TrackpadTest::scrolled, &TrackpadTest::zoomed}) {
         TrackpadTest one;
         one.*flag = true;
         EXPECT_TRUE(one.started());

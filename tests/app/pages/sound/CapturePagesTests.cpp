@@ -12,8 +12,8 @@ struct CapturePage {
     std::string kind;
     std::string device, id;
     std::string open, close;
-    bool SessionState::*denied;
-    bool SessionState::*listed;
+    bool SessionState::* denied;
+    bool SessionState::* listed;
 };
 
 const CapturePage pages[] = {
