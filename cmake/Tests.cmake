@@ -76,4 +76,5 @@ tessivo_test(threads TIMEOUT 600)
 # These run the programs as a person would.
 if(TARGET whole_tests)
     add_dependencies(whole_tests tessivo tessivo-probe)
+    add_dependencies(window_tests tessivo)
 endif()

@@ -21,16 +21,21 @@ bool managesScreen() {
 
 } // namespace
 
-XServer::XServer() {
+QByteArray startServer(QProcess& server, const QString& size, const QStringList& arguments) {
     // The server writes the number of the display it took once it can be used.
-    m_server.setStandardErrorFile(QProcess::nullDevice());
-    m_server.start(QStringLiteral("Xvfb"),
-                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"),
-                    QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-screen"),
-                    QStringLiteral("0"), QStringLiteral("1280x1200x24")});
-    while (!m_server.canReadLine())
-        if (!m_server.waitForReadyRead(20'000)) throw std::runtime_error("Xvfb doesn't start");
-    qputenv("DISPLAY", ":" + m_server.readLine().trimmed());
+    server.setStandardErrorFile(QProcess::nullDevice());
+    server.start(QStringLiteral("Xvfb"),
+                 QStringList{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"),
+                             QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-screen"),
+                             QStringLiteral("0"), size + QStringLiteral("x24")} +
+                     arguments);
+    while (!server.canReadLine())
+        if (!server.waitForReadyRead(20'000)) throw std::runtime_error("Xvfb doesn't start");
+    return ":" + server.readLine().trimmed();
+}
+
+XServer::XServer() {
+    qputenv("DISPLAY", startServer(m_server, QStringLiteral("1280x1200")));
     m_windowManager.setStandardErrorFile(QProcess::nullDevice());
     m_windowManager.start(QStringLiteral("openbox"), QStringList());
     m_windowManager.waitForStarted(20'000);

@@ -8,6 +8,10 @@ class QWidget;
 
 namespace tessivo::windowtest {
 
+/// Starts an X server without a screen, of a size such as "800x600", on a display number that was free, and
+/// gives what DISPLAY is for it. Throws std::runtime_error if it doesn't come up.
+QByteArray startServer(QProcess& server, const QString& size, const QStringList& arguments = {});
+
 /// A real X server without a screen, with a window manager, on a display number that was free. While it
 /// lives this process' DISPLAY names it. Throws std::runtime_error if it doesn't come up.
 class XServer final {
