@@ -16,6 +16,7 @@
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "probe/Arguments.h"
+#include "probe/CompareCommand.h"
 #include "probe/ProbeInput.h"
 #include "probe/ProbeOutput.h"
 
@@ -35,7 +36,8 @@ constexpr const char* usage =
     "                            [--time-zone ZONE] [--serial]\n"
     "                            --as text|json|pdf|session|listing-en|listing-es [--output FILE]\n"
     "       tessivo-probe guard --report FILE --language en|es [--serial] --draft FILE\n"
-    "       tessivo-probe history FOLDER\n";
+    "       tessivo-probe history FOLDER\n"
+    "       tessivo-probe compare BEFORE AFTER [--as text|json]\n";
 
 // No file of this program comes near.
 constexpr std::uintmax_t largestInput = HistoryStore::largestFile;
@@ -254,6 +256,9 @@ void tell(const char* what) {
 
 int run(const std::vector<std::string>& arguments) {
     try {
+        // The one command whose answer is its status too.
+        if (!arguments.empty() && arguments.front() == "compare")
+            return CompareCommand::run({arguments.begin() + 1, arguments.end()});
         runCommand(arguments);
         return 0;
     } catch (const UsageError& error) {
