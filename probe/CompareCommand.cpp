@@ -3,6 +3,7 @@
 #include "kit/report/ComparisonText.h"
 #include "kit/report/HistoryStore.h"
 #include "kit/support/Files.h"
+#include "kit/support/Json.h"
 #include "probe/Arguments.h"
 #include "probe/ProbeOutput.h"
 

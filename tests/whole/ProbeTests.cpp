@@ -188,6 +188,25 @@ TEST(Probe, guardAndHistory) {
               (PropertyMap{{"issues", PropertyList{Property(PropertyList{"empty", Property()})}}}));
 }
 
+TEST(Probe, comparesTwoReportsAndSaysByItsStatusWhetherAllWorks) {
+    const TemporaryFolder folder;
+    ConditionReport seller = sampleReport(), buyer = seller;
+    buyer.created.seconds += 86'400;
+    buyer.results[8].details.front() = "MacBook Air Microphone: loudest -9 dB";
+    const auto before = folder.write("before.json", HistoryStore::encode(seller));
+    const auto after = folder.write("after.json", HistoryStore::encode(buyer));
+    const Outcome good = probe({"compare", q(before), q(after)});
+    EXPECT_EQ(good.status, 0) << good.err;
+    EXPECT_THAT(good.out, AllOf(StartsWith("TWO REPORTS COMPARED\n"),
+                                HasSubstr("\nSame Mac, and all 12 tests that worked then work now.\n")));
+    EXPECT_EQ(probe({"compare", q(before), q(before)}).status, 3) << "nothing was tested since";
+    buyer.results[3].status = TestStatus::problem;
+    const auto worse = folder.write("worse.json", HistoryStore::encode(buyer));
+    const Outcome bad = probe({"compare", "--as", "json", q(worse), q(before)});
+    EXPECT_EQ(bad.status, 3);
+    EXPECT_EQ(text(parsePropertyMap(bad.out), "verdictText"), "1 thing is worse than the report says.");
+}
+
 TEST(Probe, aFaultIsOneLineThatNamesTheFile) {
     const TemporaryFolder folder;
     const QString missing = q(folder / "missing.json");
@@ -208,6 +227,8 @@ TEST(Probe, aFaultIsOneLineThatNamesTheFile) {
         {missing, "history", missing},
         {missing, "machine", "--root", missing},
         {report, "machine", "--root", report},
+        {missing, "compare", report, missing},
+        {broken, "compare", broken, report},
         {report, "history", report},
         {report + "/x", "report", "--as", "text", "--output", report + "/x"},
         {"/dev/full", "report", "--as", "text", "--output", "/dev/full"},
@@ -237,11 +258,11 @@ TEST(Probe, noPDFIsMadeOfBoxes) {
 }
 
 TEST(Probe, wrongUsage) {
-    for (const char* line :
-         {"", "reprot", "machine more", "report", "report --as", "report --as html",
-          "report --as text --as text", "report --as text --at yesterday",
-          "report --as text --time-zone Mars/Base", "report --as text --loud", "guard --report x --draft x",
-          "guard --report x --language fr --draft x", "history", "history a b"})
+    for (const char* line : {"", "reprot", "machine more", "report", "report --as", "report --as html",
+                             "report --as text --as text", "report --as text --at yesterday",
+                             "report --as text --time-zone Mars/Base", "report --as text --loud",
+                             "guard --report x --draft x", "guard --report x --language fr --draft x",
+                             "history", "history a b", "compare a", "compare a b c", "compare a b --as pdf"})
         EXPECT_EQ(probe(QString(line).split(' ', Qt::SkipEmptyParts)).status, 2) << line;
 }
 
