@@ -1,11 +1,12 @@
-// Pictures of every page and of a running keyboard test, light and dark, at the first size and the smallest:
-// `tessivo-gallery FOLDER [PAGE...]`.
+// Pictures of every page, of a running keyboard test and of a comparison, light and dark, at the first size
+// and the smallest: `tessivo-gallery FOLDER [PAGE...]`.
 
 #include "app/controls/QtDialogs.h"
 #include "app/controls/Theme.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/RootView.h"
 #include "kit/Samples.h"
+#include "kit/report/ReportAssembler.h"
 #include "platform/QtScheduler.h"
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/SimulatedPlatform.h"
@@ -15,6 +16,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QListView>
 #include <QTimer>
 #include <cstdio>
 #include <numeric>
@@ -34,6 +36,7 @@ void settle() {
 }
 
 const QString keyboardRunning = QStringLiteral("keyboard-running");
+const QString compare = QStringLiteral("compare");
 
 struct Machine {
     const char* name;
@@ -80,6 +83,30 @@ void runKeyboardTest(RootView& window, AppModel& model) {
     }
 }
 
+/// The comparison of a report in History with this Mac now, tested again: a key died, the battery is another
+/// one, and the display wasn't looked at.
+void openComparison(RootView& window, AppModel& model) {
+    SessionState session = Samples::session(model.state().machine);
+    session.started = Date::now();
+    if (!session.microphones.empty()) session.microphones.front().peak = -9.0;
+    session.display.answer = ManualAnswer::unanswered;
+    session.display.shown.clear();
+    session.overrides[TestID::keyboard].problem = "The F key gives nothing.";
+    model.setState(session);
+    const Date sold{session.started.seconds - 9 * 86'400};
+    model.saveToHistory(
+        ReportAssembler::make(Samples::session(session.machine), sold, AppModel::appVersion(), {}));
+    model.setPage(Page::history);
+    settle();
+    auto* list = window.findChild<QListView*>();
+    list->setCurrentIndex(list->model()->index(list->model()->rowCount() - 1, 0));
+    settle();
+    for (auto* button : window.findChildren<QAbstractButton*>())
+        if (button->text() == QStringLiteral("Compare…")) button->click();
+    while (model.reading())
+        settle();
+}
+
 int takeAll(const QDir& folder, const QStringList& wanted, Dialogs& dialogs) {
     const auto isWanted = [&](const QString& name) { return wanted.isEmpty() || wanted.contains(name); };
     int pictures = 0;
@@ -112,9 +139,15 @@ int takeAll(const QDir& folder, const QStringList& wanted, Dialogs& dialogs) {
                     take(name, smallest);
                 }
             }
-            if (!isWanted(keyboardRunning)) continue;
-            runKeyboardTest(window, delegate.model());
-            take(keyboardRunning, false);
+            if (isWanted(keyboardRunning)) {
+                runKeyboardTest(window, delegate.model());
+                take(keyboardRunning, false);
+            }
+            if (!isWanted(compare)) continue;
+            openComparison(window, delegate.model());
+            take(compare, false);
+            window.resize(window.minimumSize());
+            take(compare, true);
         }
     }
     return pictures;

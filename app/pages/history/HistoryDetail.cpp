@@ -4,10 +4,12 @@
 #include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
+#include "app/pages/compare/CompareSheet.h"
 #include "app/pages/report/ReportActions.h"
 #include "app/pages/report/SheetView.h"
 
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace tessivo {
 
@@ -20,6 +22,7 @@ constexpr int messageLines = 2;
 
 HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
     : QWidget(parent),
+      m_context(context),
       m_sheet(new SheetView(this)),
       m_divider(new Divider),
       m_bar(new QWidget),
@@ -27,6 +30,9 @@ HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
           context, [this] { return m_report.value(); }, ReportActions::History::leave,
           ReportActions::Shape::grid)),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
+    auto* compare = new Button(tr("Compare…"), QStringLiteral("arrow.left.arrow.right"));
+    m_actions->add(compare);
+    connect(compare, &Button::clicked, this, &HistoryDetail::compare);
     auto* remove = new Button(tr("Delete"), QStringLiteral("trash"), Button::Kind::destructive);
     m_actions->add(remove);
     connect(remove, &Button::clicked, this, [this] {
@@ -49,6 +55,18 @@ HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
     column->addWidget(m_sheet, 1);
     column->addWidget(m_divider);
     column->addWidget(m_bar);
+}
+
+HistoryDetail::~HistoryDetail() {
+    delete m_compare;
+}
+
+void HistoryDetail::compare() {
+    const auto& history = m_context.model.history();
+    if (!m_report || m_compare || !std::ranges::count(history, m_report->id, &ConditionReport::id)) return;
+    m_compare = new CompareSheet(m_context, *m_report, window());
+    connect(m_compare, &Sheet::dismissed, m_compare, &QObject::deleteLater);
+    m_compare->show();
 }
 
 void HistoryDetail::resizeEvent(QResizeEvent* event) {

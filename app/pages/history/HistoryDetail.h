@@ -2,11 +2,13 @@
 
 #include "app/pages/PageContext.h"
 
+#include <QPointer>
 #include <QWidget>
 #include <optional>
 
 namespace tessivo {
 
+class CompareSheet;
 class Divider;
 class ReportActions;
 class SheetView;
@@ -19,6 +21,7 @@ class HistoryDetail final : public QWidget {
 
 public:
     explicit HistoryDetail(const PageContext& context, QWidget* parent = nullptr);
+    ~HistoryDetail() override;
 
     /// Another report is shown from its beginning.
     void setReport(const ConditionReport& report);
@@ -32,6 +35,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void compare();
+
+    PageContext m_context;
     std::optional<ConditionReport> m_report;
     SheetView* m_sheet;
     Divider* m_divider;
@@ -39,6 +45,7 @@ private:
     QWidget* m_foot; ///< the buttons and the message
     ReportActions* m_actions;
     TextLabel* m_message;
+    QPointer<CompareSheet> m_compare; // it stands in the window
 };
 
 } // namespace tessivo

@@ -1,0 +1,271 @@
+#include "app/pages/compare/CompareSheet.h"
+
+#include "app/controls/Button.h"
+#include "app/controls/Panel.h"
+#include "app/controls/Picker.h"
+#include "app/controls/StatusBadge.h"
+#include "app/controls/TextLabel.h"
+#include "app/controls/WrapRow.h"
+#include "app/pages/compare/ComparisonView.h"
+#include "kit/report/ComparisonText.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace tessivo {
+
+namespace {
+
+constexpr int sheetPadding = 22;
+constexpr int verdictLines = 2;
+
+using Verdict = ReportComparison::Verdict;
+
+struct VerdictLook {
+    const char* symbol;
+    ColorRole color;
+};
+
+VerdictLook look(Verdict verdict) {
+    switch (verdict) {
+    case Verdict::anotherMac:
+    case Verdict::contradicting:
+    case Verdict::worse:
+        return {"xmark.octagon.fill", ColorRole::redGlyph};
+    case Verdict::nothingTested:
+    case Verdict::cantTell:
+        return {"hand.raised.circle.fill", ColorRole::orangeGlyph};
+    case Verdict::notAllRunAgain:
+        return {"circle.lefthalf.filled", ColorRole::blueGlyph};
+    case Verdict::allWork:
+        return {"checkmark.circle.fill", ColorRole::greenGlyph};
+    }
+    return {"circle", ColorRole::grayGlyph};
+}
+
+/// "Before", a date and, where it is, "this Mac now".
+QString dateLine(const QString& name, Date created, bool isNow) {
+    const QString line = name + ": " + QString::fromStdString(created.shortText());
+    return isNow ? line + ", " + CompareSheet::tr("this Mac now") : line;
+}
+
+} // namespace
+
+CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& report, QWidget* window)
+    : Sheet(window),
+      m_context(context),
+      m_choices(context.model.history()),
+      m_report(new Picker(tr("Report"))),
+      m_other(new Picker(tr("Compared with"))),
+      m_search(new QLineEdit),
+      m_found(new TextLabel({}, TextRole::callout, ColorRole::text2)),
+      m_dates(new TextLabel({}, TextRole::callout, ColorRole::text2)),
+      m_symbol(new SymbolView({}, SymbolSize::row, ColorRole::text2)),
+      m_verdict(new TextLabel({}, TextRole::resultSummary)),
+      m_items(new ComparisonView),
+      m_copy(new Button(tr("Copy as Text"), QStringLiteral("doc.on.doc"))) {
+    setAccessibleName(tr("Compare Reports"));
+    add(makeHead());
+    add(m_items, 1);
+    add(new Divider);
+    add(makeFoot());
+
+    const std::size_t place = m_choices.placeOf(report).value_or(0);
+    m_reports = m_choices.ofSameMac(place);
+    QStringList labels;
+    for (const std::size_t each : m_reports)
+        labels << m_choices.label(each);
+    m_report->setChoices(labels);
+    m_report->setCurrentIndex(int(std::ranges::find(m_reports, place) - m_reports.begin()));
+    m_search->setVisible(m_choices.hasMore(m_reports));
+    offerOthers();
+
+    AppModel& model = m_context.model;
+    connect(m_report, &QComboBox::activated, this, [this] {
+        m_search->clear();
+        offerOthers();
+        compare();
+    });
+    connect(m_other, &QComboBox::activated, this, [this] { compare(); });
+    connect(m_search, &QLineEdit::textEdited, this, &CompareSheet::search);
+    connect(m_copy, &Button::clicked, this, &CompareSheet::copy);
+    connect(&model, &AppModel::readingChanged, this, [this] {
+        if (!m_isWaiting || m_context.model.reading()) return;
+        m_isWaiting = false;
+        m_now = m_context.model.makeReport();
+        if (!m_others[std::size_t(m_other->currentIndex())]) compare();
+    });
+    // The places are those of the list as it was.
+    connect(&model, &AppModel::historyChanged, this, [this] { dismiss(); });
+    compare();
+}
+
+QWidget* CompareSheet::makeHead() {
+    auto* head = new Column;
+    head->column().setContentsMargins(sheetPadding, sheetPadding, sheetPadding, Space::xs);
+    auto* title = new TextLabel(tr("Compare Reports"), TextRole::sheetTitle);
+    title->setHeading(true);
+    head->add(title);
+    addPicker(*head, m_report, Space::l);
+    addPicker(*head, m_other, Space::s);
+    m_search->setPlaceholderText(tr("Search the other reports"));
+    m_search->setAccessibleName(tr("Search the other reports"));
+    m_search->setMaxLength(200);
+    m_search->setFixedHeight(theme().scaled(Height::field));
+    m_search->installEventFilter(this);
+    head->add(m_search, Space::s);
+    m_found->setMaximumLines(1);
+    m_found->hide();
+    head->add(m_found, Space::xxs);
+    head->add(m_dates, Space::l);
+    head->add(makeVerdict(), Space::s);
+    return head;
+}
+
+void CompareSheet::addPicker(Column& head, Picker* picker, int gapAbove) {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Space::l);
+    auto* label = new TextLabel(picker->accessibleName(), TextRole::body, ColorRole::text2);
+    label->setMaximumLines(1);
+    label->setFixedWidth(theme().scaled(Width::identityLabel));
+    // The longest choice elides rather than widening the sheet.
+    picker->setPreferredWidth(Width::tileMinimum);
+    picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    layout->addWidget(label);
+    layout->addWidget(picker, 1);
+    head.add(row, gapAbove);
+}
+
+QWidget* CompareSheet::makeVerdict() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Space::s);
+    layout->addWidget(m_symbol, 0, Qt::AlignTop);
+    m_verdict->setHeading(true);
+    m_verdict->setSelectable(true);
+    m_verdict->setReservedLines(verdictLines);
+    layout->addWidget(m_verdict, 1);
+    return row;
+}
+
+QWidget* CompareSheet::makeFoot() {
+    auto* foot = new Column;
+    foot->column().setContentsMargins(sheetPadding, Space::l, sheetPadding, sheetPadding);
+    foot->add(
+        new TextLabel(QString::fromUtf8(ComparisonText::disclaimer), TextRole::callout, ColorRole::text2));
+    auto* buttons = new WrapRow(nullptr, Space::heading);
+    auto* done = new Button(tr("Done"), {}, Button::Kind::prominent);
+    done->setDefaultAction(true);
+    buttons->add(m_copy);
+    buttons->add(done);
+    foot->add(buttons, Space::l, Qt::AlignRight);
+    connect(done, &Button::clicked, this, [this] { dismiss(); });
+    return foot;
+}
+
+bool CompareSheet::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_search &&
+        (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress)) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        // Return ends a search, not the sheet.
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            event->accept();
+            return true;
+        }
+    }
+    return Sheet::eventFilter(watched, event);
+}
+
+void CompareSheet::offerOthers() {
+    m_found->hide();
+    const std::size_t chosen = m_reports[std::size_t(m_report->currentIndex())];
+    m_others = {std::nullopt};
+    QStringList labels{tr("This Mac now")};
+    for (const std::size_t place : m_reports) {
+        if (place == chosen) continue;
+        m_others.emplace_back(place);
+        labels << m_choices.label(place);
+    }
+    m_other->setChoices(labels);
+    m_other->setCurrentIndex(0);
+}
+
+void CompareSheet::search(const QString& words) {
+    if (words.trimmed().isEmpty()) {
+        offerOthers();
+        compare();
+        return;
+    }
+    const auto found = m_choices.found(words, m_reports[std::size_t(m_report->currentIndex())]);
+    const QString count = found.size() == ReportChoices::most
+                              ? tr("The newest 50 of those found are offered.")
+                          : found.size() == 1 ? tr("1 report found")
+                                              : tr("%1 reports found").arg(found.size());
+    m_found->setText(count);
+    m_found->show();
+    if (found.empty()) return; // what is shown stays
+    m_others.assign(found.begin(), found.end());
+    QStringList labels;
+    for (const std::size_t place : found)
+        labels << m_choices.label(place);
+    m_other->setChoices(labels);
+    m_other->setCurrentIndex(0);
+    compare();
+}
+
+void CompareSheet::compare() {
+    const auto& history = m_context.model.history();
+    const ConditionReport& report = history[m_reports[std::size_t(m_report->currentIndex())]];
+    const auto other = m_others[std::size_t(m_other->currentIndex())];
+    if (other)
+        showComparison(ReportComparison::make(report, history[*other]), false);
+    else if (m_now)
+        showComparison(ReportComparison::make(report, *m_now, m_context.model.state().started), true);
+    else
+        readThisMac();
+}
+
+void CompareSheet::readThisMac() {
+    showReading();
+    if (m_isWaiting) return;
+    m_isWaiting = true;
+    m_context.model.readBattery();
+    m_context.model.readEnrollment();
+}
+
+void CompareSheet::showReading() {
+    m_comparison.reset();
+    m_copy->setEnabled(false);
+    m_dates->setText(tr("This Mac now"));
+    m_symbol->setSymbol(QStringLiteral("circle.dotted"), ColorRole::text2);
+    m_verdict->setText(tr("Reading battery and device management again…"));
+    m_items->setWords({});
+    m_items->follow(m_search);
+}
+
+void CompareSheet::showComparison(ReportComparison comparison, bool withNow) {
+    m_comparison = std::move(comparison);
+    const bool nowIsBefore = withNow && m_comparison->before.id == m_now->id;
+    m_dates->setText(dateLine(tr("Before"), m_comparison->before.created, nowIsBefore) + " · " +
+                     dateLine(tr("After"), m_comparison->after.created, withNow && !nowIsBefore));
+    const VerdictLook verdict = look(m_comparison->verdict);
+    m_symbol->setSymbol(QString::fromUtf8(verdict.symbol), verdict.color);
+    m_verdict->setText(QString::fromStdString(m_comparison->verdictText));
+    m_items->setComparison(*m_comparison);
+    m_items->follow(m_search);
+    m_copy->setEnabled(true);
+    QAccessibleEvent announcement(m_verdict, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announcement);
+}
+
+void CompareSheet::copy() {
+    m_context.model.platform().desktop().setPasteboardText(ComparisonText::text(*m_comparison, {}));
+    m_context.model.setMessage("Copied. Paste it into a message.");
+}
+
+} // namespace tessivo
