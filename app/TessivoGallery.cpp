@@ -96,10 +96,15 @@ void openComparison(RootView& window, AppModel& model) {
     const Date sold{session.started.seconds - 9 * 86'400};
     model.saveToHistory(
         ReportAssembler::make(Samples::session(session.machine), sold, AppModel::appVersion(), {}));
+    // Another Mac's report, so that there is something to search for.
+    MachineInfo other = Samples::machine();
+    other.modelID = "MacBookPro17,1";
+    model.saveToHistory(
+        ReportAssembler::make(Samples::session(other), {sold.seconds - 1}, AppModel::appVersion(), {}));
     model.setPage(Page::history);
     settle();
     auto* list = window.findChild<QListView*>();
-    list->setCurrentIndex(list->model()->index(list->model()->rowCount() - 1, 0));
+    list->setCurrentIndex(list->model()->index(2, 0));
     settle();
     for (auto* button : window.findChildren<QAbstractButton*>())
         if (button->text() == QStringLiteral("Compare…")) button->click();

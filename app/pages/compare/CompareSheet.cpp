@@ -45,6 +45,11 @@ VerdictLook look(Verdict verdict) {
     return {"circle", ColorRole::grayGlyph};
 }
 
+QString foundText(std::size_t count) {
+    return count < ReportChoices::most ? CompareSheet::tr("%1 found").arg(count)
+                                       : CompareSheet::tr("Newest %1").arg(ReportChoices::most);
+}
+
 /// "Before", a date and, where it is, "this Mac now".
 QString dateLine(const QString& name, Date created, bool isNow) {
     const QString line = name + ": " + QString::fromStdString(created.shortText());
@@ -79,7 +84,7 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
         labels << m_choices.label(each);
     m_report->setChoices(labels);
     m_report->setCurrentIndex(int(std::ranges::find(m_reports, place) - m_reports.begin()));
-    m_search->setVisible(m_choices.hasMore(m_reports));
+    m_searchRow->setVisible(m_choices.hasMore(m_reports));
     offerOthers();
 
     AppModel& model = m_context.model;
@@ -98,7 +103,10 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
         if (!m_others[std::size_t(m_other->currentIndex())]) compare();
     });
     // The places are those of the list as it was.
-    connect(&model, &AppModel::historyChanged, this, [this] { dismiss(); });
+    connect(&model, &AppModel::historyChanged, this, [this] {
+        m_isWaiting = false;
+        dismiss();
+    });
     compare();
 }
 
@@ -115,10 +123,17 @@ QWidget* CompareSheet::makeHead() {
     m_search->setMaxLength(200);
     m_search->setFixedHeight(theme().scaled(Height::field));
     m_search->installEventFilter(this);
-    head->add(m_search, Space::s);
+    m_search->setTextMargins(Space::s, 0, Space::s, 0);
+    // Room for the count, so that nothing moves when it comes.
     m_found->setMaximumLines(1);
-    m_found->hide();
-    head->add(m_found, Space::xxs);
+    m_found->setFixedWidth(theme().textWidth(TextRole::callout, foundText(ReportChoices::most)));
+    m_searchRow = new QWidget;
+    auto* row = new QHBoxLayout(m_searchRow);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Space::l);
+    row->addWidget(m_search, 1);
+    row->addWidget(m_found);
+    head->add(m_searchRow, Space::s);
     head->add(m_dates, Space::l);
     head->add(makeVerdict(), Space::s);
     return head;
@@ -182,7 +197,7 @@ bool CompareSheet::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void CompareSheet::offerOthers() {
-    m_found->hide();
+    m_found->setText({});
     const std::size_t chosen = m_reports[std::size_t(m_report->currentIndex())];
     m_others = {std::nullopt};
     QStringList labels{tr("This Mac now")};
@@ -202,12 +217,7 @@ void CompareSheet::search(const QString& words) {
         return;
     }
     const auto found = m_choices.found(words, m_reports[std::size_t(m_report->currentIndex())]);
-    const QString count = found.size() == ReportChoices::most
-                              ? tr("The newest 50 of those found are offered.")
-                          : found.size() == 1 ? tr("1 report found")
-                                              : tr("%1 reports found").arg(found.size());
-    m_found->setText(count);
-    m_found->show();
+    m_found->setText(foundText(found.size()));
     if (found.empty()) return; // what is shown stays
     m_others.assign(found.begin(), found.end());
     QStringList labels;

@@ -53,6 +53,7 @@ private:
     Picker* m_report;
     Picker* m_other;
     QLineEdit* m_search;
+    QWidget* m_searchRow = nullptr;
     TextLabel* m_found;
     TextLabel* m_dates;
     SymbolView* m_symbol;

@@ -172,19 +172,19 @@ TEST_F(CompareTests, theRestIsSearched) {
     openRead();
     QTest::keyClicks(&field(), "mini mini3");
     settle();
-    EXPECT_TRUE(onSheet("1 report found"));
+    EXPECT_TRUE(onSheet("1 found"));
     EXPECT_TRUE(onSheet("This is another Mac."));
     QTest::keyClick(&field(), Qt::Key_Return);
     ASSERT_NE(sheet(), nullptr) << "Return ends the search alone";
     QTest::keyClicks(&field(), " nothing");
     settle();
-    EXPECT_TRUE(onSheet("0 reports found"));
+    EXPECT_TRUE(onSheet("0 found"));
     EXPECT_TRUE(onSheet("This is another Mac.")) << "what is shown stays";
     field().selectAll();
     QTest::keyClick(&field(), Qt::Key_Backspace);
     settle();
     EXPECT_EQ(picker("Compared with").currentText(), "This Mac now");
-    EXPECT_FALSE(onSheet("0 reports found"));
+    EXPECT_FALSE(onSheet("0 found"));
 }
 
 TEST_F(CompareTests, emptyReportsAreToldCalmly) {
