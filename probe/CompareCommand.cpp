@@ -2,9 +2,9 @@
 
 #include "kit/report/ComparisonText.h"
 #include "kit/report/HistoryStore.h"
-#include "kit/support/Files.h"
 #include "kit/support/Json.h"
 #include "probe/Arguments.h"
+#include "probe/ProbeInput.h"
 #include "probe/ProbeOutput.h"
 
 namespace tessivo::CompareCommand {
@@ -12,11 +12,7 @@ namespace tessivo::CompareCommand {
 namespace {
 
 ConditionReport readReport(const std::string& file) {
-    try {
-        return HistoryStore::decode(Files::read(file, HistoryStore::largestFile));
-    } catch (const DecodingError& error) {
-        throw std::runtime_error(file + ": " + error.what());
-    }
+    return ProbeInput::decoded(file, &HistoryStore::decode, HistoryStore::largestFile);
 }
 
 } // namespace

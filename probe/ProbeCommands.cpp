@@ -42,15 +42,9 @@ constexpr const char* usage =
 // No file of this program comes near.
 constexpr std::uintmax_t largestInput = HistoryStore::largestFile;
 
-/// Decodes a file, or standard input for "-"; what is wrong with it is told with its name.
 template <class Decode>
 auto decoded(const std::string& file, Decode decode, std::uintmax_t largest = largestInput) {
-    const std::string bytes = ProbeInput::read(file, largest);
-    try {
-        return decode(bytes);
-    } catch (const DecodingError& error) {
-        throw std::runtime_error((file == "-" ? "standard input" : file) + ": " + error.what());
-    }
+    return ProbeInput::decoded(file, decode, largest);
 }
 
 PropertyMap machineMap(const std::string& bytes) {

@@ -158,6 +158,7 @@ TEST_F(MacToneTest, aCallbackNeverAllocatesNorLocks) {
     std::atomic<bool> done = false;
     std::atomic<int> faults = 0;
     std::atomic<int> wrong = 0;
+    std::atomic<int> rendered = 0;
     std::thread renders([&] {
         float left[64], right[64];
         while (!done) {
@@ -167,10 +168,11 @@ TEST_F(MacToneTest, aCallbackNeverAllocatesNorLocks) {
             // Both sides come from the same tone at the same place.
             for (int i = 0; i < 64; ++i)
                 wrong += left[i] != -right[i];
+            ++rendered;
         }
         faults = forbidden;
     });
-    for (int tone = 0; tone < 5000; ++tone)
+    for (int tone = 0; tone < 5000 || rendered < 1000; ++tone)
         source.publish(std::vector(100, float(tone)), std::vector(100, -float(tone)));
     done = true;
     renders.join();
