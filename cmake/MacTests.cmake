@@ -24,8 +24,9 @@ function(tessivo_mac_fault name file find replace)
     set_tests_properties(mac_fault.${name} PROPERTIES LABELS macos TIMEOUT 120 ENVIRONMENT "${test_environment}")
 endfunction()
 
-# Under a sanitizer the counting of locks and allocations is the sanitizer's own.
-if(NOT TESSIVO_SANITIZE)
+if(TESSIVO_SANITIZE)
+    target_compile_definitions(macos_tests PRIVATE TESSIVO_SANITIZED)
+else()
     tessivo_mac_fault(missing_release MacRegistry.cpp
         "name(IOObjectCopyClass(object->get()))" "name(CFStringRef(CFRetain(IOObjectCopyClass(object->get()))))")
     tessivo_mac_fault(second_release MacRegistry.cpp

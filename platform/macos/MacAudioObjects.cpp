@@ -39,6 +39,7 @@ MacAudioObjects::numbers(std::uint32_t object, std::uint32_t selector, std::uint
     const auto size = isText(selector) ? std::nullopt : propertyDataSize(object, selector, scope);
     if (!size) return std::nullopt;
     std::vector<std::uint32_t> values(*size / sizeof(std::uint32_t));
+    if (values.empty()) return values;
     // What there was room for; the list may have become shorter since.
     auto bytes = UInt32(values.size() * sizeof(std::uint32_t));
     const auto property = address(selector, scope);

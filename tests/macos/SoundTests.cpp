@@ -15,6 +15,8 @@ thread_local int forbidden = 0;
 
 } // namespace
 
+// A sanitizer counts allocations and locks of its own.
+#ifndef TESSIVO_SANITIZED
 void* operator new(std::size_t size) {
     forbidden += isRendering;
     if (void* memory = std::malloc(size)) return memory;
@@ -29,7 +31,6 @@ void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 extern "C" int pthread_mutex_lock(pthread_mutex_t* mutex) {
     static const auto real =
         reinterpret_cast<int (*)(pthread_mutex_t*)>(dlsym(RTLD_NEXT, "pthread_mutex_lock"));

@@ -110,7 +110,7 @@ OSStatus AudioObjectGetPropertyData(AudioObjectID object, const AudioObjectPrope
         give(name->second, "the translation", translation->mOutputData);
     } else {
         *size = std::min(*size, UInt32(bytes->size()));
-        std::memcpy(to, bytes->data(), *size);
+        std::copy_n(bytes->data(), *size, static_cast<char*>(to));
     }
     return noErr;
 }

@@ -112,16 +112,26 @@ StandIn::Object* StandIn::keep(const Property& value) {
 }
 
 StandIn::Object* StandIn::copy(const Object& object, std::string made) {
-    Object* out = make(object.kind, std::move(made));
-    const std::string name = out->made;
-    *out = object;
-    out->made = name;
-    out->owned = out->kept = 0;
-    for (Object*& element : out->elements) {
-        element = copy(*element, element->made + " in " + name);
-        element->kept = 1;
+    const auto clone = [this](const Object& original, std::string name) {
+        Object* out = make(original.kind, {});
+        *out = original;
+        out->made = std::move(name);
+        out->owned = out->kept = 0;
+        return out;
+    };
+    Object* whole = clone(object, std::move(made));
+    // No recursion: a test's objects lie ten thousand deep.
+    std::vector<Object*> open = {whole};
+    while (!open.empty()) {
+        Object* holder = open.back();
+        open.pop_back();
+        for (Object*& element : holder->elements) {
+            element = clone(*element, element->made + " in " + whole->made);
+            element->kept = 1;
+            open.push_back(element);
+        }
     }
-    return out;
+    return whole;
 }
 
 void StandIn::disown(Object* object) {
