@@ -1,6 +1,7 @@
 #include "kit/listing/Numbers.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
