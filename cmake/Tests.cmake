@@ -63,6 +63,7 @@ if(NOT TESSIVO_WINDOWLESS)
     tessivo_test(platform LABEL hardware)
     include(cmake/MacTests.cmake)
 endif()
+tessivo_test(threads TIMEOUT 600)
 tessivo_test(sound TIMEOUT 600)
 # A sound card that the tests' PulseAudio daemon loads; it is free of the sanitizers, since the daemon is.
 pkg_check_modules(ALSA REQUIRED IMPORTED_TARGET alsa)
@@ -71,7 +72,6 @@ target_link_libraries(stand_in_card PRIVATE PkgConfig::ALSA)
 target_compile_definitions(stand_in_card PRIVATE PIC)
 target_compile_definitions(sound_tests PRIVATE TESSIVO_STAND_IN_CARD="$<TARGET_FILE:stand_in_card>")
 add_dependencies(sound_tests stand_in_card)
-tessivo_test(threads TIMEOUT 600)
 
 # These run the programs as a person would.
 if(TARGET whole_tests)

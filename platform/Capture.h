@@ -18,7 +18,7 @@ enum class AuthorizationStatus { notDetermined, restricted, denied, authorized }
 /// The devices of one kind, or why there is no list of them: an empty list was read and has none.
 struct CaptureList {
     enum class Fault {
-        noService, ///< what lists them isn't there or doesn't answer
+        noService, ///< what lists them isn't there, doesn't answer, or shows no hardware that is there
         noDriver,  ///< hardware is there that the system can't drive, and nothing else was found
     };
 

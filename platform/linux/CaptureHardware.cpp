@@ -49,6 +49,12 @@ bool hasSoundCard(const SystemTree& tree) {
     return false;
 }
 
+bool hasOwnMicrophone(const SystemTree& tree) {
+    // "00-00: ALC295 Analog : ALC295 Analog : playback 1 : capture 1"
+    return hasScreen(tree) &&
+           tree.text("proc/asound/pcm").value_or("").find(": capture ") != std::string::npos;
+}
+
 bool hasSoundWithoutDriver(const SystemTree& tree) {
     // Its microphones hang on a processor of their own, behind a driver of its own.
     if (isAppleSilicon(tree) && hasScreen(tree)) return true;

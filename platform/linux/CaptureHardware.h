@@ -8,6 +8,9 @@ namespace tessivo::CaptureHardware {
 
 /// The kernel has made a card of sound hardware; a sound server should show it.
 bool hasSoundCard(const SystemTree& tree);
+/// A laptop or an all-in-one, with a card that takes sound in: its own microphone is there, whether or not a
+/// sound server shows an input.
+bool hasOwnMicrophone(const SystemTree& tree);
 /// Sound hardware is there that would take sound in, and has no driver. For a computer that shows no
 /// microphone: a Mac with Apple silicon and a screen always has one, and its drivers alone can be missing.
 bool hasSoundWithoutDriver(const SystemTree& tree);

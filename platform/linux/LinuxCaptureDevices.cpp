@@ -4,6 +4,7 @@
 #include "platform/linux/PulseRecording.h"
 
 #include <QTimer>
+#include <algorithm>
 #include <future>
 #include <utility>
 
@@ -32,6 +33,10 @@ CaptureList LinuxCaptureDevices::microphones() const {
         if (source.isMicrophone()) devices.push_back({source.name, source.description.value_or(source.name)});
     if (devices.empty() && CaptureHardware::hasSoundWithoutDriver(m_tree))
         return {.fault = CaptureList::Fault::noDriver};
+    // A card whose inputs are switched off, or that nobody handed to the server.
+    const auto isInput = [](const PulseSource& source) { return source.isHardware && !source.monitorsSink; };
+    if (std::ranges::none_of(snapshot->sources, isInput) && CaptureHardware::hasOwnMicrophone(m_tree))
+        return {.fault = CaptureList::Fault::noService};
     return {.devices = std::move(devices)};
 }
 

@@ -20,6 +20,7 @@ LinuxPlatform::LinuxPlatform(const std::filesystem::path& root, std::shared_ptr<
       m_registry(SystemTree(root, record)),
       m_powerSources(SystemTree(root, record)),
       m_systemTools(root),
+      m_captureDevices(m_soundServer, "/dev", SystemTree("/", record)),
       m_defaults(settingsFile()),
       m_updateFramework(m_desktop) {}
 

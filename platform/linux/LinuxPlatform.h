@@ -51,7 +51,7 @@ private:
     std::shared_ptr<PulseServer> m_soundServer = std::make_shared<PulseServer>();
     LinuxAudioObjects m_audioObjects{m_soundServer};
     LinuxToneOutput m_toneOutput{m_soundServer};
-    LinuxCaptureDevices m_captureDevices{m_soundServer};
+    LinuxCaptureDevices m_captureDevices;
     KeyCodeTable m_keyCodes;
     LinuxFingerTouches m_fingerTouches;
     LinuxDefaults m_defaults;

@@ -31,6 +31,8 @@ const Device* named(const std::vector<Device>& devices, const std::string& name)
 } // namespace
 
 std::optional<std::uint32_t> PulsePort::kind() const {
+    // What plays through "[Out] Headphones+Speaker" plays through both, and says nothing of either.
+    if (name.starts_with("[Out] ") && name.find('+') != std::string::npos) return std::nullopt;
     switch (type) {
     case PA_DEVICE_PORT_TYPE_HEADPHONES:
     case PA_DEVICE_PORT_TYPE_HEADSET:

@@ -20,7 +20,7 @@ struct PulsePort {
     std::uint32_t id = 0; ///< of a jack, as an output of its own; 0 for every other port
     bool refused = false; ///< the server wouldn't make it the active one since the plug came
 
-    /// The kind as a four-letter code; nothing for a port that only says "output".
+    /// The kind as a four-letter code; nothing for a port that only says "output" or joins several.
     std::optional<std::uint32_t> kind() const;
     /// Takes headphones or goes out as a line.
     bool isJack() const;

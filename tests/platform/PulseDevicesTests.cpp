@@ -45,6 +45,12 @@ TEST(PulseDevices, portsTellTheDataSourceAndTheJack) {
         {{{"analog-output-lineout", "Line", 0, yes}}, "analog-output-lineout", "line", "Line Out", 1},
         {{{"[Out] Line", "Ligne", 0, yes}}, "[Out] Line", "line", "Line Out", 1},
         {{{"analog-output", "Analog", 0, unknown}}, "analog-output", {}, {}, {}},
+        // A tone there would sound in both.
+        {{{"[Out] Headphones+Speaker", "Combination port", PA_DEVICE_PORT_TYPE_HEADPHONES, yes}},
+         "[Out] Headphones+Speaker",
+         {},
+         {},
+         {}},
         {{hdmiPort}, "hdmi-output-0", "hdmi", "HDMI", {}},
         {{speakerPort}, "gone", {}, {}, {}},
     };

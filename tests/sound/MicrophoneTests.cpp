@@ -158,6 +158,14 @@ TEST_F(MicrophoneTest, withoutAServerAccessIsGrantedAndThereIsNoList) {
     m_tree.remove("sys");
     start({nullSink("one")}, 1, 1);
     EXPECT_EQ(microphones(), 0u) << "read, and none";
+    m_tree.add("proc/asound/pcm = 00-00: ALC295 Analog : ALC295 Analog : playback 1 : capture 1");
+    EXPECT_EQ(microphones(), 0u) << "a desktop's line-in, with nothing in it";
+    m_tree.add("sys/class/dmi/id/product_name = MacBookPro14,1");
+    EXPECT_EQ(listMicrophones(m_devices), noService) << "a laptop's inputs are switched off in the server";
+    m_daemon.run("pactl", {"load-module", "module-remap-source", "master=one.monitor", "source_name=line",
+                           "source_properties=device.class=sound"});
+    ASSERT_TRUE(hasDevices(1, 2));
+    EXPECT_EQ(microphones(), 1u);
 }
 
 TEST_F(MicrophoneTest, aServerThatNeverAnswersIsWaitedForAWhile) {

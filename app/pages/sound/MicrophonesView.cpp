@@ -11,7 +11,8 @@ MicrophonesView::MicrophonesView(const PageContext& context, QWidget* parent)
                   {.openSettings = QStringLiteral("Open Microphone Settings"),
                    .noneFound = QStringLiteral("No microphone found."),
                    .noService = QStringLiteral("Couldn't list the microphones: the sound service doesn't "
-                                               "answer. If that lasts, restart the Mac."),
+                                               "answer or has no input switched on. Check the sound "
+                                               "settings or restart the Mac."),
                    .noDriver = QStringLiteral("Couldn't list the microphones: this system has no driver for "
                                               "the Mac's sound hardware. Test them under macOS.")},
                   &SessionState::microphones, parent) {
