@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
 #include <unicode/utext.h>
+#include <unicode/utf8.h>
 
 namespace tessivo {
 
@@ -59,6 +62,50 @@ std::string withoutControls(std::string_view text) {
     return seen;
 }
 
+/// Looks for a phrase whose letters may carry more marks in the text than its own, in whatever order marks
+/// come to stand. Both have each mark behind its letter.
+class Search {
+public:
+    struct Hit {
+        std::size_t begin, end;
+    };
+
+    Search(std::string_view text, std::string_view phrase) : m_text(text), m_phrase(phrase) {}
+
+    /// The next hit behind the last one.
+    std::optional<Hit> next() {
+        while ((m_at = m_text.find(m_phrase.front(), m_at)) != std::string_view::npos) {
+            const std::size_t begin = m_at++;
+            if (const auto end = endFrom(begin)) return Hit{begin, m_at = *end};
+        }
+        m_at = m_text.size();
+        return std::nullopt;
+    }
+
+private:
+    std::optional<std::size_t> endFrom(std::size_t at) const {
+        for (std::size_t wanted = 0; wanted < m_phrase.size();) {
+            const UChar32 point = pointAt(m_phrase, wanted);
+            UChar32 found = pointAt(m_text, at);
+            while (found != point && (U_GET_GC_MASK(found) & U_GC_M_MASK))
+                found = pointAt(m_text, at);
+            if (found != point) return std::nullopt;
+        }
+        return at;
+    }
+
+    /// Goes behind it; U_SENTINEL, which is no mark, at the text's end.
+    static UChar32 pointAt(std::string_view text, std::size_t& at) {
+        if (at >= text.size()) return U_SENTINEL;
+        UChar32 point = U_SENTINEL;
+        U8_NEXT(text.data(), at, text.size(), point);
+        return point;
+    }
+
+    std::string_view m_text, m_phrase;
+    std::size_t m_at = 0;
+};
+
 icu::BreakIterator* characterIterator() {
     static thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
         UErrorCode status = U_ZERO_ERROR;
@@ -81,15 +128,16 @@ bool CharacterText::keeps(std::string_view phrase) const {
 }
 
 bool CharacterText::says(std::string_view phrase) const {
-    return m_letters.find(canonical(phrase, Marks::apart)) != std::string::npos;
+    return Search(m_letters, canonical(phrase, Marks::apart)).next().has_value();
 }
 
 bool CharacterText::saysWord(std::string_view phrase) const {
     const std::string unwanted = canonical(phrase, Marks::apart);
     const std::string_view text = m_letters;
-    for (std::size_t at = 0; (at = text.find(unwanted, at)) != std::string::npos; at += unwanted.size())
-        if (!Text::endsWithLetterOrNumber(text.substr(0, at)) &&
-            !Text::beginsWithLetterOrNumber(text.substr(at + unwanted.size())))
+    Search search(text, unwanted);
+    while (const auto hit = search.next())
+        if (!Text::endsWithLetterOrNumber(text.substr(0, hit->begin)) &&
+            !Text::beginsWithLetterOrNumber(text.substr(hit->end)))
             return true;
     return false;
 }

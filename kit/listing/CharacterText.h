@@ -6,9 +6,9 @@
 namespace tessivo {
 
 /// A text that is searched for what a rewording must keep and what it mustn't say. "í" is the same letter
-/// whether it is one code point or two, and a final sigma is a sigma; case counts. What is said is looked for
-/// among letters without the marks on them: "nuevõ" says "nuevo", though "garantia" doesn't say "garantía".
-/// Any thread.
+/// whether it is one code point or two, and a final sigma is a sigma; case counts. What is said
+/// is found whatever further marks its letters carry: "nuevõ" and "nuëvo" say "nuevo", though "garantia"
+/// doesn't say "garantía". Any thread.
 class CharacterText final {
 public:
     explicit CharacterText(std::string_view text);

@@ -159,14 +159,15 @@ TEST(WordingGuard, noMarkNorMakeOfLetterHidesAClaim) {
                              "\u202emint\u202c", "mi\u200bnt", "MI\u2060NT", "mi\u00adnt", "\u2066m\u2069int",
                              "mint\u3164", "ｍｉｎｔ", "𝗺𝗶𝗻𝘁", "Ⓜⓘⓝⓣ", "＊＊mi＊＊nt"})
         EXPECT_EQ(check(text, bound("A Mac")), claims({"mint"})) << text;
-    // Nor a mark that becomes one letter with the last of the claim, nor one more on a letter that has its
-    // own.
+    // Nor a mark that becomes one letter with one of the claim, nor one more on a letter that has its own.
     const std::pair<const char*, Issues> marked[] = {
         {"nuevõ", claims({"nuevo"})},
         {"como nuevö!", claims({"como nuevo", "nuevo"})},
         {"perfectó", claims({"perfecto"})},
         {"excellenţ", claims({"excellent"})},
         {"garantía\u0323, garantía\u0301", claims({"garantía"})},
+        {"garantị́a, garantí\u0306a, pasọ́ todas", claims({"garantía", "pasó todas"})},
+        {"nuëvo, m\u0301\u0323int", claims({"mint", "nuevo"})},
         {"warrantý; ＭＩＮṬ", claims({"mint", "warranty"})},
         {"flawlesş, word for worḍ", claims({"word for word", "flawless"})}};
     for (const auto& [text, issues] : marked) {
