@@ -105,14 +105,15 @@ BatteryFigures BatteryFigures::read(const TestResult& result) {
     const auto percent =
         summary.starts_with("Holds ") ? between(summary, "Holds ", "% of its charge") : std::nullopt;
     figures.percent = taken(percent, summary, figures.words, copied);
-    figures.cycles = taken(cyclesIn(summary), summary, figures.words, copied);
+    const auto cycles = cyclesIn(summary);
+    figures.cycles = taken(cycles, summary, figures.words, copied);
     figures.words.append(summary, copied);
     for (const std::string_view detail : result.details) {
         if (figures.percent && figures.cycles) break;
         // A summary that tells a figure which can't be read isn't corrected by a detail.
         if (!percent && !figures.percent && detail.starts_with("Maximum capacity: "))
             if (const auto piece = between(detail, ": ", "%")) figures.percent = wholeNumber(*piece);
-        if (!cyclesIn(summary) && !figures.cycles && detail.starts_with("Charge cycles: ")) {
+        if (!cycles && !figures.cycles && detail.starts_with("Charge cycles: ")) {
             const std::string_view rest = detail.substr(std::string_view("Charge cycles: ").size());
             figures.cycles = wholeNumber(rest.substr(0, rest.find(" (")));
         }
