@@ -50,10 +50,12 @@ QString foundText(std::size_t count) {
                                        : CompareSheet::tr("Newest %1").arg(ReportChoices::most);
 }
 
-/// "Before", a date and, where it is, "this Mac now".
-QString dateLine(const QString& name, Date created, bool isNow) {
+/// "Before" and a date; of this Mac now also when its tests began, which may be days ago.
+QString dateLine(const QString& name, Date created, std::optional<Date> started) {
     const QString line = name + ": " + QString::fromStdString(created.shortText());
-    return isNow ? line + ", " + CompareSheet::tr("this Mac now") : line;
+    if (!started) return line;
+    return line + ", " +
+           CompareSheet::tr("this Mac now, tests begun %1").arg(QString::fromStdString(started->shortText()));
 }
 
 } // namespace
@@ -100,6 +102,7 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
         if (!m_isWaiting || m_context.model.reading()) return;
         m_isWaiting = false;
         m_now = m_context.model.makeReport();
+        m_nowStarted = m_context.model.state().started;
         if (!m_others[std::size_t(m_other->currentIndex())]) compare();
     });
     // The places are those of the list as it was.
@@ -235,7 +238,7 @@ void CompareSheet::compare() {
     if (other)
         showComparison(ReportComparison::make(report, history[*other]), false);
     else if (m_now)
-        showComparison(ReportComparison::make(report, *m_now, m_context.model.state().started), true);
+        showComparison(ReportComparison::make(report, *m_now, m_nowStarted), true);
     else
         readThisMac();
 }
@@ -260,9 +263,12 @@ void CompareSheet::showReading() {
 
 void CompareSheet::showComparison(ReportComparison comparison, bool withNow) {
     m_comparison = std::move(comparison);
-    const bool nowIsBefore = withNow && m_comparison->before.id == m_now->id;
-    m_dates->setText(dateLine(tr("Before"), m_comparison->before.created, nowIsBefore) + " · " +
-                     dateLine(tr("After"), m_comparison->after.created, withNow && !nowIsBefore));
+    const auto line = [&](const QString& name, const ReportComparison::Side& side) {
+        const bool isNow = withNow && side.id == m_now->id;
+        return dateLine(name, side.created, isNow ? std::optional(m_nowStarted) : std::nullopt);
+    };
+    m_dates->setText(line(tr("Before"), m_comparison->before) + u'\n' +
+                     line(tr("After"), m_comparison->after));
     const VerdictLook verdict = look(m_comparison->verdict);
     m_symbol->setSymbol(QString::fromUtf8(verdict.symbol), verdict.color);
     m_verdict->setText(QString::fromStdString(m_comparison->verdictText));

@@ -47,6 +47,7 @@ private:
     /// Of the second one; nothing stands for this Mac now.
     std::vector<std::optional<std::size_t>> m_others;
     std::optional<ConditionReport> m_now;
+    Date m_nowStarted;        ///< when the session began that `m_now` was made from
     bool m_isWaiting = false; ///< for the reading of this Mac
     std::optional<ReportComparison> m_comparison;
 

@@ -139,8 +139,17 @@ TEST_F(CompareTests, theSellersOwnSessionConfirmsNothing) {
     sellers.microphones.front().peak = -9.0;
     model->setState(sellers);
     openRead();
-    EXPECT_TRUE(onSheet("Nothing here was tested after that report. Choose Start Over, then run the quick "
-                        "tests."));
+    const char* nothingTested = "Nothing here was tested after that report. Choose Start Over, then run the "
+                                "quick tests.";
+    EXPECT_TRUE(onSheet(nothingTested));
+    const QStringList begun = shownTexts(sheet()).filter("this Mac now, tests begun " +
+                                                         QString::fromStdString(sellers.started.shortText()));
+    EXPECT_EQ(begun.size(), 1);
+
+    // What was read of the old session isn't taken for one that began behind the sheet.
+    rerun();
+    choose(picker("Compared with"), 0);
+    EXPECT_TRUE(onSheet(nothingTested));
 }
 
 TEST_F(CompareTests, otherReportsOfThisMacAreOfferedTheNewestFirst) {
