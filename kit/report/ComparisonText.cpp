@@ -60,6 +60,7 @@ std::string ComparisonText::text(const ReportComparison& comparison, const std::
     };
     Lines lines{"TWO REPORTS COMPARED", side("Before", comparison.before), side("After", comparison.after),
                 "", comparison.verdictText};
+    if (!comparison.readAlike.empty()) lines.push_back(caution(comparison));
     lines.push_back(std::string("Same Mac: ") + word(comparison.sameMac));
     lines.push_back(std::string("Tested since: ") + (comparison.testedSince ? "yes" : "no"));
     if (!comparison.identity.empty()) addHeading(lines, "Identity");
@@ -109,6 +110,14 @@ const char* ComparisonText::word(SameMac sameMac) {
         return "can't tell";
     }
     return "";
+}
+
+std::string ComparisonText::caution(const ReportComparison& comparison) {
+    const std::size_t count = comparison.readAlike.size();
+    if (count == 0) return {};
+    return "Reports don't tell when a test was run: " + std::to_string(count) +
+           (count == 1 ? " test that works in both reads" : " tests that work in both read") +
+           " the same to the last detail, and may not have been run again.";
 }
 
 std::string ComparisonText::foldedTitle(std::int64_t count) {

@@ -16,6 +16,8 @@ std::string json(const ReportComparison& comparison);
 const char* heading(Change change);
 /// "yes", "can't tell".
 const char* word(SameMac sameMac);
+/// What the verdict on two files can't know; empty where nothing is in doubt.
+std::string caution(const ReportComparison& comparison);
 /// In place of the lines of a side that tells nothing of an item.
 extern const char* const notTold;
 /// Under every comparison.

@@ -131,13 +131,16 @@ ReportComparison ReportComparison::make(const ConditionReport& one, const Condit
     comparison.sameMac = MachineComparison::sameMac(older.machine, newer.machine);
     const std::vector<ComparedItem> allTests = tests(older, newer);
     sort(comparison, MachineComparison::items(older.machine, newer.machine), allTests);
+    const TestComparison::HandTests byHand = TestComparison::handTests(older, newer);
     if (sessionStarted)
         comparison.testedSince = inOrder && beganAfter(*sessionStarted, older.created);
     else
         comparison.testedSince =
-            older.created < newer.created &&
-            (comparison.count(Change::worse) > 0 || TestComparison::anyHandTestDiffers(older, newer));
+            older.created < newer.created && (comparison.count(Change::worse) > 0 || !byHand.other.empty());
     confirm(comparison, allTests);
+    if (!sessionStarted)
+        std::ranges::copy_if(byHand.alike, std::back_inserter(comparison.readAlike),
+                             [&](TestID test) { return std::ranges::count(comparison.confirmed, test) > 0; });
     comparison.verdict = tessivo::verdict(comparison);
     const auto runAgain = std::ranges::count_if(allTests, [](const ComparedItem& test) {
         return hasVerdict(test.statusBefore) && hasVerdict(test.statusAfter);

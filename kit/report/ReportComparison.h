@@ -37,11 +37,16 @@ struct ReportComparison {
     /// The tests that worked then and work now, and those whose outcome of then stands unconfirmed.
     std::vector<TestID> confirmed;
     std::vector<TestID> notConfirmed;
+    /// Of two files: the tests in `confirmed` that a person runs and that read the same to the last detail.
+    /// Nothing shows whether they were run again. Empty where the session's start is known.
+    std::vector<TestID> readAlike;
 
     /// `sessionStarted` is when the session began that `other` was made from, where somebody knows: one that
     /// began before the older report was made confirms nothing. Two files don't tell. There something counts
     /// as tested since where the later file was made later, and a test that a person runs reads differently
-    /// in any word, or something is worse; equal words are taken for the same tests written out twice.
+    /// in any word, or something is worse; equal words are taken for the same tests written out twice. Then
+    /// every test that works in both counts as confirmed, and `readAlike` has those of which nothing shows
+    /// it.
     static ReportComparison make(const ConditionReport& one, const ConditionReport& other,
                                  std::optional<Date> sessionStarted = {});
 
@@ -56,6 +61,6 @@ struct ReportComparison {
 BOOST_DESCRIBE_STRUCT(ReportComparison::Side, (), (id, created, name))
 BOOST_DESCRIBE_STRUCT(ReportComparison, (),
                       (before, after, sameMac, testedSince, verdict, verdictText, identity, items, unchanged,
-                       confirmed, notConfirmed))
+                       confirmed, notConfirmed, readAlike))
 
 } // namespace tessivo

@@ -177,18 +177,22 @@ std::vector<ComparedItem> items(const ConditionReport& before, const ConditionRe
     return items;
 }
 
-bool anyHandTestDiffers(const ConditionReport& before, const ConditionReport& after) {
+HandTests handTests(const ConditionReport& before, const ConditionReport& after) {
     const auto was = byTest(before), is = byTest(after);
     const auto same = [](const TestResult* a, const TestResult* b) {
         return a->status == b->status && a->summary == b->summary && a->details == b->details;
     };
+    HandTests found;
     for (const TestID test : allCases<TestID>()) {
         if (test == TestID::identity || test == TestID::enrollment || test == TestID::storage ||
             test == TestID::battery)
             continue; // read by the program whenever it is open
-        if (!std::ranges::equal(was[std::size_t(test)], is[std::size_t(test)], same)) return true;
+        const Results& earlier = was[std::size_t(test)];
+        const Results& later = is[std::size_t(test)];
+        if (earlier.empty() && later.empty()) continue;
+        (std::ranges::equal(earlier, later, same) ? found.alike : found.other).push_back(test);
     }
-    return false;
+    return found;
 }
 
 } // namespace tessivo::TestComparison

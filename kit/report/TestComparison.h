@@ -23,7 +23,12 @@ Verdict verdict(std::optional<TestStatus> before, std::optional<TestStatus> afte
 /// by its worst, and all of its words are given.
 std::vector<ComparedItem> items(const ConditionReport& before, const ConditionReport& after);
 
-/// Whether a test that a person runs reads differently in any word but its note: a sign of a new test.
-bool anyHandTestDiffers(const ConditionReport& before, const ConditionReport& after);
+/// The tests that a person runs, in their order: `alike` reads the same in both reports to the last detail,
+/// but for the note; in `other` any other word is a sign of a new test.
+struct HandTests {
+    std::vector<TestID> alike;
+    std::vector<TestID> other;
+};
+HandTests handTests(const ConditionReport& before, const ConditionReport& after);
 
 } // namespace tessivo::TestComparison

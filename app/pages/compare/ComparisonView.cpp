@@ -174,19 +174,24 @@ void ComparisonView::follow(QWidget* stop) {
 }
 
 void ComparisonView::addDifferences(const ReportComparison& comparison) {
+    const std::string caution = ComparisonText::caution(comparison);
+    if (!caution.empty())
+        m_column->add(new TextLabel(QString::fromStdString(caution), TextRole::body, ColorRole::text2));
+    const int firstGap = caution.empty() ? 0 : Space::xl;
     std::optional<Change> group;
     for (const ComparedItem& item : comparison.items) {
         const bool isFirst = group != item.change;
         if (isFirst)
             m_column->add(
                 groupHeading(QString::fromUtf8(ComparisonText::heading(item.change)), color(item.change)),
-                group ? Space::xl : 0);
+                group ? Space::xl : firstGap);
         group = item.change;
         m_column->add(itemPanel(item), Space::s);
     }
     if (comparison.items.empty())
         m_column->add(new TextLabel(tr("No difference in the words of the two reports."), TextRole::body,
-                                    ColorRole::text2));
+                                    ColorRole::text2),
+                      firstGap);
 }
 
 void ComparisonView::addSame(const ReportComparison& comparison) {

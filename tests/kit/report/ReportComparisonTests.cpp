@@ -11,8 +11,10 @@ namespace {
 
 using namespace comparisontest;
 using Status = TestStatus;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 ConditionReport withResults(std::vector<TestResult> results, Date at) {
     ConditionReport report;
@@ -220,6 +222,20 @@ TEST(ReportComparison, theSessionTellsWhetherAnythingWasTestedSince) {
     ahead.created = Date{boughtOn.seconds + 86'400};
     EXPECT_FALSE(ReportComparison::make(ahead, now, rerun().started).testedSince);
 
+    // One test run again tells nothing of the others, unless the session is known.
+    SessionState touched = Samples::session();
+    touched.microphones.front().peak = -11.5;
+    const ConditionReport later = report(touched, boughtOn);
+    const auto files = ReportComparison::make(sold, later);
+    EXPECT_EQ(files.verdictText, "Same Mac, and all 12 tests that worked then work now.");
+    EXPECT_EQ(files.readAlike.size(), 7u);
+    EXPECT_THAT(files.readAlike, Not(Contains(TestID::microphones)));
+    EXPECT_THAT(files.readAlike, Not(Contains(TestID::display))) << "its problem isn't said to work";
+    EXPECT_EQ(ComparisonText::caution(files),
+              "Reports don't tell when a test was run: 7 tests that work in both read the same to the last "
+              "detail, and may not have been run again.");
+    EXPECT_EQ(ComparisonText::caution(ReportComparison::make(sold, later, boughtOn)), "");
+
     // A session left as it was, in which only the readings are fresh, is no new test.
     SessionState left = Samples::session();
     left.battery->cycleCount = 150;
@@ -263,7 +279,8 @@ TEST(ReportComparison, hostileReportsTakeTimeByTheirLengthAlone) {
     for (int i = 0; i < 100'000; ++i)
         results.push_back({TestID(i % 14), Status(i % 6), "\u202Eسطر " + std::to_string(i), {}, {}});
     results.front().details.assign(100'000, "Holds % charge cycle, ");
-    results.push_back({TestID::battery, Status::works, std::string(1'000'000, ','), {}, std::string()});
+    results.push_back({TestID::battery, Status::works, std::string(4'000'000, ','), {}, std::string()});
+    results.back().details.assign(100'000, "Maximum capacity");
     std::vector<TestResult> others = results;
     std::ranges::reverse(others);
     const auto start = std::chrono::steady_clock::now();
