@@ -124,6 +124,8 @@ PropertyMap recordedSound(const std::filesystem::path& root) {
     PropertyMap sound;
     std::error_code error;
     if (!std::filesystem::exists(file, error)) return sound;
+    if (std::filesystem::canonical(file) != std::filesystem::canonical(root) / "tessivo" / "sound.json")
+        throw std::runtime_error(file.string() + ": a link in a captured tree");
     const PropertyMap recorded = decoded(file.string(), machineMap, MachineFile::largestFile);
     for (const char* key : {"audio", "microphones", "cameras", "access"})
         if (const auto entry = recorded.find(key); entry != recorded.end()) sound.insert(*entry);

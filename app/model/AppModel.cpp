@@ -213,6 +213,8 @@ void AppModel::readBattery() {
 void AppModel::reset() {
     setState(SessionState(readMachineInfo(m_platform.machineFacts(), m_platform.registry()),
                           m_platform.scheduler().now()));
+    // What was known of the Mac before, which may have been another of the same model, ends with its session.
+    m_keys = m_platform.machineFacts().hardwareKeys();
     setNotes({});
     setPage(Page::overview);
     readBattery();

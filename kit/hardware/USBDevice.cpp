@@ -18,7 +18,8 @@ USBDevice USBDevice::make(const PropertyMap& properties) {
     device.locationID = std::uint32_t(integer(properties, "locationID").value_or(0));
     device.speed = integer(properties, "Device Speed");
     device.deviceClass = integer(properties, "bDeviceClass");
-    device.builtIn = text(properties, "non-removable") == "yes";
+    // Not the Mac's "non-removable", which a keyboard in one case with a hub outside has too.
+    device.builtIn = boolean(properties, "SolderedIn").value_or(false);
     return device;
 }
 

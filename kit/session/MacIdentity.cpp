@@ -10,11 +10,12 @@ namespace tessivo {
 namespace {
 
 using Kind = std::set<std::string> HardwareKeys::*;
-constexpr std::initializer_list<Kind> kinds = {&HardwareKeys::ethernet, &HardwareKeys::wifi,
-                                               &HardwareKeys::drives};
+constexpr std::initializer_list<Kind> addresses = {&HardwareKeys::ethernet, &HardwareKeys::wifi};
+constexpr std::initializer_list<Kind> drives = {&HardwareKeys::drives};
 
-/// Nothing where no kind is known on both sides.
-std::optional<bool> keysAgree(const HardwareKeys& stored, const HardwareKeys& current) {
+/// Nothing where none of the kinds is known on both sides.
+std::optional<bool> agree(std::initializer_list<Kind> kinds, const HardwareKeys& stored,
+                          const HardwareKeys& current) {
     std::optional<bool> agree;
     for (const Kind kind : kinds) {
         const auto &before = stored.*kind, &now = current.*kind;
@@ -24,6 +25,14 @@ std::optional<bool> keysAgree(const HardwareKeys& stored, const HardwareKeys& cu
         agree = agree.value_or(true) && isCommon;
     }
     return agree;
+}
+
+std::optional<MacMatch> compareKeys(const HardwareKeys& stored, const HardwareKeys& current) {
+    if (const auto same = agree(addresses, stored, current))
+        return *same ? MacMatch::sameAddress : MacMatch::different;
+    if (const auto same = agree(drives, stored, current))
+        return *same ? MacMatch::sameDrive : MacMatch::different;
+    return std::nullopt;
 }
 
 } // namespace
@@ -36,17 +45,15 @@ MacMatch compare(const MacIdentity& stored, const MacIdentity& current) {
 
     const bool modelIsKnown =
         stored.modelID != MachineInfo::unknownModel && current.modelID != MachineInfo::unknownModel;
-    const bool modelDiffers = modelIsKnown && stored.modelID != current.modelID;
-    const auto agree = keysAgree(stored.keys.value_or(HardwareKeys{}), *current.keys);
-    if (!bothAbsent) return agree == true && !modelDiffers ? MacMatch::sameKeys : MacMatch::different;
-    if (agree) return *agree ? MacMatch::sameKeys : MacMatch::different;
-    if (modelDiffers) return MacMatch::different;
+    if (modelIsKnown && stored.modelID != current.modelID) return MacMatch::different;
+    if (const auto match = compareKeys(stored.keys.value_or(HardwareKeys{}), *current.keys)) return *match;
+    if (!bothAbsent) return MacMatch::different;
     return modelIsKnown ? MacMatch::sameModel : MacMatch::nothingAgainst;
 }
 
 HardwareKeys merged(const HardwareKeys& before, const HardwareKeys& now) {
     HardwareKeys keys = now;
-    for (const Kind kind : kinds)
+    for (const Kind kind : {&HardwareKeys::ethernet, &HardwareKeys::wifi, &HardwareKeys::drives})
         if ((keys.*kind).empty()) keys.*kind = before.*kind;
     return keys;
 }

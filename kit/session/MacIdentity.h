@@ -17,12 +17,14 @@ struct MacIdentity {
 
 /// What speaks for a stored session being of this Mac, the weakest first. Only `different` says that it
 /// isn't.
-enum class MacMatch { different, nothingAgainst, sameModel, sameKeys, sameSerial };
+enum class MacMatch { different, nothingAgainst, sameModel, sameDrive, sameAddress, sameSerial };
 
-/// Two serial numbers decide. Where both are absent, every kind of key that is known on both sides has to
-/// agree, which one common value does; with no such kind the model decides, and an unknown model never
-/// differs. A serial number that came or went is no difference where a key and the model agree. Where the
-/// platform gives no keys the serial numbers alone decide, and two absent ones are equal.
+/// Two serial numbers decide. Else two known models that differ are two Macs, whatever was moved from one to
+/// the other. Else the network addresses decide: every kind that is known on both sides has to agree, which
+/// one common value does. Where no kind is, the drives decide in the same way; a drive that was replaced
+/// makes no other Mac. With no key known on both sides the model decides, and an unknown model never
+/// differs; but a serial number that came or went takes a key that agrees. Where the platform gives no keys
+/// the serial numbers alone decide, and two absent ones are equal.
 MacMatch compare(const MacIdentity& stored, const MacIdentity& current);
 
 /// The keys to store: of each kind what is known now, else what was known before.

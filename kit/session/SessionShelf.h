@@ -23,7 +23,7 @@ BOOST_DESCRIBE_STRUCT(ShelvedSession, (), (serial, modelID, keys, session, notes
 /// Mac. Oldest first.
 struct SessionShelf {
     /// Beyond this the oldest go.
-    static constexpr std::size_t mostSessions = 64;
+    static constexpr std::size_t mostSessions = 256;
     /// In bytes of sessions and notes; the newest stays whatever its size.
     static constexpr std::size_t mostBytes = 8u << 20;
 

@@ -11,10 +11,16 @@ namespace tessivo {
 
 namespace {
 
+constexpr auto outOfTheTree = std::errc::cross_device_link;
+
+std::string message(const std::error_code& error) {
+    return error == outOfTheTree ? "A link leads out of the captured tree" : error.message();
+}
+
 /// A path that isn't absolute begins at the folder. `errno` tells why there is nothing.
-std::optional<std::string> readFile(int folder, const char* path) {
+std::optional<std::string> readFile(int folder, const char* path, int flags) {
     // Not blocking: a pipe in place of a file must not hold the main thread.
-    const Descriptor file(::openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const Descriptor file(::openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | flags));
     struct stat status{};
     if (file < 0 || ::fstat(file, &status) != 0) return std::nullopt;
     if (!S_ISREG(status.st_mode)) {
@@ -36,15 +42,20 @@ std::optional<std::string> readFile(int folder, const char* path) {
 }
 
 /// The same, with what came of it put on record.
-std::optional<std::string> readFile(int folder, const char* path, SourceRecord* record,
+std::optional<std::string> readFile(int folder, const char* path, int flags, SourceRecord* record,
                                     const std::string& recordedAs) {
-    auto bytes = readFile(folder, path);
+    auto bytes = readFile(folder, path, flags);
     if (!record) return bytes;
     if (bytes)
         record->addText(recordedAs, *bytes);
     else
         record->addFault(recordedAs, std::generic_category().message(errno));
     return bytes;
+}
+
+/// The root itself counts. Both paths are canonical.
+bool isBelow(const std::filesystem::path& root, const std::filesystem::path& path) {
+    return std::mismatch(root.begin(), root.end(), path.begin(), path.end()).first == root.end();
 }
 
 std::optional<std::string> trimmedText(std::optional<std::string> raw) {
@@ -64,7 +75,7 @@ std::optional<std::string> trimmedText(std::optional<std::string> raw) {
 
 std::optional<std::string> SystemFolder::text(const char* file) const {
     return trimmedText(
-        readFile(m_folder, file, m_record.get(), m_record ? m_path + "/" + file : std::string()));
+        readFile(m_folder, file, O_NOFOLLOW, m_record.get(), m_record ? m_path + "/" + file : std::string()));
 }
 
 SystemTree::SystemTree(std::filesystem::path root, std::shared_ptr<SourceRecord> record)
@@ -74,8 +85,21 @@ SystemTree::SystemTree(std::filesystem::path root, std::shared_ptr<SourceRecord>
     if (auto canonical = std::filesystem::canonical(m_root, error); !error) m_root = std::move(canonical);
 }
 
+std::optional<std::filesystem::path> SystemTree::place(const std::string& path,
+                                                       std::error_code& error) const {
+    if (isThisComputer()) return m_root / path;
+    auto whole = std::filesystem::canonical(m_root / path, error);
+    if (!error && !isBelow(m_root, whole)) error = std::make_error_code(outOfTheTree);
+    if (error) return std::nullopt;
+    return whole;
+}
+
 std::optional<std::string> SystemTree::bytes(const std::string& path) const {
-    return readFile(AT_FDCWD, absolute(path).c_str(), m_record.get(), path);
+    std::error_code error;
+    if (const auto file = place(path, error))
+        return readFile(AT_FDCWD, file->c_str(), 0, m_record.get(), path);
+    if (m_record) m_record->addFault(path, message(error));
+    return std::nullopt;
 }
 
 std::optional<std::string> SystemTree::text(const std::string& path) const {
@@ -88,19 +112,25 @@ std::optional<std::int64_t> SystemTree::number(const std::string& path, int base
 }
 
 bool SystemTree::exists(const std::string& path) const {
-    return ::access(absolute(path).c_str(), F_OK) == 0;
+    std::error_code error;
+    const auto file = place(path, error);
+    return file && ::access(file->c_str(), F_OK) == 0;
 }
 
 std::optional<SystemFolder> SystemTree::folder(const std::string& path) const {
-    Descriptor folder(::open(absolute(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    std::error_code error;
+    const auto there = place(path, error);
+    if (!there) return std::nullopt;
+    Descriptor folder(::open(there->c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (folder < 0) return std::nullopt;
     return SystemFolder(std::move(folder), path, m_record);
 }
 
 std::optional<std::vector<std::string>> SystemTree::names(const std::string& folder) const {
     std::error_code error;
-    std::filesystem::directory_iterator entries(absolute(folder), error);
-    if (error && m_record) m_record->addFault(folder, error.message());
+    std::filesystem::directory_iterator entries;
+    if (const auto there = place(folder, error)) entries = std::filesystem::directory_iterator(*there, error);
+    if (error && m_record) m_record->addFault(folder, message(error));
     if (error) return std::nullopt;
     std::vector<std::string> names;
     for (; entries != std::filesystem::directory_iterator(); entries.increment(error))
@@ -112,7 +142,10 @@ std::optional<std::vector<std::string>> SystemTree::names(const std::string& fol
 
 std::optional<std::string> SystemTree::linkName(const std::string& path) const {
     std::error_code error;
-    const auto target = std::filesystem::read_symlink(absolute(path), error);
+    const std::filesystem::path link(path);
+    const auto folder = place(link.parent_path().string(), error);
+    if (!folder) return std::nullopt;
+    const auto target = std::filesystem::read_symlink(*folder / link.filename(), error);
     if (error || target.filename().empty()) return std::nullopt;
     if (m_record) m_record->addLink(path, target.string());
     return target.filename().string();
@@ -120,10 +153,9 @@ std::optional<std::string> SystemTree::linkName(const std::string& path) const {
 
 std::optional<std::string> SystemTree::resolved(const std::string& path) const {
     std::error_code error;
-    const auto whole = std::filesystem::canonical(absolute(path), error);
-    if (error) return std::nullopt;
+    const auto whole = std::filesystem::canonical(m_root / path, error);
+    if (error || !isBelow(m_root, whole)) return std::nullopt;
     const auto inside = whole.lexically_relative(m_root).string();
-    if (inside.empty() || inside.starts_with("..")) return std::nullopt;
     if (m_record && inside != path) m_record->addLink(path, "/" + inside);
     return inside;
 }

@@ -13,7 +13,7 @@
 namespace tessivo {
 
 /// One folder, held open: all that is read of it is of the one device that it stands for, even if that goes
-/// meanwhile and another takes its name. Reads as `SystemTree` does. Any thread.
+/// meanwhile and another takes its name. Reads as `SystemTree` does, but follows no link. Any thread.
 class SystemFolder final {
 public:
     SystemFolder(Descriptor folder, std::string path, std::shared_ptr<SourceRecord> record)
@@ -28,8 +28,9 @@ private:
 };
 
 /// The files below a root folder in which Linux tells of itself: procfs, sysfs and /etc. Another root
-/// than "/" is a captured tree. Paths are relative to the root, without a slash in front; links are
-/// followed as the system follows them, so those of a captured tree must be relative.
+/// than "/" is a captured tree. Paths are relative to the root, without a slash in front. Links are followed
+/// as the system follows them; one that leads out of a captured tree leads nowhere, since what lies there is
+/// of this computer.
 /// Whatever can't be read (gone, refused, a device that doesn't answer, no regular file) is absent.
 /// Short and synchronous, never waits for a writer. Any thread.
 class SystemTree final {
@@ -41,7 +42,6 @@ public:
     explicit SystemTree(std::filesystem::path root = "/", std::shared_ptr<SourceRecord> record = nullptr);
 
     bool isThisComputer() const { return m_root == "/"; }
-    std::filesystem::path absolute(const std::string& path) const { return m_root / path; }
 
     std::optional<std::string> bytes(const std::string& path) const;
     /// The file as valid UTF-8 without white space or zero bytes at its ends; nothing if that is empty.
@@ -60,6 +60,10 @@ public:
     std::optional<std::string> resolved(const std::string& path) const;
 
 private:
+    /// Where to read a path, of a captured tree with every link followed. Nothing, and why, where that is out
+    /// of the tree or not there.
+    std::optional<std::filesystem::path> place(const std::string& path, std::error_code& error) const;
+
     std::filesystem::path m_root;
     std::shared_ptr<SourceRecord> m_record;
 };

@@ -48,7 +48,7 @@ std::optional<PropertyMap> properties(const SystemTree& tree, const std::string&
     if (const auto kind = device->text("bDeviceClass")) addHex("bDeviceClass", *kind, 0xff);
     if (const auto speed = device->text("speed"))
         if (const auto code = speedCode(*speed)) out["Device Speed"] = *code;
-    if (isBuiltIn(tree, name)) out["non-removable"] = "yes";
+    if (isBuiltIn(tree, name)) out["SolderedIn"] = true;
     // From the name and not from files: a place that failed to read once would look like another device.
     if (const auto location = locationID(name)) out["locationID"] = std::int64_t(*location);
     // Last, since every device has them: where they can be read, it was there all along.

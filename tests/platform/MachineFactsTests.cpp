@@ -250,6 +250,33 @@ TEST(MachineFacts, fillerInPlaceOfASerialCountsAsUnread) {
     }
 }
 
+TEST(MachineFacts, aLinkOutOfACapturedTreeLeadsNowhere) {
+    CapturedTree outside, captured;
+    outside.add("file = 7");
+    outside.add("2-1/idVendor = 05ac");
+    captured.add("file = 5");
+    const std::string place = outside.path().string();
+    captured.add("away -> " + place);
+    captured.add("upwards -> ../" + outside.path().filename().string());
+    captured.add("folder/idVendor -> " + place + "/2-1/idVendor");
+    captured.add("folder/driver -> " + place + "/drivers/stub");
+    captured.add("within -> folder/../file");
+    const SystemTree tree = captured.tree();
+    EXPECT_EQ(tree.number("within"), 5);
+    EXPECT_EQ(tree.resolved("within"), "file");
+    EXPECT_EQ(tree.linkName("folder/driver"), "stub") << "the name alone is a fact of the tree";
+    for (const std::string& folder :
+         {std::string("away"), std::string("upwards"), "../" + outside.path().filename().string()}) {
+        EXPECT_EQ(tree.bytes(folder + "/file"), std::nullopt) << folder;
+        EXPECT_FALSE(tree.exists(folder + "/file")) << folder;
+        EXPECT_EQ(tree.names(folder), std::nullopt) << folder;
+        EXPECT_FALSE(tree.folder(folder + "/2-1")) << folder;
+        EXPECT_EQ(tree.resolved(folder + "/file"), std::nullopt) << folder;
+        EXPECT_EQ(tree.linkName(folder + "/file"), std::nullopt) << folder;
+    }
+    EXPECT_EQ(tree.folder("folder")->text("idVendor"), std::nullopt);
+}
+
 TEST(MachineFacts, thisComputer) {
     const MachineInfo machine = readMachineInfo(LinuxMachineFacts(SystemTree()), LinuxRegistry(SystemTree()));
     utsname name;

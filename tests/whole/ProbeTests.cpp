@@ -91,10 +91,22 @@ TEST(Probe, aCapturedTreeTellsOfItselfAndNeverOfThisComputer) {
     EXPECT_EQ(integer(source("proc/cpuinfo"), "bytes"), 700'017);
     EXPECT_EQ(text(source("proc/cpuinfo"), "text").value_or("").size(), 16384u);
 
+    // This computer's own, by a link that leads out of the tree.
+    tree.remove("proc/sys/kernel/osrelease");
+    tree.add("proc/sys/kernel/osrelease -> /proc/sys/kernel/osrelease");
+    map = captured();
+    EXPECT_FALSE(std::get<PropertyMap>(map.at("sysctl").value).contains("kern.osversion"));
+    EXPECT_EQ(source("proc/sys/kernel/osrelease"),
+              (PropertyMap{{"fault", "A link leads out of the captured tree"}}));
+
     tree.add("tessivo/sound.json = {\"audio\": 1}");
     const Outcome broken = probe({"machine", "--root", q(tree.path())});
     EXPECT_EQ(broken.status, 1);
     EXPECT_THAT(broken.err, HasSubstr("sound.json: audio: "));
+    const TemporaryFolder elsewhere;
+    tree.remove("tessivo");
+    std::filesystem::create_symlink(elsewhere.write("sound.json", "{}").parent_path(), tree.path("tessivo"));
+    EXPECT_THAT(probe({"machine", "--root", q(tree.path())}).err, HasSubstr("sound.json: a link"));
 }
 
 TEST(Probe, readsStandardInputAndPipes) {

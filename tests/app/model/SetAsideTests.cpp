@@ -84,6 +84,19 @@ TEST_F(SetAsideTests, aKeyThatIsUnknownForAWhileIsNotForgotten) {
     EXPECT_EQ(shown(), "");
 }
 
+TEST_F(SetAsideTests, aSessionStartedOverBelongsToThisMacAlone) {
+    workOn("a");
+    letGo();
+    controls.setHardwareKeys(HardwareKeys{.drives = {"d"}});
+    EXPECT_EQ(shown(), "a") << "a twin with no kind of key in common";
+    model().reset();
+    model().setNotes("twin");
+    model().persist();
+    letGo();
+    controls.setHardwareKeys(HardwareKeys{.wifi = {"a"}, .drives = {"e"}});
+    EXPECT_EQ(model().notes(), "");
+}
+
 TEST_F(SetAsideTests, aPlatformWithoutKeysStoresTheSessionAndTheNotesAlone) {
     store(answered());
     model().persist();

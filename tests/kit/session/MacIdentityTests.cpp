@@ -30,13 +30,19 @@ TEST(MacIdentity, decidesWhoseASessionIs) {
         {{"S", "M", {}}, {none, "M", {}}, different},
         {{none, "M", {}}, {"S", "M", {}}, different},
         // Without serial numbers: the kinds that are known on both sides.
-        {{none, "M", wifi}, {none, "M", wifi}, sameKeys},
+        {{none, "M", wifi}, {none, "M", wifi}, sameAddress},
         {{none, "M", wifi}, {none, "M", otherWiFi}, different},
-        {{none, "Unknown", wifi}, {none, "M", wifi}, sameKeys},
-        {{none, "M", both}, {none, "M", wifi}, sameKeys},
-        {{none, "M", both}, {none, "M", bothDrives}, sameKeys},
-        {{none, "M", both}, {none, "M", otherDrive}, different},
+        {{none, "Unknown", wifi}, {none, "M", wifi}, sameAddress},
+        {{none, "M", both}, {none, "M", wifi}, sameAddress},
+        {{none, "M", HardwareKeys{.ethernet = {"n"}, .wifi = {"a"}}},
+         {none, "M", HardwareKeys{.ethernet = {"o"}, .wifi = {"a"}}},
+         different},
+        // A drive that was replaced makes no other Mac; one that was moved doesn't take the session with it.
+        {{none, "M", both}, {none, "M", otherDrive}, sameAddress},
         {{none, "M", both}, {none, "M", HardwareKeys{.wifi = {"b"}, .drives = {"d"}}}, different},
+        {{none, "M", drive}, {none, "N", drive}, different},
+        {{none, "M", drive}, {none, "M", bothDrives}, sameDrive},
+        {{none, "M", both}, {none, "M", HardwareKeys{.drives = {"x"}}}, different},
         // None in common: the model.
         {{none, "M", wifi}, {none, "M", drive}, sameModel},
         {{none, "M", wifi}, {none, "N", drive}, different},
@@ -45,10 +51,10 @@ TEST(MacIdentity, decidesWhoseASessionIs) {
         {{none, "Unknown", wifi}, {none, "M", drive}, nothingAgainst},
         {{none, "M", noKeys}, {none, "Unknown", noKeys}, nothingAgainst},
         // A serial number that comes or goes.
-        {{"S", "M", wifi}, {none, "M", wifi}, sameKeys},
-        {{none, "M", wifi}, {"S", "M", both}, sameKeys},
+        {{"S", "M", wifi}, {none, "M", wifi}, sameAddress},
+        {{none, "M", wifi}, {"S", "M", both}, sameAddress},
         {{none, "M", wifi}, {"S", "N", wifi}, different},
-        {{none, "Unknown", wifi}, {"S", "M", wifi}, sameKeys},
+        {{none, "Unknown", wifi}, {"S", "M", wifi}, sameAddress},
         {{none, "M", wifi}, {"S", "M", drive}, different},
         {{"S", "M", {}}, {none, "M", wifi}, different},
     };
@@ -65,8 +71,9 @@ ShelvedSession shelved(const std::string& session, const Serial& serial, const H
 TEST(SessionShelf, givesBackWhatMostSpeaksForThisMac) {
     SessionShelf shelf;
     for (const ShelvedSession& session :
-         {shelved("old", none, wifi), shelved("new", none, wifi), shelved("model", none, noKeys),
-          shelved("serial", "S", HardwareKeys{.wifi = {"s"}}), shelved("unknown", none, noKeys, "Unknown")})
+         {shelved("old", none, wifi), shelved("new", none, wifi), shelved("drive", none, drive),
+          shelved("model", none, noKeys), shelved("serial", "S", HardwareKeys{.wifi = {"s"}}),
+          shelved("unknown", none, noKeys, "Unknown")})
         shelf.put(session);
     EXPECT_EQ(SessionShelf::decode(shelf.encode()), shelf);
     const auto found = [&](const MacIdentity& current) {
@@ -74,6 +81,7 @@ TEST(SessionShelf, givesBackWhatMostSpeaksForThisMac) {
         return best ? shelf.sessions[best->index].session : "-";
     };
     EXPECT_EQ(found({none, "M", wifi}), "new");
+    EXPECT_EQ(found({none, "M", both}), "new") << "a drive can come from another Mac";
     EXPECT_EQ(found({"S", "N", wifi}), "serial");
     EXPECT_EQ(found({none, "M", otherWiFi}), "model");
     EXPECT_EQ(found({none, "N", HardwareKeys{.wifi = {"c"}}}), "-") << "nothing speaks for an unknown model";
@@ -82,7 +90,7 @@ TEST(SessionShelf, givesBackWhatMostSpeaksForThisMac) {
 
 TEST(SessionShelf, isBoundedAndKeepsTheNewest) {
     SessionShelf shelf;
-    for (int i = 0; i < 70; ++i)
+    for (std::size_t i = 0; i < SessionShelf::mostSessions + 6; ++i)
         shelf.put(shelved(std::to_string(i), none, noKeys));
     EXPECT_EQ(shelf.sessions.size(), SessionShelf::mostSessions);
     EXPECT_EQ(shelf.sessions.front().session, "6");
