@@ -93,6 +93,10 @@ class GoldenTrees : public testing::TestWithParam<std::string> {};
 TEST_P(GoldenTrees, aCaptureOfTheTreeReportsAsItsGoldenFile) {
     const CapturedTree tree(GetParam());
     const std::string capture = probe({"machine", "--root", QString::fromStdString(tree.path().string())});
+    // Recorded with the tree, or nowhere; never this computer's.
+    const bool isRecorded = fs::exists(tree.path("tessivo/sound.json"));
+    for (const char* key : {"audio", "microphones", "cameras"})
+        EXPECT_EQ(capture.find("\n  \"" + std::string(key) + "\"") != std::string::npos, isRecorded) << key;
     expectGolden("reports/trees/" + GetParam() + ".txt", textReport("-", capture));
 }
 
