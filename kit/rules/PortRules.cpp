@@ -52,8 +52,8 @@ TestResult ethernet(const std::optional<EthernetTest>& test, std::optional<MacKi
             summary += " at " + *speed;
             details.push_back("Link speed: " + *speed);
         }
-        details.push_back(test->cameUpWhileTesting ? "The link came up when the cable went in"
-                                                   : "The link was already up when the test started");
+        details.emplace_back(test->cameUpWhileTesting ? "The link came up when the cable went in"
+                                                      : "The link was already up when the test started");
         return {TestID::ethernet, TestStatus::works, std::move(summary), std::move(details)};
     }
     if (!test->ports.empty())
