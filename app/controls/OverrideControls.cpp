@@ -23,8 +23,10 @@ OverrideControls::OverrideControls(TestID test, QWidget* parent)
 }
 
 void OverrideControls::setOverride(const std::optional<UserOverride>& override) {
-    m_problem = override ? override->problem : std::nullopt;
     m_notIncluded->setChecked(override && override->notIncluded);
+    auto problem = override ? override->problem : std::nullopt;
+    if (problem == m_problem) return; // as the field itself told it, at every key
+    m_problem = std::move(problem);
     m_note->setText(QString::fromStdString(m_problem.value_or("")));
 }
 
