@@ -1,5 +1,5 @@
-#include "app/controls/QtDialogs.h"
-#include "app/controls/Theme.h"
+#include "app/dialogs/QtDialogs.h"
+#include "app/look/Theme.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/Application.h"
 #include "app/window/QuitSignals.h"
@@ -18,8 +18,8 @@ int main(int argc, char** argv) {
         const SingleInstance instance(AppModel::supportFolder(*platform));
         if (!instance.isFirst()) {
             if (!instance.callFirst())
-                dialogs.inform(nullptr, QObject::tr("Tessivo is open already"),
-                               QObject::tr("It doesn’t answer. Close it, then open it again."));
+                dialogs.inform(nullptr, QStringLiteral("Tessivo is open already"),
+                               QStringLiteral("It doesn’t answer. Close it, then open it again."));
             return 0;
         }
         AppDelegate delegate(*platform, dialogs);

@@ -1,8 +1,8 @@
 // Pictures of every page, of a running keyboard test and of a comparison, light and dark, at the first size
 // and the smallest: `tessivo-gallery FOLDER [PAGE...]`.
 
-#include "app/controls/QtDialogs.h"
-#include "app/controls/Theme.h"
+#include "app/dialogs/QtDialogs.h"
+#include "app/look/Theme.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/RootView.h"
 #include "kit/Samples.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/Dialogs.h"
+#include "app/dialogs/Dialogs.h"
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedControls.h"

@@ -1,6 +1,6 @@
 // Comparing two reports: the value and its text, and the sheet over a History of 10,000 reports.
 #include "app/controls/Picker.h"
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 #include "app/pages/compare/CompareSheet.h"
 #include "benchmarks/Bench.h"
 #include "kit/Samples.h"

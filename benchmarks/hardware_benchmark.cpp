@@ -1,5 +1,5 @@
 // What reading a changing computer costs: one scan of many devices and interfaces, and an open Ports page.
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 #include "app/pages/Pages.h"
 #include "app/readers/Readers.h"
 #include "benchmarks/Bench.h"

@@ -1,5 +1,5 @@
 // Opening History with many reports: time to a usable list, the longest stall of the main thread, memory.
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 #include "app/pages/Pages.h"
 #include "benchmarks/Bench.h"
 #include "kit/Samples.h"

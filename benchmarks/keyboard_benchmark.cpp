@@ -1,7 +1,7 @@
 // How long a key takes from its event to the painted diagram, and whether the trackpad page keeps up with a
 // flood of touches. `keyboard_benchmark`; set QT_QPA_PLATFORM to choose where it paints.
 
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 #include "app/pages/Pages.h"
 #include "benchmarks/Bench.h"
 

@@ -2,7 +2,7 @@
 // an empty window of the same size, in turn. `start_benchmark [ROUNDS]`; set QT_QPA_PLATFORM to choose where
 // they paint. Settings and data go to a folder that is thrown away.
 
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/RootView.h"
 #include "benchmarks/Bench.h"

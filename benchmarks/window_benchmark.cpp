@@ -1,7 +1,7 @@
 // How long a write to the session takes until every visible badge is painted anew, on This Mac and on a
 // test's page. `window_benchmark`; set QT_QPA_PLATFORM to choose where it paints.
 
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/RootView.h"
 #include "benchmarks/Bench.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/hardware/CaptureReadings.h"
+#include "kit/session/CaptureReadings.h"
 #include "platform/SerialQueue.h"
 
 #include <QImage>

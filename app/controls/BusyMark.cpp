@@ -1,7 +1,7 @@
 #include "app/controls/BusyMark.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Theme.h"
+#include "app/look/Metrics.h"
+#include "app/look/Theme.h"
 
 #include <QPainter>
 

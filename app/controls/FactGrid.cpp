@@ -1,7 +1,7 @@
 #include "app/controls/FactGrid.h"
 
-#include "app/controls/Paint.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Paint.h"
 
 namespace tessivo {
 namespace {

@@ -1,8 +1,8 @@
 #include "app/controls/GrowingTextField.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/OverlayScrollBar.h"
-#include "app/controls/Paint.h"
+#include "app/look/Metrics.h"
+#include "app/look/OverlayScrollBar.h"
+#include "app/look/Paint.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>

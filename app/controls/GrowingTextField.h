@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/controls/FocusRing.h"
-#include "app/controls/Theme.h"
+#include "app/look/FocusRing.h"
+#include "app/look/Theme.h"
 
 #include <QTextEdit>
 

@@ -1,9 +1,9 @@
 #include "app/controls/ListRows.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
 #include "app/controls/StatusBadge.h"
-#include "app/controls/Symbols.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
+#include "app/look/Symbols.h"
 
 #include <QKeyEvent>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/controls/ClickControl.h"
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
 #include "kit/vocabulary/TestStatus.h"
 
 #include <optional>

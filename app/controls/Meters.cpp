@@ -1,7 +1,7 @@
 #include "app/controls/Meters.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
 
 namespace tessivo {
 namespace {

@@ -1,6 +1,6 @@
 #include "app/controls/Panel.h"
 
-#include "app/controls/Paint.h"
+#include "app/look/Paint.h"
 
 #include <QPaintEvent>
 

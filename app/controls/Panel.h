@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Theme.h"
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
+#include "app/look/Metrics.h"
+#include "app/look/Theme.h"
 
 namespace tessivo {
 

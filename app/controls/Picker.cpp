@@ -1,8 +1,8 @@
 #include "app/controls/Picker.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
-#include "app/controls/Symbols.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
+#include "app/look/Symbols.h"
 
 #include <QKeyEvent>
 #include <QMenu>

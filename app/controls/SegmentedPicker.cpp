@@ -1,8 +1,8 @@
 #include "app/controls/SegmentedPicker.h"
 
 #include "app/controls/ClickControl.h"
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
 
 #include <QKeyEvent>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/controls/Accessible.h"
-#include "app/controls/FocusRing.h"
-#include "app/controls/Theme.h"
+#include "app/look/Accessible.h"
+#include "app/look/FocusRing.h"
+#include "app/look/Theme.h"
 
 #include <QWidget>
 

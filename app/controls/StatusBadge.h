@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/controls/Accessible.h"
-#include "app/controls/Theme.h"
+#include "app/look/Accessible.h"
+#include "app/look/Theme.h"
 #include "kit/vocabulary/TestStatus.h"
 
 #include <QWidget>

@@ -1,10 +1,10 @@
 #include "app/controls/Stepper.h"
 
-#include "app/controls/Layouts.h"
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
-#include "app/controls/Symbols.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/Layouts.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
+#include "app/look/Symbols.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "app/controls/TextLabel.h"
 
-#include "app/controls/Paint.h"
+#include "app/look/Paint.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -355,9 +355,9 @@ void TextLabel::contextMenuEvent(QContextMenuEvent* event) {
     }
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    QAction* copyAction = menu->addAction(tr("Copy"), this, &TextLabel::copy);
+    QAction* copyAction = menu->addAction(QStringLiteral("Copy"), this, &TextLabel::copy);
     copyAction->setEnabled(!selectedText().isEmpty());
-    menu->addAction(tr("Select All"), this, [this] { select(0, int(m_text.size())); });
+    menu->addAction(QStringLiteral("Select All"), this, [this] { select(0, int(m_text.size())); });
     menu->popup(event->globalPos());
 }
 

@@ -1,9 +1,9 @@
 #include "app/controls/TileGrid.h"
 
-#include "app/controls/Paint.h"
 #include "app/controls/StatusBadge.h"
-#include "app/controls/Symbols.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Paint.h"
+#include "app/look/Symbols.h"
 
 #include <QPaintEvent>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/controls/ClickControl.h"
-#include "app/controls/Layouts.h"
-#include "app/controls/Metrics.h"
+#include "app/layout/Layouts.h"
+#include "app/look/Metrics.h"
 #include "kit/vocabulary/TestStatus.h"
 
 #include <optional>

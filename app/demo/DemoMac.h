@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/Dialogs.h"
+#include "app/dialogs/Dialogs.h"
 #include "app/window/AppDelegate.h"
 #include "platform/QtScheduler.h"
 #include "platform/simulated/SimulatedControls.h"

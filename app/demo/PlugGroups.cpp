@@ -45,19 +45,19 @@ void showPlugged(SimulatedControls& mac, QListWidget& list) {
 } // namespace
 
 QGroupBox* usbGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("USB"));
+    auto* box = new QGroupBox(QStringLiteral("USB"));
     auto* form = formIn(box);
     auto* device = addChoice(
-        form, QObject::tr("Device"),
+        form, QStringLiteral("Device"),
         {"Flash drive", "Keyboard (slow)", "SSD (fast)", "Without a name", "Hub", "Hub with two devices"});
     auto* port = new QSpinBox;
     port->setRange(1, mostPorts);
-    form->addRow(QObject::tr("Port"), port);
+    form->addRow(QStringLiteral("Port"), port);
     auto* list = new QListWidget;
-    list->setAccessibleName(QObject::tr("Plugged in"));
+    list->setAccessibleName(QStringLiteral("Plugged in"));
     list->setMaximumHeight(80);
     list->setFocusPolicy(Qt::NoFocus);
-    addButtons(form, {{QObject::tr("Plug In"),
+    addButtons(form, {{QStringLiteral("Plug In"),
                        [=, &mac] {
                            const std::uint32_t location = portLocation(port->value());
                            mac.unplugUSB(location);
@@ -74,7 +74,7 @@ QGroupBox* usbGroup(SimulatedControls& mac) {
                            }
                            showPlugged(mac, *list);
                        }},
-                      {QObject::tr("Unplug"), [=, &mac] {
+                      {QStringLiteral("Unplug"), [=, &mac] {
                            mac.unplugUSB(portLocation(port->value()));
                            showPlugged(mac, *list);
                        }}});
@@ -84,34 +84,34 @@ QGroupBox* usbGroup(SimulatedControls& mac) {
 }
 
 QGroupBox* headphonesGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Headphone jack and speakers"));
+    auto* box = new QGroupBox(QStringLiteral("Headphone jack and speakers"));
     auto* form = formIn(box);
-    auto* shape = addChoice(form, QObject::tr("Shown as"), {"Data source", "Device of its own"});
+    auto* shape = addChoice(form, QStringLiteral("Shown as"), {"Data source", "Device of its own"});
     addButtons(form,
-               {{QObject::tr("Put In"),
+               {{QStringLiteral("Put In"),
                  [=, &mac] { mac.insertHeadphones(SimulatedControls::JackForm(shape->currentIndex())); }},
-                {QObject::tr("Pull Out"), [&mac] { mac.pullHeadphones(); }}});
-    addSwitch(form, QObject::tr("The sound engine can’t start"), [&mac](bool on) { mac.failEngine(on); });
+                {QStringLiteral("Pull Out"), [&mac] { mac.pullHeadphones(); }}});
+    addSwitch(form, QStringLiteral("The sound engine can’t start"), [&mac](bool on) { mac.failEngine(on); });
     return box;
 }
 
 QGroupBox* ethernetGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Ethernet"));
+    auto* box = new QGroupBox(QStringLiteral("Ethernet"));
     auto* form = formIn(box);
     QStringList names;
     for (const RegistryEntry& entry : mac.facts().registry["IONetworkInterface"])
         if (entry.properties)
             names << QString::fromStdString(text(*entry.properties, "BSD Name").value_or(""));
-    auto* port = addChoice(form, QObject::tr("Interface"), names);
-    auto* speed = addChoice(form, QObject::tr("Speed"), {"10", "100", "1000", "2500", "10000"});
+    auto* port = addChoice(form, QStringLiteral("Interface"), names);
+    auto* speed = addChoice(form, QStringLiteral("Speed"), {"10", "100", "1000", "2500", "10000"});
     speed->setCurrentIndex(2);
-    addButtons(form,
-               {{QObject::tr("Raise Link"),
-                 [=, &mac] {
-                     mac.raiseLink(port->currentText().toStdString(),
-                                   speed->currentText().toLongLong() * 1'000'000);
-                 }},
-                {QObject::tr("Drop Link"), [=, &mac] { mac.dropLink(port->currentText().toStdString()); }}});
+    addButtons(
+        form,
+        {{QStringLiteral("Raise Link"),
+          [=, &mac] {
+              mac.raiseLink(port->currentText().toStdString(), speed->currentText().toLongLong() * 1'000'000);
+          }},
+         {QStringLiteral("Drop Link"), [=, &mac] { mac.dropLink(port->currentText().toStdString()); }}});
     return box;
 }
 

@@ -26,36 +26,36 @@ QStringList deviceIDs(SimulatedControls& mac, MediaType type) {
 /// The rows that microphones and cameras have in common: which device, whether it opens, who may use it.
 QComboBox* addDevice(QFormLayout* form, SimulatedControls& mac, MediaType type,
                      const CaptureDevice& external) {
-    auto* device = addChoice(form, QObject::tr("Device"), deviceIDs(mac, type));
+    auto* device = addChoice(form, QStringLiteral("Device"), deviceIDs(mac, type));
     const auto chosen = [device] { return device->currentText().toStdString(); };
-    addButtons(form, {{QObject::tr("Add Another"),
+    addButtons(form, {{QStringLiteral("Add Another"),
                        [=, &mac] {
                            mac.removeDevice(type, external.uniqueID);
                            mac.addDevice(type, external);
                            device->clear();
                            device->addItems(deviceIDs(mac, type));
                        }},
-                      {QObject::tr("Remove"), [=, &mac] {
+                      {QStringLiteral("Remove"), [=, &mac] {
                            mac.removeDevice(type, chosen());
                            device->clear();
                            device->addItems(deviceIDs(mac, type));
                        }}});
-    addChoice(form, QObject::tr("List"), {"Is read", "Nothing answers", "No driver"},
+    addChoice(form, QStringLiteral("List"), {"Is read", "Nothing answers", "No driver"},
               [type, &mac](int index) {
                   using Fault = CaptureList::Fault;
                   mac.failList(type, index ? std::optional(Fault(index - 1)) : std::nullopt);
               });
-    addChoice(form, QObject::tr("When opened"), {"Opens", "Turns out broken", "Is busy", "Is refused"},
+    addChoice(form, QStringLiteral("When opened"), {"Opens", "Turns out broken", "Is busy", "Is refused"},
               [=, &mac](int index) {
                   mac.failOpening(chosen(), index ? std::optional(OpenFault(index - 1)) : std::nullopt);
               });
-    addSwitch(form, QObject::tr("Can’t be opened"),
+    addSwitch(form, QStringLiteral("Can’t be opened"),
               [=, &mac](bool on) { mac.setOpens(type, chosen(), !on); });
-    addSwitch(form, QObject::tr("Never finishes opening"), [=, &mac](bool on) {
+    addSwitch(form, QStringLiteral("Never finishes opening"), [=, &mac](bool on) {
         mac.setOpening(chosen(), on ? std::nullopt : std::optional(std::chrono::milliseconds(0)));
     });
     const auto access =
-        addChoice(form, QObject::tr("Access"), {"Not asked yet", "Restricted", "Denied", "Allowed"},
+        addChoice(form, QStringLiteral("Access"), {"Not asked yet", "Restricted", "Denied", "Allowed"},
                   [type, &mac](int index) { mac.setAccess(type, AuthorizationStatus(index)); });
     access->setCurrentIndex(int(mac.facts().access[type]));
     return device;
@@ -66,7 +66,7 @@ class Pad final : public QWidget {
 public:
     explicit Pad(SimulatedControls& mac) : m_mac(mac) {
         setFixedHeight(120);
-        setAccessibleName(tr("Trackpad surface"));
+        setAccessibleName(QStringLiteral("Trackpad surface"));
     }
 
 protected:
@@ -74,7 +74,7 @@ protected:
         QPainter painter(this);
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
-        painter.drawText(rect(), Qt::AlignCenter, tr("Drag a finger here"));
+        painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Drag a finger here"));
     }
     void mousePressEvent(QMouseEvent* event) override { finger(event); }
     void mouseMoveEvent(QMouseEvent* event) override { finger(event); }
@@ -90,22 +90,22 @@ private:
 } // namespace
 
 QGroupBox* microphoneGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Microphones"));
+    auto* box = new QGroupBox(QStringLiteral("Microphones"));
     auto* form = formIn(box);
     auto* device = addDevice(form, mac, MediaType::audio, {"demo-microphone", "USB Microphone"});
     auto* level = new QSlider(Qt::Horizontal);
     level->setRange(quietest, loudest);
     level->setValue(spoken);
-    auto* shown = new QLabel(QObject::tr("%1 dB").arg(spoken));
+    auto* shown = new QLabel(QStringLiteral("%1 dB").arg(spoken));
     auto* row = new QHBoxLayout;
     row->addWidget(level);
     row->addWidget(shown);
-    form->addRow(QObject::tr("Level"), row);
-    level->setAccessibleName(QObject::tr("Level"));
-    auto* speaks = new QCheckBox(QObject::tr("Speak into it"));
+    form->addRow(QStringLiteral("Level"), row);
+    level->setAccessibleName(QStringLiteral("Level"));
+    auto* speaks = new QCheckBox(QStringLiteral("Speak into it"));
     form->addRow(speaks);
     const auto apply = [=, &mac] {
-        shown->setText(QObject::tr("%1 dB").arg(level->value()));
+        shown->setText(QStringLiteral("%1 dB").arg(level->value()));
         mac.keepSpeaking(device->currentText().toStdString(),
                          speaks->isChecked() ? std::optional<double>(level->value()) : std::nullopt);
     };
@@ -115,21 +115,21 @@ QGroupBox* microphoneGroup(SimulatedControls& mac) {
 }
 
 QGroupBox* cameraGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Cameras"));
+    auto* box = new QGroupBox(QStringLiteral("Cameras"));
     auto* form = formIn(box);
     auto* device = addDevice(form, mac, MediaType::video, {"demo-camera", "USB Camera"});
     const auto chosen = [device] { return device->currentText().toStdString(); };
-    addSwitch(form, QObject::tr("Send frames"), [=, &mac](bool on) { mac.keepSending(chosen(), on); });
-    addButtons(form, {{QObject::tr("Send Three Frames"), [=, &mac] { mac.sendFrames(chosen(), 3); }}});
+    addSwitch(form, QStringLiteral("Send frames"), [=, &mac](bool on) { mac.keepSending(chosen(), on); });
+    addButtons(form, {{QStringLiteral("Send Three Frames"), [=, &mac] { mac.sendFrames(chosen(), 3); }}});
     return box;
 }
 
 QGroupBox* trackpadGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Trackpad"));
+    auto* box = new QGroupBox(QStringLiteral("Trackpad"));
     auto* form = formIn(box);
     form->addRow(new Pad(mac));
     const auto gesture = [&mac](const char* word) { return [&mac, word] { mac.gesture(word); }; };
-    addButtons(form, {{QObject::tr("Touch All"),
+    addButtons(form, {{QStringLiteral("Touch All"),
                        [&mac] {
                            constexpr int steps = 24;
                            for (int y = 0; y < steps; ++y)
@@ -137,14 +137,15 @@ QGroupBox* trackpadGroup(SimulatedControls& mac) {
                                    mac.touch({{(x + 0.5) / steps, (y + 0.5) / steps}});
                            mac.touch({});
                        }},
-                      {QObject::tr("Two Fingers"), [&mac] {
+                      {QStringLiteral("Two Fingers"), [&mac] {
                            mac.touch({{0.4, 0.5}, {0.6, 0.5}});
                            mac.touch({});
                        }}});
-    addButtons(form, {{QObject::tr("Click"), gesture("click")},
-                      {QObject::tr("Secondary"), gesture("secondary")},
-                      {QObject::tr("Force"), gesture("force")}});
-    addButtons(form, {{QObject::tr("Scroll"), gesture("scroll")}, {QObject::tr("Pinch"), gesture("zoom")}});
+    addButtons(form, {{QStringLiteral("Click"), gesture("click")},
+                      {QStringLiteral("Secondary"), gesture("secondary")},
+                      {QStringLiteral("Force"), gesture("force")}});
+    addButtons(form,
+               {{QStringLiteral("Scroll"), gesture("scroll")}, {QStringLiteral("Pinch"), gesture("zoom")}});
     return box;
 }
 

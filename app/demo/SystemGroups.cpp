@@ -20,7 +20,7 @@ constexpr int mostActivity = 60;      // characters of a text that is shown
 void addNumber(QFormLayout* form, const QString& label, SimulatedControls& mac, const char* key, int most) {
     auto* number = new QSpinBox;
     number->setRange(-1, most);
-    number->setSpecialValueText(QObject::tr("missing"));
+    number->setSpecialValueText(QStringLiteral("missing"));
     std::int64_t now = -1;
     const auto& batteries = mac.facts().registry["AppleSmartBattery"];
     if (!batteries.empty() && batteries.front().properties)
@@ -35,8 +35,8 @@ void addNumber(QFormLayout* form, const QString& label, SimulatedControls& mac, 
 } // namespace
 
 QGroupBox* enrollmentGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Device management (read again to see it)"));
-    addChoice(formIn(box), QObject::tr("Tool says"),
+    auto* box = new QGroupBox(QStringLiteral("Device management (read again to see it)"));
+    addChoice(formIn(box), QStringLiteral("Tool says"),
               {"As in the machine file", "Not enrolled", "Enrolled", "Tool missing", "Tool hangs",
                "Tool floods its output", "Tool fails"},
               [&mac](int index) {
@@ -53,23 +53,23 @@ QGroupBox* enrollmentGroup(SimulatedControls& mac) {
 }
 
 QGroupBox* batteryGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Battery (read again to see it)"));
+    auto* box = new QGroupBox(QStringLiteral("Battery (read again to see it)"));
     auto* form = formIn(box);
-    addNumber(form, QObject::tr("Charge cycles"), mac, "CycleCount", 5000);
-    addNumber(form, QObject::tr("Design capacity, mAh"), mac, "DesignCapacity", 20000);
-    addNumber(form, QObject::tr("Full charge, mAh"), mac, "NominalChargeCapacity", 20000);
-    addChoice(form, QObject::tr("Condition"), {"Good", "Fair", "Poor", "Check Battery", "missing"},
+    addNumber(form, QStringLiteral("Charge cycles"), mac, "CycleCount", 5000);
+    addNumber(form, QStringLiteral("Design capacity, mAh"), mac, "DesignCapacity", 20000);
+    addNumber(form, QStringLiteral("Full charge, mAh"), mac, "NominalChargeCapacity", 20000);
+    addChoice(form, QStringLiteral("Condition"), {"Good", "Fair", "Poor", "Check Battery", "missing"},
               [&mac](int index) {
                   static const char* const health[] = {"Good", "Fair", "Poor", "Check Battery"};
                   mac.setPowerSource("BatteryHealth", index < 4 ? Property(health[index]) : Property());
               });
-    addButtons(form, {{QObject::tr("Take the Battery Out"), [&mac] { mac.removeBattery(); }}});
+    addButtons(form, {{QStringLiteral("Take the Battery Out"), [&mac] { mac.removeBattery(); }}});
     return box;
 }
 
 QGroupBox* updatesGroup(SimulatedControls& mac, FeedServer& server) {
-    auto* box = new QGroupBox(QObject::tr("Update server"));
-    addChoice(formIn(box), QObject::tr("Answers"),
+    auto* box = new QGroupBox(QStringLiteral("Update server"));
+    addChoice(formIn(box), QStringLiteral("Answers"),
               {"No feed is set", "200: there is a feed", "404: no feed yet", "405: refuses HEAD",
                "500: fails", "Never", "A body without end", "A circle of redirects", "Can’t be reached"},
               [&mac, &server](int index) {
@@ -81,18 +81,19 @@ QGroupBox* updatesGroup(SimulatedControls& mac, FeedServer& server) {
 }
 
 QGroupBox* wordingGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Language model"));
+    auto* box = new QGroupBox(QStringLiteral("Language model"));
     auto* form = formIn(box);
-    addChoice(form, QObject::tr("There is one"), {"No", "Yes", "Turned off", "Not ready"}, [&mac](int index) {
-        constexpr WordingAvailability all[] = {WordingAvailability::unsupported,
-                                               WordingAvailability::available, WordingAvailability::turnedOff,
-                                               WordingAvailability::notReady};
-        mac.wording().setAvailability(all[index]);
-    });
-    auto* answer = addChoice(form, QObject::tr("It answers"),
+    addChoice(form, QStringLiteral("There is one"), {"No", "Yes", "Turned off", "Not ready"},
+              [&mac](int index) {
+                  constexpr WordingAvailability all[] = {
+                      WordingAvailability::unsupported, WordingAvailability::available,
+                      WordingAvailability::turnedOff, WordingAvailability::notReady};
+                  mac.wording().setAvailability(all[index]);
+              });
+    auto* answer = addChoice(form, QStringLiteral("It answers"),
                              {"The text as it is", "The text below", "A failure", "Not until released"});
-    auto* words = new QPlainTextEdit(QObject::tr("A lovely Mac, like new. Battery at 100%."));
-    words->setAccessibleName(QObject::tr("Rewording"));
+    auto* words = new QPlainTextEdit(QStringLiteral("A lovely Mac, like new. Battery at 100%."));
+    words->setAccessibleName(QStringLiteral("Rewording"));
     words->setMaximumHeight(60);
     form->addRow(words);
     const auto apply = [=, &mac] {
@@ -105,28 +106,28 @@ QGroupBox* wordingGroup(SimulatedControls& mac) {
     };
     QObject::connect(answer, &QComboBox::activated, box, apply);
     QObject::connect(words, &QPlainTextEdit::textChanged, box, apply);
-    addButtons(form, {{QObject::tr("Release"), [&mac] { mac.wording().release(); }}});
+    addButtons(form, {{QStringLiteral("Release"), [&mac] { mac.wording().release(); }}});
     return box;
 }
 
 QGroupBox* diskGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Disk"));
+    auto* box = new QGroupBox(QStringLiteral("Disk"));
     auto* form = formIn(box);
-    addSwitch(form, QObject::tr("The History folder is read-only (but for root)"),
+    addSwitch(form, QStringLiteral("The History folder is read-only (but for root)"),
               [&mac](bool on) { mac.setHistoryReadOnly(on); });
-    addSwitch(form, QObject::tr("The disk is full"), [](bool on) { setDiskFull(on); });
-    addSwitch(form, QObject::tr("Defaults can’t be stored"), [&mac](bool on) { mac.failDefaults(on); });
+    addSwitch(form, QStringLiteral("The disk is full"), [](bool on) { setDiskFull(on); });
+    addSwitch(form, QStringLiteral("Defaults can’t be stored"), [&mac](bool on) { mac.failDefaults(on); });
     return box;
 }
 
 QGroupBox* activityGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QObject::tr("Asked of the desktop"));
+    auto* box = new QGroupBox(QStringLiteral("Asked of the desktop"));
     auto* form = formIn(box);
     auto *opened = new QLabel, *copied = new QLabel, *checks = new QLabel, *tones = new QLabel;
-    form->addRow(QObject::tr("Last page opened"), opened);
-    form->addRow(QObject::tr("Pasteboard"), copied);
-    form->addRow(QObject::tr("Handed to the updater"), checks);
-    form->addRow(QObject::tr("Tones played"), tones);
+    form->addRow(QStringLiteral("Last page opened"), opened);
+    form->addRow(QStringLiteral("Pasteboard"), copied);
+    form->addRow(QStringLiteral("Handed to the updater"), checks);
+    form->addRow(QStringLiteral("Tones played"), tones);
     for (QLabel* label : {opened, copied, checks, tones}) {
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);

@@ -62,9 +62,10 @@ void OverviewView::addHeader() {
     m_name->setHeading(true);
     auto* words = new Column;
     words->add(m_name);
-    words->add(new TextLabel(tr("Test it, then make a whole-machine condition report for your listing."),
-                             TextRole::body, ColorRole::text2),
-               underName);
+    words->add(
+        new TextLabel(QStringLiteral("Test it, then make a whole-machine condition report for your listing."),
+                      TextRole::body, ColorRole::text2),
+        underName);
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
@@ -76,19 +77,19 @@ void OverviewView::addHeader() {
 
 void OverviewView::addIdentity() {
     m_identity = new FactGrid(FactGrid::identity());
-    m_identity->addFact(tr("Serial number"), {}, true);
-    m_identity->addFact(tr("Model ID"), {}, true);
-    m_identity->addFact(tr("Chip"));
-    m_identity->addFact(tr("Memory"));
-    m_identity->addFact(tr("Storage"));
-    m_identity->addFact(tr("macOS"));
+    m_identity->addFact(QStringLiteral("Serial number"), {}, true);
+    m_identity->addFact(QStringLiteral("Model ID"), {}, true);
+    m_identity->addFact(QStringLiteral("Chip"));
+    m_identity->addFact(QStringLiteral("Memory"));
+    m_identity->addFact(QStringLiteral("Storage"));
+    m_identity->addFact(QStringLiteral("macOS"));
     auto* panel = new Panel;
     panel->column().setContentsMargins(Space::block, identityPadding, Space::block, Space::l);
     panel->add(m_identity);
-    panel->add(
-        callout(tr("About This Mac (in the Apple menu) shows the same serial number, so a buyer can match "
+    panel->add(callout(QStringLiteral(
+                   "About This Mac (in the Apple menu) shows the same serial number, so a buyer can match "
                    "them.")),
-        Space::s);
+               Space::s);
     add(panel, Space::xxl);
 }
 
@@ -96,7 +97,7 @@ void OverviewView::addEnrollment() {
     m_enrollment = new StatusBadge;
     m_enrollmentSummary = new TextLabel;
     m_enrollmentDetails = new Column;
-    m_readAgain = new Button(tr("Read Again"));
+    m_readAgain = new Button(QStringLiteral("Read Again"));
     connect(m_readAgain, &Button::clicked, &m_model, &AppModel::readEnrollment);
 
     auto* words = new Column;
@@ -112,8 +113,9 @@ void OverviewView::addEnrollment() {
 
 void OverviewView::addActivationLock() {
     m_lock = new StatusBadge;
-    const QString shows = tr("System Information shows");
-    m_lockAnswer = new SegmentedPicker(shows, {tr("Not checked yet"), tr("Disabled"), tr("Enabled")});
+    const QString shows = QStringLiteral("System Information shows");
+    m_lockAnswer = new SegmentedPicker(
+        shows, {QStringLiteral("Not checked yet"), QStringLiteral("Disabled"), QStringLiteral("Enabled")});
     connect(m_lockAnswer, &SegmentedPicker::chosen, this, [this](int index) {
         m_model.change([index](SessionState& state) {
             state.activationLock = allCases<ActivationLockAnswer>().at(size_t(index));
@@ -122,8 +124,9 @@ void OverviewView::addActivationLock() {
     m_lockWarning = new TextLabel({}, TextRole::callout, ColorRole::red);
 
     auto* how = new TextLabel(
-        tr("Apps can't read this, so check it by hand: Hold Option and choose Apple menu › System "
-           "Information. Under Hardware, Activation Lock Status should read Disabled."),
+        QStringLiteral(
+            "Apps can't read this, so check it by hand: Hold Option and choose Apple menu › System "
+            "Information. Under Hardware, Activation Lock Status should read Disabled."),
         TextRole::callout);
     auto* answer = new WrapRow(nullptr, Space::l);
     answer->add(new TextLabel(shows, TextRole::body, ColorRole::text2));
@@ -138,7 +141,7 @@ void OverviewView::addActivationLock() {
 }
 
 void OverviewView::addTiles() {
-    add(new SectionHeading(tr("Tests")), tilesGap);
+    add(new SectionHeading(QStringLiteral("Tests")), tilesGap);
     auto* grid = new TileGrid;
     for (const Page page : AppModel::testPages(std::nullopt)) {
         auto* tile = new Tile(QString::fromUtf8(title(page)), QString::fromUtf8(symbol(page)));
@@ -160,7 +163,8 @@ void OverviewView::followMachine() {
     const MachineInfo& machine = m_model.state().machine;
     m_symbol->setSymbol(QString::fromUtf8(symbolOf(m_model.state().kind())), ColorRole::accent);
     m_name->setText(text(machine.displayName()));
-    m_identity->setValue(serialNumber, machine.serial ? text(*machine.serial) : tr("Couldn't read it"));
+    m_identity->setValue(serialNumber,
+                         machine.serial ? text(*machine.serial) : QStringLiteral("Couldn't read it"));
     m_identity->setValue(modelID, text(machine.modelID));
     m_identity->setValue(chip, text(machine.chip.value_or("—")));
     m_identity->setValue(memory, text(machine.memoryText()));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/ScrollColumn.h"
+#include "app/layout/ScrollColumn.h"
 #include "app/model/AppModel.h"
 
 #include <map>

@@ -1,8 +1,9 @@
 #include "app/pages/Pages.h"
 
-#include "app/controls/TestPage.h"
 #include "app/pages/OverviewView.h"
+#include "app/pages/cameras/CamerasView.h"
 #include "app/pages/display/DisplayTestView.h"
+#include "app/pages/frame/TestPage.h"
 #include "app/pages/handover/HandoverView.h"
 #include "app/pages/hardware/BatteryView.h"
 #include "app/pages/hardware/EthernetView.h"
@@ -10,12 +11,11 @@
 #include "app/pages/hardware/StorageView.h"
 #include "app/pages/history/HistoryView.h"
 #include "app/pages/keyboard/KeyboardTestView.h"
+#include "app/pages/microphones/MicrophonesView.h"
 #include "app/pages/report/PickupView.h"
 #include "app/pages/report/ReportPage.h"
-#include "app/pages/sound/CamerasView.h"
-#include "app/pages/sound/HeadphonesView.h"
-#include "app/pages/sound/MicrophonesView.h"
-#include "app/pages/sound/SpeakersView.h"
+#include "app/pages/tones/HeadphonesView.h"
+#include "app/pages/tones/SpeakersView.h"
 #include "app/pages/trackpad/TrackpadTestView.h"
 
 namespace tessivo {

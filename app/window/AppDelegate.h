@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/Dialogs.h"
+#include "app/dialogs/Dialogs.h"
 #include "app/model/AppModel.h"
 #include "app/model/Updater.h"
 

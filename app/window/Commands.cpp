@@ -1,6 +1,6 @@
 #include "app/window/Commands.h"
 
-#include "app/pages/ReportFlow.h"
+#include "app/pages/shared/ReportFlow.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -28,35 +28,35 @@ void Commands::add(QMenu& menu, const QString& text, Action action, const QKeySe
 }
 
 void Commands::addApplicationMenu(Updater& updater) {
-    QMenu& menu = addMenu(tr("&Tessivo"));
-    QAction* about = menu.addAction(tr("&About Tessivo"));
+    QMenu& menu = addMenu(QStringLiteral("&Tessivo"));
+    QAction* about = menu.addAction(QStringLiteral("&About Tessivo"));
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, &Commands::about);
-    QAction* check = menu.addAction(tr("Check for &Updates…"));
+    QAction* check = menu.addAction(QStringLiteral("Check for &Updates…"));
     check->setMenuRole(QAction::ApplicationSpecificRole);
     connect(check, &QAction::triggered, &updater, &Updater::checkForUpdates);
     menu.addSeparator();
-    QAction* quit = menu.addAction(tr("&Quit Tessivo"));
+    QAction* quit = menu.addAction(QStringLiteral("&Quit Tessivo"));
     quit->setMenuRole(QAction::QuitRole);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, &m_window, &QWidget::close);
 }
 
 void Commands::addFileMenu() {
-    QMenu& menu = addMenu(tr("&File"));
-    add(menu, tr("Start &Over…"), &Commands::startOver);
+    QMenu& menu = addMenu(QStringLiteral("&File"));
+    add(menu, QStringLiteral("Start &Over…"), &Commands::startOver);
     menu.addSeparator();
-    add(menu, tr("&Close"), &Commands::closeKeyWindow, QKeySequence(Qt::CTRL | Qt::Key_W));
+    add(menu, QStringLiteral("&Close"), &Commands::closeKeyWindow, QKeySequence(Qt::CTRL | Qt::Key_W));
     menu.addSeparator();
-    add(menu, tr("&Save Report as PDF…"), &Commands::saveReport,
+    add(menu, QStringLiteral("&Save Report as PDF…"), &Commands::saveReport,
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    add(menu, tr("Copy Report as &Text"), &Commands::copyReport);
+    add(menu, QStringLiteral("Copy Report as &Text"), &Commands::copyReport);
     menu.addSeparator();
-    add(menu, tr("&Print Report…"), &Commands::printReport, QKeySequence(Qt::CTRL | Qt::Key_P));
+    add(menu, QStringLiteral("&Print Report…"), &Commands::printReport, QKeySequence(Qt::CTRL | Qt::Key_P));
 }
 
 void Commands::addGoMenu() {
-    QMenu& menu = addMenu(tr("&Go"));
+    QMenu& menu = addMenu(QStringLiteral("&Go"));
     int place = 1;
     for (const Page page : allCases<Page>()) {
         QAction* item = menu.addAction(QString::fromUtf8(title(page)));
@@ -68,19 +68,21 @@ void Commands::addGoMenu() {
 }
 
 void Commands::addHelpMenu() {
-    add(addMenu(tr("&Help")), tr("Tessivo &Help"), &Commands::openHelp);
+    add(addMenu(QStringLiteral("&Help")), QStringLiteral("Tessivo &Help"), &Commands::openHelp);
 }
 
 void Commands::about() {
     m_context.dialogs.inform(
-        &m_window, tr("Tessivo %1").arg(QString::fromStdString(AppModel::appVersion())),
-        tr("Tests a used Mac and makes its condition report. Results and reports stay on this computer."));
+        &m_window, QStringLiteral("Tessivo %1").arg(QString::fromStdString(AppModel::appVersion())),
+        QStringLiteral(
+            "Tests a used Mac and makes its condition report. Results and reports stay on this computer."));
 }
 
 void Commands::startOver() {
-    if (m_context.dialogs.confirm(&m_window, tr("Start over?"),
-                                  tr("This clears every result on this Mac. Reports saved to History stay."),
-                                  tr("Start Over"), tr("Cancel")))
+    if (m_context.dialogs.confirm(
+            &m_window, QStringLiteral("Start over?"),
+            QStringLiteral("This clears every result on this Mac. Reports saved to History stay."),
+            QStringLiteral("Start Over"), QStringLiteral("Cancel")))
         m_context.model.reset();
 }
 

@@ -1,7 +1,7 @@
 #include "app/window/RootView.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Theme.h"
+#include "app/look/Metrics.h"
+#include "app/look/Theme.h"
 #include "app/pages/Pages.h"
 #include "app/window/Commands.h"
 #include "app/window/Sidebar.h"
@@ -48,7 +48,7 @@ private:
 
 RootView::RootView(const PageContext& context, Updater& updater, QWidget* parent)
     : QMainWindow(parent), m_context(context), m_sidebar(new Sidebar(context.model)), m_detail(new Detail) {
-    setWindowTitle(tr("Tessivo"));
+    setWindowTitle(QStringLiteral("Tessivo"));
     setContextMenuPolicy(Qt::NoContextMenu);
     new Commands(*this, m_context, updater);
 

@@ -1,10 +1,10 @@
 #include "app/window/Sidebar.h"
 
 #include "app/controls/Meters.h"
-#include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
-#include "app/controls/ScrollColumn.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/ScrollColumn.h"
+#include "app/look/Metrics.h"
 #include "kit/rules/Rules.h"
 
 #include <QMouseEvent>
@@ -36,7 +36,7 @@ public:
 
     void setProgress(int done, int total) {
         m_bar->setProgress(done, total);
-        const QString words = tr("%1 of %2 done").arg(done).arg(total);
+        const QString words = QStringLiteral("%1 of %2 done").arg(done).arg(total);
         if (words == m_caption->text()) return;
         m_caption->setText(words);
         setAccessibleName(words);
@@ -52,12 +52,15 @@ private:
 };
 
 Sidebar::Sidebar(AppModel& model, QWidget* parent)
-    : QWidget(parent), m_model(model), m_list(new RowList(tr("Pages"))), m_foot(new ProgressFoot) {
+    : QWidget(parent),
+      m_model(model),
+      m_list(new RowList(QStringLiteral("Pages"))),
+      m_foot(new ProgressFoot) {
     addRow(Page::overview);
-    addSection(tr("Tests"));
+    addSection(QStringLiteral("Tests"));
     for (const Page page : AppModel::testPages(std::nullopt))
         addRow(page, m_rows.size() == 1 ? Space::xs : 0);
-    addSection(tr("Report"));
+    addSection(QStringLiteral("Report"));
     addRow(Page::report, Space::xs);
     addRow(Page::pickup);
     addRow(Page::history);

@@ -1,10 +1,10 @@
 #include "tests/app/PageTesting.h"
 
-#include "app/controls/Accessible.h"
-#include "app/controls/FocusRing.h"
-#include "app/controls/OverlayScrollBar.h"
 #include "app/controls/TextLabel.h"
-#include "app/controls/Theme.h"
+#include "app/look/Accessible.h"
+#include "app/look/FocusRing.h"
+#include "app/look/OverlayScrollBar.h"
+#include "app/look/Theme.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>

@@ -1,4 +1,4 @@
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -7,7 +7,7 @@
 #include "platform/linux/LinuxAudioObjects.h"
 #include "platform/linux/LinuxCaptureDevices.h"
 #include "platform/linux/LinuxToneOutput.h"
-#include "tests/platform/CapturedTree.h"
+#include "tests/platform/linux/CapturedTree.h"
 #include "tests/sound/SoundTest.h"
 
 #include <cmath>

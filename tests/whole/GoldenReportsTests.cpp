@@ -6,7 +6,7 @@
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "tests/TemporaryFolder.h"
-#include "tests/platform/CapturedTree.h"
+#include "tests/platform/linux/CapturedTree.h"
 
 #include <QProcess>
 #include <gtest/gtest.h>

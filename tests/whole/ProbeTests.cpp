@@ -2,7 +2,7 @@
 #include "kit/report/HistoryStore.h"
 #include "kit/report/ReportAssembler.h"
 #include "kit/support/PropertyJson.h"
-#include "tests/platform/CapturedTree.h"
+#include "tests/platform/linux/CapturedTree.h"
 
 #include <QProcess>
 #include <gmock/gmock.h>

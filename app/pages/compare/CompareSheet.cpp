@@ -5,7 +5,7 @@
 #include "app/controls/Picker.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/pages/compare/ComparisonView.h"
 #include "kit/report/ComparisonText.h"
 
@@ -64,16 +64,16 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
     : Sheet(window),
       m_context(context),
       m_choices(context.model.history()),
-      m_report(new Picker(tr("Report"))),
-      m_other(new Picker(tr("Compared with"))),
+      m_report(new Picker(QStringLiteral("Report"))),
+      m_other(new Picker(QStringLiteral("Compared with"))),
       m_search(new QLineEdit),
       m_found(new TextLabel({}, TextRole::callout, ColorRole::text2)),
       m_dates(new TextLabel({}, TextRole::callout, ColorRole::text2)),
       m_symbol(new SymbolView({}, SymbolSize::row, ColorRole::text2)),
       m_verdict(new TextLabel({}, TextRole::resultSummary)),
       m_items(new ComparisonView),
-      m_copy(new Button(tr("Copy as Text"), QStringLiteral("doc.on.doc"))) {
-    setAccessibleName(tr("Compare Reports"));
+      m_copy(new Button(QStringLiteral("Copy as Text"), QStringLiteral("doc.on.doc"))) {
+    setAccessibleName(QStringLiteral("Compare Reports"));
     add(makeHead());
     add(m_items, 1);
     add(new Divider);
@@ -116,13 +116,13 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
 QWidget* CompareSheet::makeHead() {
     auto* head = new Column;
     head->column().setContentsMargins(sheetPadding, sheetPadding, sheetPadding, Space::xs);
-    auto* title = new TextLabel(tr("Compare Reports"), TextRole::sheetTitle);
+    auto* title = new TextLabel(QStringLiteral("Compare Reports"), TextRole::sheetTitle);
     title->setHeading(true);
     head->add(title);
     addPicker(*head, m_report, Space::l);
     addPicker(*head, m_other, Space::s);
-    m_search->setPlaceholderText(tr("Search the other reports"));
-    m_search->setAccessibleName(tr("Search the other reports"));
+    m_search->setPlaceholderText(QStringLiteral("Search the other reports"));
+    m_search->setAccessibleName(QStringLiteral("Search the other reports"));
     m_search->setMaxLength(200);
     m_search->setFixedHeight(theme().scaled(Height::field));
     m_search->installEventFilter(this);
@@ -177,7 +177,7 @@ QWidget* CompareSheet::makeFoot() {
     foot->add(
         new TextLabel(QString::fromUtf8(ComparisonText::disclaimer), TextRole::callout, ColorRole::text2));
     auto* buttons = new WrapRow(nullptr, Space::heading);
-    auto* done = new Button(tr("Done"), {}, Button::Kind::prominent);
+    auto* done = new Button(QStringLiteral("Done"), {}, Button::Kind::prominent);
     done->setDefaultAction(true);
     buttons->add(m_copy);
     buttons->add(done);
@@ -203,7 +203,7 @@ void CompareSheet::offerOthers() {
     m_found->setText({});
     const std::size_t chosen = m_reports[std::size_t(m_report->currentIndex())];
     m_others = {std::nullopt};
-    QStringList labels{tr("This Mac now")};
+    QStringList labels{QStringLiteral("This Mac now")};
     for (const std::size_t place : m_reports) {
         if (place == chosen) continue;
         m_others.emplace_back(place);
@@ -254,9 +254,9 @@ void CompareSheet::readThisMac() {
 void CompareSheet::showReading() {
     m_comparison.reset();
     m_copy->setEnabled(false);
-    m_dates->setText(tr("This Mac now"));
+    m_dates->setText(QStringLiteral("This Mac now"));
     m_symbol->setSymbol(QStringLiteral("circle.dotted"), ColorRole::text2);
-    m_verdict->setText(tr("Reading battery and device management again…"));
+    m_verdict->setText(QStringLiteral("Reading battery and device management again…"));
     m_items->setWords({});
     m_items->follow(m_search);
 }
@@ -267,8 +267,8 @@ void CompareSheet::showComparison(ReportComparison comparison, bool withNow) {
         const bool isNow = withNow && side.id == m_now->id;
         return dateLine(name, side.created, isNow ? std::optional(m_nowStarted) : std::nullopt);
     };
-    m_dates->setText(line(tr("Before"), m_comparison->before) + u'\n' +
-                     line(tr("After"), m_comparison->after));
+    m_dates->setText(line(QStringLiteral("Before"), m_comparison->before) + u'\n' +
+                     line(QStringLiteral("After"), m_comparison->after));
     const VerdictLook verdict = look(m_comparison->verdict);
     m_symbol->setSymbol(QString::fromUtf8(verdict.symbol), verdict.color);
     m_verdict->setText(QString::fromStdString(m_comparison->verdictText));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/Sheet.h"
+#include "app/dialogs/Sheet.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/compare/ReportChoices.h"
 #include "kit/report/ReportComparison.h"

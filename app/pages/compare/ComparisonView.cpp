@@ -189,8 +189,8 @@ void ComparisonView::addDifferences(const ReportComparison& comparison) {
         m_column->add(itemPanel(item), Space::s);
     }
     if (comparison.items.empty())
-        m_column->add(new TextLabel(tr("No difference in the words of the two reports."), TextRole::body,
-                                    ColorRole::text2),
+        m_column->add(new TextLabel(QStringLiteral("No difference in the words of the two reports."),
+                                    TextRole::body, ColorRole::text2),
                       firstGap);
 }
 
@@ -204,14 +204,14 @@ void ComparisonView::addSame(const ReportComparison& comparison) {
     };
     for (const ComparedItem& item : comparison.identity)
         sort(item);
-    if (!apart.empty()) m_column->add(groupHeading(tr("Which Mac"), ColorRole::text1), Space::xl);
+    if (!apart.empty()) m_column->add(groupHeading(QStringLiteral("Which Mac"), ColorRole::text1), Space::xl);
     for (const ComparedItem* item : apart)
         m_column->add(itemPanel(*item), Space::s);
     apart.clear();
     for (const ComparedItem& item : comparison.unchanged)
         sort(item);
     if (!same.empty() || !apart.empty() || !folded.empty())
-        m_column->add(groupHeading(tr("The same in both"), ColorRole::text1), Space::xl);
+        m_column->add(groupHeading(QStringLiteral("The same in both"), ColorRole::text1), Space::xl);
     if (!same.empty()) m_column->add(factPanel(same), Space::s);
     for (const ComparedItem* item : apart)
         m_column->add(itemPanel(*item), Space::s);

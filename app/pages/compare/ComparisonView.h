@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/ScrollColumn.h"
+#include "app/layout/ScrollColumn.h"
 #include "kit/report/ReportComparison.h"
 
 namespace tessivo {

@@ -1,6 +1,6 @@
 #include "app/pages/display/ColorScreen.h"
 
-#include "app/controls/Theme.h"
+#include "app/look/Theme.h"
 #include "platform/Input.h"
 
 #include <QCloseEvent>

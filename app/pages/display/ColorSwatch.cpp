@@ -1,9 +1,9 @@
 #include "app/pages/display/ColorSwatch.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
-#include "app/controls/Symbols.h"
-#include "app/controls/Theme.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
+#include "app/look/Symbols.h"
+#include "app/look/Theme.h"
 #include "app/pages/display/ColorRun.h"
 
 namespace tessivo {

@@ -1,12 +1,12 @@
 #include "app/pages/display/DisplayTestView.h"
 
-#include "app/controls/AnswerButtons.h"
 #include "app/controls/Button.h"
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
 #include "app/controls/TextLabel.h"
 #include "app/controls/TileGrid.h"
 #include "app/pages/display/ColorSwatch.h"
+#include "app/pages/frame/AnswerButtons.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>

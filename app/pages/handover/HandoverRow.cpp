@@ -2,10 +2,10 @@
 
 #include "app/controls/Checkbox.h"
 #include "app/controls/LinkLabel.h"
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -79,7 +79,7 @@ HandoverRow::HandoverRow(HandoverStep step, Kind kind, const PageContext& contex
     if (kind == Kind::ticked) {
         m_box = new Checkbox;
         m_box->setAccessibleName(name);
-        m_box->setAccessibleDescription(tr("Ticked by you. Tessivo can't check this."));
+        m_box->setAccessibleDescription(QStringLiteral("Ticked by you. Tessivo can't check this."));
         m_box->setToolTip(m_box->accessibleDescription());
         connect(m_box, &Checkbox::clicked, this, [this](bool on) { Q_EMIT ticked(m_step, on); });
         row->addWidget(onTitleLine(m_box), 0, Qt::AlignTop);
@@ -92,7 +92,7 @@ HandoverRow::HandoverRow(HandoverStep step, Kind kind, const PageContext& contex
     if (step == HandoverStep::nvram) {
         auto* line = new WrapRow;
         line->add(heading);
-        line->add(new QuietTag(tr("Optional")));
+        line->add(new QuietTag(QStringLiteral("Optional")));
         m_words->add(line);
     } else {
         m_words->add(heading);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/controls/Theme.h"
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
+#include "app/look/Theme.h"
 #include "app/pages/PageContext.h"
 #include "kit/report/Handover.h"
 

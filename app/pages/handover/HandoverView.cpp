@@ -3,10 +3,10 @@
 #include "app/controls/LinkLabel.h"
 #include "app/controls/Panel.h"
 #include "app/controls/StatusBadge.h"
-#include "app/controls/TestPage.h"
 #include "app/controls/TextLabel.h"
-#include "app/pages/handover/ActivationLockPanel.h"
-#include "app/pages/report/ReportActions.h"
+#include "app/pages/frame/TestPage.h"
+#include "app/pages/shared/ActivationLockPanel.h"
+#include "app/pages/shared/ReportActions.h"
 
 #include <QHBoxLayout>
 
@@ -63,10 +63,11 @@ void HandoverView::addText(const QString& words, int gapAbove) {
 
 void HandoverView::addHead() {
     add(new PageHeader(QString::fromUtf8(title(Page::handover)), QString::fromUtf8(symbol(Page::handover))));
-    addText(tr("Apple's steps for handing this Mac to someone else, so none of your data or your Activation "
-               "Lock goes with it. Tick each one as you do it. ") +
+    addText(QStringLiteral(
+                "Apple's steps for handing this Mac to someone else, so none of your data or your Activation "
+                "Lock goes with it. Tick each one as you do it. ") +
                 text(Handover::closingLine(m_context.model.state().machine)) +
-                tr(" The report lists them as ticked by you."),
+                QStringLiteral(" The report lists them as ticked by you."),
             PageHead::howGap);
     const HelpLink& guide = Handover::guide();
     auto* link = new LinkLabel(text(guide.title));
@@ -76,7 +77,7 @@ void HandoverView::addHead() {
 }
 
 void HandoverView::addChecklist() {
-    add(new SectionHeading(tr("1. Before you save the report")), sectionGap);
+    add(new SectionHeading(QStringLiteral("1. Before you save the report")), sectionGap);
     auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine)) {
         if (comesAfterTheReport(step)) continue;
@@ -90,9 +91,10 @@ void HandoverView::addChecklist() {
 }
 
 void HandoverView::addReport() {
-    add(new SectionHeading(tr("2. Save the report")), sectionGap);
-    addText(tr("The erase removes Tessivo and this report from the Mac, so save or print it now. Ticks you "
-               "change after saving aren't in the saved copy."),
+    add(new SectionHeading(QStringLiteral("2. Save the report")), sectionGap);
+    addText(QStringLiteral(
+                "The erase removes Tessivo and this report from the Mac, so save or print it now. Ticks you "
+                "change after saving aren't in the saved copy."),
             underHeading);
     auto* actions = new ReportActions(
         m_context, [this] { return m_context.model.makeReport(); }, ReportActions::History::keep,
@@ -110,24 +112,26 @@ void HandoverView::addReport() {
 }
 
 void HandoverView::addErase() {
-    add(new SectionHeading(tr("3. Last: erase")), sectionGap);
+    add(new SectionHeading(QStringLiteral("3. Last: erase")), sectionGap);
     auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine))
         if (comesAfterTheReport(step))
             addRow(*panel, new HandoverRow(step, HandoverRow::Kind::plain, m_context),
                    HandoverRow::Kind::plain);
     add(panel, Space::heading);
-    addText(tr("These erase Tessivo and this checklist too, so there's nothing to tick. Tessivo never erases "
-               "or signs out anything itself."),
-            Space::l);
+    addText(
+        QStringLiteral(
+            "These erase Tessivo and this checklist too, so there's nothing to tick. Tessivo never erases "
+            "or signs out anything itself."),
+        Space::l);
 }
 
 void HandoverView::addBuyer() {
     QString note = QString::fromUtf8(Handover::buyerNote);
     const QString lead = QStringLiteral("Buyer: before");
-    if (note.startsWith(lead)) note = tr("Before") + note.sliced(lead.size());
+    if (note.startsWith(lead)) note = QStringLiteral("Before") + note.sliced(lead.size());
 
-    auto* heading = new TextLabel(tr("If you're the buyer"), TextRole::headline);
+    auto* heading = new TextLabel(QStringLiteral("If you're the buyer"), TextRole::headline);
     heading->setHeading(true);
     auto* words = new Column;
     words->add(heading);

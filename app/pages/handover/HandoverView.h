@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/ScrollColumn.h"
+#include "app/layout/ScrollColumn.h"
 #include "app/pages/handover/HandoverRow.h"
 
 namespace tessivo {

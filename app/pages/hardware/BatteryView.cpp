@@ -2,8 +2,8 @@
 
 #include "app/controls/Button.h"
 #include "app/controls/FactGrid.h"
-#include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
+#include "app/look/Metrics.h"
 #include "kit/support/Text.h"
 
 namespace tessivo {
@@ -24,14 +24,14 @@ const char* const BatteryView::how =
 
 BatteryView::BatteryView(const PageContext& context, QWidget* parent)
     : Column(parent), m_model(context.model), m_facts(new FactGrid) {
-    for (const QString& label :
-         {tr("Maximum capacity"), tr("Charge cycles"), tr("Full charge"), tr("macOS condition")})
+    for (const QString& label : {QStringLiteral("Maximum capacity"), QStringLiteral("Charge cycles"),
+                                 QStringLiteral("Full charge"), QStringLiteral("macOS condition")})
         m_facts->addFact(label);
     auto* panel = new Panel;
     panel->setPadding(Space::block, Space::xxs);
     panel->add(m_facts);
     add(panel);
-    auto* readAgain = new Button(tr("Read Again"));
+    auto* readAgain = new Button(QStringLiteral("Read Again"));
     add(readAgain, Space::block, Qt::AlignLeft);
     connect(readAgain, &Button::clicked, this, [this] { m_model.readBattery(); });
     connect(&m_model, &AppModel::stateChanged, this, &BatteryView::show);
@@ -40,22 +40,23 @@ BatteryView::BatteryView(const PageContext& context, QWidget* parent)
 
 void BatteryView::show() {
     const BatteryReading reading = m_model.state().battery.value_or(BatteryReading{});
-    const QString unread = tr("Couldn't read it");
+    const QString unread = QStringLiteral("Couldn't read it");
     const auto health = reading.healthPercent();
     m_facts->setValue(maximumCapacity, health ? QString::number(*health) + QStringLiteral("%") : unread);
     QString cycles = unread;
     if (reading.cycleCount) {
         cycles = grouped(*reading.cycleCount);
         if (reading.designCycleCount)
-            cycles += tr(" (designed for ") + grouped(*reading.designCycleCount) + QStringLiteral(")");
+            cycles +=
+                QStringLiteral(" (designed for ") + grouped(*reading.designCycleCount) + QStringLiteral(")");
     }
     m_facts->setValue(chargeCycles, cycles);
     m_facts->setValue(fullCharge, reading.fullChargeCapacity && reading.designCapacity
-                                      ? grouped(*reading.fullChargeCapacity) + tr(" mAh of ") +
-                                            grouped(*reading.designCapacity) + tr(" mAh when new")
+                                      ? grouped(*reading.fullChargeCapacity) + QStringLiteral(" mAh of ") +
+                                            grouped(*reading.designCapacity) + QStringLiteral(" mAh when new")
                                       : unread);
-    m_facts->setValue(condition,
-                      reading.condition ? QString::fromStdString(*reading.condition) : tr("Not given"));
+    m_facts->setValue(condition, reading.condition ? QString::fromStdString(*reading.condition)
+                                                   : QStringLiteral("Not given"));
 }
 
 } // namespace tessivo

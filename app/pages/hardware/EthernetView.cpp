@@ -1,8 +1,8 @@
 #include "app/pages/hardware/EthernetView.h"
 
-#include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "app/pages/hardware/PortRow.h"
 #include "app/readers/Readers.h"
 #include "kit/rules/RuleTexts.h"
@@ -26,10 +26,11 @@ EthernetView::EthernetView(const PageContext& context, QWidget* parent)
       m_model(context.model),
       m_ports(new Panel(Panel::Kind::list)),
       m_headline(new TextLabel({}, TextRole::headline)),
-      m_explanation(new TextLabel(tr("Some iMacs have the Ethernet port on the power adapter, and some have "
-                                     "none. If this one has none, "
-                                     "tick \"Not part of this sale\" below."),
-                                  TextRole::body, ColorRole::text2)) {
+      m_explanation(new TextLabel(
+          QStringLiteral("Some iMacs have the Ethernet port on the power adapter, and some have "
+                         "none. If this one has none, "
+                         "tick \"Not part of this sale\" below."),
+          TextRole::body, ColorRole::text2)) {
     add(m_ports);
     add(m_headline);
     add(m_explanation, Space::xs);
@@ -52,25 +53,28 @@ void EthernetView::scan() {
 void EthernetView::show() {
     const auto ports = m_now ? EthernetCheck::builtInPorts(*m_now) : std::vector<WiredInterface>{};
     m_headline->setText(m_now ? QString::fromUtf8(Rules::noEthernetPort)
-                              : tr("Looking for the Ethernet port…"));
+                              : QStringLiteral("Looking for the Ethernet port…"));
     m_headline->setVisible(ports.empty());
     m_explanation->setVisible(m_now && ports.empty());
     m_ports->setVisible(!ports.empty());
     m_ports->clear();
     for (const WiredInterface& port : ports) {
         auto* row = new HardwareRow(Height::portRow);
-        const QString name = tr("Ethernet (") + QString::fromStdString(port.bsdName) + QStringLiteral(")");
+        const QString name =
+            QStringLiteral("Ethernet (") + QString::fromStdString(port.bsdName) + QStringLiteral(")");
         if (port.linkActive) {
             const auto speed = port.speedText();
             row->setSymbol(QStringLiteral("checkmark.circle.fill"), ColorRole::greenGlyph);
             row->setTexts(name,
-                          tr("Link up") + (speed ? tr(" at ") + QString::fromStdString(*speed) : QString()),
+                          QStringLiteral("Link up") +
+                              (speed ? QStringLiteral(" at ") + QString::fromStdString(*speed) : QString()),
                           ColorRole::text1);
         } else {
             row->setSymbol(QStringLiteral("circle.dotted"), ColorRole::grayGlyph);
             row->setTexts(name,
-                          port.switchedOff ? tr("The port is switched off in the system's settings.")
-                                           : tr("No link: plug in a cable"),
+                          port.switchedOff
+                              ? QStringLiteral("The port is switched off in the system's settings.")
+                              : QStringLiteral("No link: plug in a cable"),
                           ColorRole::text2);
         }
         m_ports->addRow(row);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/model/Poll.h"
 #include "app/pages/PageContext.h"
-#include "kit/hardware/EthernetTest.h"
+#include "kit/session/EthernetTest.h"
 
 namespace tessivo {
 

@@ -1,10 +1,10 @@
 #include "app/pages/hardware/PortRow.h"
 
 #include "app/controls/Button.h"
-#include "app/controls/Metrics.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
+#include "app/look/Metrics.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -85,8 +85,8 @@ void HardwareRow::paintEvent(QPaintEvent*) {
 
 PortRow::PortRow(QWidget* parent)
     : HardwareRow(Height::portRow, parent),
-      m_nothing(new Button(tr("Nothing Shows Up"))),
-      m_test(new Button(tr("Test This Port"))) {
+      m_nothing(new Button(QStringLiteral("Nothing Shows Up"))),
+      m_test(new Button(QStringLiteral("Test This Port"))) {
     setNameWidth(portNameWidth);
     addButton(m_nothing);
     addButton(m_test);
@@ -109,11 +109,11 @@ void PortRow::setSlot(const PortSlot& slot, bool active) {
     if (slot.device)
         setTexts(name, QString::fromStdString(slot.device->name), ColorRole::text1, TextOf::device);
     else if (problem)
-        setTexts(name, tr("Nothing showed up"), ColorRole::red);
+        setTexts(name, QStringLiteral("Nothing showed up"), ColorRole::red);
     else if (active)
-        setTexts(name, tr("Waiting: plug a device into this port"), ColorRole::text2);
+        setTexts(name, QStringLiteral("Waiting: plug a device into this port"), ColorRole::text2);
     else
-        setTexts(name, tr("Not tried"), ColorRole::text2);
+        setTexts(name, QStringLiteral("Not tried"), ColorRole::text2);
 
     setActive(active);
     m_test->setVisible(!slot.device);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/controls/Theme.h"
-#include "kit/hardware/PortChecklist.h"
+#include "app/look/Theme.h"
+#include "kit/session/PortChecklist.h"
 
 #include <QWidget>
 

@@ -2,10 +2,10 @@
 
 #include "app/controls/Button.h"
 #include "app/controls/Checkbox.h"
-#include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
 #include "app/controls/Stepper.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "app/pages/hardware/PortRow.h"
 #include "app/readers/Readers.h"
 
@@ -33,20 +33,21 @@ const char* const PortsView::how =
 PortsView::PortsView(const PageContext& context, QWidget* parent)
     : Column(parent),
       m_model(context.model),
-      m_count(new Stepper(tr("Ports on this Mac: %lld"), PortChecklist::smallestCount,
+      m_count(new Stepper(QStringLiteral("Ports on this Mac: %lld"), PortChecklist::smallestCount,
                           PortChecklist::largestCount, stepperLabelWidth)),
-      m_clear(new Button(tr("Clear"))),
+      m_clear(new Button(QStringLiteral("Clear"))),
       m_slots(new Panel(Panel::Kind::list)),
       m_devices(new Panel(Panel::Kind::list)),
-      m_noDevices(new TextLabel(tr("No USB devices connected."), TextRole::body, ColorRole::text2)),
-      m_showHubs(new Checkbox(tr("Show hubs (including the Mac's own)"))) {
+      m_noDevices(
+          new TextLabel(QStringLiteral("No USB devices connected."), TextRole::body, ColorRole::text2)),
+      m_showHubs(new Checkbox(QStringLiteral("Show hubs (including the Mac's own)"))) {
     auto* controls = new WrapRow;
     controls->add(m_count);
     controls->addSpring();
     controls->add(m_clear);
     add(controls);
     add(m_slots, Space::block);
-    add(new SectionHeading(tr("Connected now")), sectionGap);
+    add(new SectionHeading(QStringLiteral("Connected now")), sectionGap);
     add(m_devices, Space::heading);
     add(m_noDevices, Space::heading);
     add(m_showHubs, Space::block, Qt::AlignLeft);

@@ -3,10 +3,10 @@
 #include "app/controls/Button.h"
 #include "app/controls/FactGrid.h"
 #include "app/controls/LinkLabel.h"
-#include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "kit/catalog/StorageCheck.h"
 #include "kit/hardware/ByteText.h"
 #include "kit/rules/RuleTexts.h"
@@ -39,9 +39,10 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
       m_model(context.model),
       m_facts(new FactGrid),
       m_note(new TextLabel({}, TextRole::callout, ColorRole::text2)),
-      m_source(new LinkLabel(tr("Apple's Tech Specs for this model"))),
-      m_listing(new Picker(tr("Your listing says"))) {
-    for (const QString& label : {tr("macOS reports"), tr("Drive size"), tr("Sold with"), tr("Fusion Drive")})
+      m_source(new LinkLabel(QStringLiteral("Apple's Tech Specs for this model"))),
+      m_listing(new Picker(QStringLiteral("Your listing says"))) {
+    for (const QString& label : {QStringLiteral("macOS reports"), QStringLiteral("Drive size"),
+                                 QStringLiteral("Sold with"), QStringLiteral("Fusion Drive")})
         m_facts->addFact(label);
     auto* panel = new Panel;
     panel->setPadding(Space::block, Space::xxs);
@@ -50,17 +51,18 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
     add(m_note, Space::heading);
     add(m_source, Space::heading, Qt::AlignLeft);
     auto* shownLess = new TextLabel(
-        tr("macOS shows less than the drive's size (about 245 GB on a 256 GB drive), because some "
-           "of it holds the system's startup and recovery parts."),
+        QStringLiteral(
+            "macOS shows less than the drive's size (about 245 GB on a 256 GB drive), because some "
+            "of it holds the system's startup and recovery parts."),
         TextRole::callout, ColorRole::text2);
     add(shownLess, Space::heading);
     for (TextLabel* words : {m_note, shownLess})
         column().setMaximumItemWidth(words, theme().scaled(PageHead::howWidth));
 
     m_listing->setPreferredWidth(pickerWidth);
-    auto* readAgain = new Button(tr("Read Again"));
+    auto* readAgain = new Button(QStringLiteral("Read Again"));
     auto* row = new WrapRow;
-    auto* listingLabel = new TextLabel(tr("Your listing says"), TextRole::body, ColorRole::text2);
+    auto* listingLabel = new TextLabel(QStringLiteral("Your listing says"), TextRole::body, ColorRole::text2);
     listingLabel->setMaximumLines(1);
     row->add(listingLabel);
     row->add(m_listing);
@@ -85,16 +87,16 @@ void StorageView::show() {
     const MachineInfo& machine = m_model.state().machine;
     const ModelSpec* spec = machine.spec();
     const auto size = machine.marketedStorageGB();
-    const QString unread = tr("Couldn't read it");
+    const QString unread = QStringLiteral("Couldn't read it");
 
     m_facts->setValue(reported, machine.storageBytes
                                     ? QString::fromStdString(ByteText::bytes(*machine.storageBytes, false))
                                     : unread);
     m_facts->setValue(driveSize, size                   ? QString::fromStdString(ByteText::sizeLabel(*size))
-                                 : machine.storageBytes ? tr("—")
+                                 : machine.storageBytes ? QStringLiteral("—")
                                                         : unread);
     m_facts->setValue(soldWith, spec ? QString::fromStdString(Rules::sizeList(spec->storage))
-                                     : tr("This model isn't in Tessivo's list"));
+                                     : QStringLiteral("This model isn't in Tessivo's list"));
     const bool fusion = spec && !spec->fusion.empty();
     m_facts->setFactVisible(fusionDrive, fusion);
     if (fusion) m_facts->setValue(fusionDrive, QString::fromStdString(Rules::sizeList(spec->fusion)));
@@ -104,7 +106,8 @@ void StorageView::show() {
     m_note->setText(
         replaceable
             ? QString::fromUtf8(Rules::replaceableDrive) +
-                  (foreign ? tr(" A size Apple didn't sell is a check by hand: ask the seller.") : QString())
+                  (foreign ? QStringLiteral(" A size Apple didn't sell is a check by hand: ask the seller.")
+                           : QString())
             : QString());
     m_note->setVisible(replaceable);
     m_source->setVisible(spec && !spec->sources.empty() && isLink(spec->sources.front()));
@@ -117,7 +120,8 @@ void StorageView::show() {
     if (std::ranges::count(m_choices, listed) == 0) m_choices.push_back(listed);
     QStringList labels;
     for (const auto& choice : m_choices)
-        labels.append(choice ? QString::fromStdString(ByteText::sizeLabel(*choice)) : tr("Not set"));
+        labels.append(choice ? QString::fromStdString(ByteText::sizeLabel(*choice))
+                             : QStringLiteral("Not set"));
     m_listing->setChoices(labels);
     m_listing->setCurrentIndex(int(std::ranges::find(m_choices, listed) - m_choices.begin()));
 }

@@ -1,12 +1,12 @@
 #include "app/pages/history/HistoryDetail.h"
 
 #include "app/controls/Button.h"
-#include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "app/pages/compare/CompareSheet.h"
-#include "app/pages/report/ReportActions.h"
-#include "app/pages/report/SheetView.h"
+#include "app/pages/shared/ReportActions.h"
+#include "app/pages/shared/SheetView.h"
 
 #include <QVBoxLayout>
 #include <algorithm>
@@ -30,10 +30,10 @@ HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
           context, [this] { return m_report.value(); }, ReportActions::History::leave,
           ReportActions::Shape::grid)),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
-    auto* compare = new Button(tr("Compare…"), QStringLiteral("arrow.left.arrow.right"));
+    auto* compare = new Button(QStringLiteral("Compare…"), QStringLiteral("arrow.left.arrow.right"));
     m_actions->add(compare);
     connect(compare, &Button::clicked, this, &HistoryDetail::compare);
-    auto* remove = new Button(tr("Delete"), QStringLiteral("trash"), Button::Kind::destructive);
+    auto* remove = new Button(QStringLiteral("Delete"), QStringLiteral("trash"), Button::Kind::destructive);
     m_actions->add(remove);
     connect(remove, &Button::clicked, this, [this] {
         if (m_report) Q_EMIT deleteRequested(m_report->id);

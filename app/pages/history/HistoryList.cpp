@@ -1,7 +1,7 @@
 #include "app/pages/history/HistoryList.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Theme.h"
+#include "app/look/Metrics.h"
+#include "app/look/Theme.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -165,7 +165,7 @@ Qt::ItemFlags HistoryRows::flags(const QModelIndex& index) const {
 }
 
 HistoryList::HistoryList(QWidget* parent) : QListView(parent), m_rows(new HistoryRows(this)) {
-    setAccessibleName(tr("Saved reports"));
+    setAccessibleName(QStringLiteral("Saved reports"));
     setModel(m_rows);
     setItemDelegate(new RowDelegate(this));
     setFrameShape(QFrame::NoFrame);
@@ -219,7 +219,7 @@ void HistoryList::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const Uuid id = report->id;
-    connect(menu->addAction(tr("Delete")), &QAction::triggered, this,
+    connect(menu->addAction(QStringLiteral("Delete")), &QAction::triggered, this,
             [this, id] { Q_EMIT deleteRequested(id); });
     menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
 }

@@ -1,9 +1,9 @@
 #include "app/pages/history/HistoryView.h"
 
 #include "app/controls/Button.h"
-#include "app/controls/Metrics.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "app/pages/history/HistoryDetail.h"
 #include "app/pages/history/HistoryList.h"
 
@@ -41,9 +41,9 @@ HistoryView::HistoryView(const PageContext& context, QWidget* parent)
     : QWidget(parent),
       m_context(context),
       m_list(new HistoryList),
-      m_empty(emptyText(tr("Reports you save or print show up here."))),
+      m_empty(emptyText(QStringLiteral("Reports you save or print show up here."))),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)),
-      m_nothingSelected(emptyText(tr("No report selected"))),
+      m_nothingSelected(emptyText(QStringLiteral("No report selected"))),
       m_detail(new HistoryDetail(context)) {
     auto* right = new Well;
     auto* rightLayout = new QVBoxLayout(right);
@@ -74,7 +74,7 @@ HistoryView::HistoryView(const PageContext& context, QWidget* parent)
 QWidget* HistoryView::makeListPane() {
     auto* pane = new QWidget;
     pane->setFixedWidth(listWidth);
-    auto* add = new Button(tr("Add Report Files…"), QStringLiteral("plus"));
+    auto* add = new Button(QStringLiteral("Add Report Files…"), QStringLiteral("plus"));
     m_message->setReservedLines(messageLines);
     auto* foot = new QVBoxLayout;
     foot->setContentsMargins(Space::m, Space::m, Space::m, Space::m);
@@ -90,7 +90,7 @@ QWidget* HistoryView::makeListPane() {
     column->addLayout(foot);
     connect(add, &Button::clicked, this, [this] {
         const auto files = m_context.dialogs.openReportFiles(
-            this, tr("Choose report files saved with Save Report File on another Mac."));
+            this, QStringLiteral("Choose report files saved with Save Report File on another Mac."));
         m_adding = true;
         if (!files.empty()) m_context.model.addReportFiles(files);
         m_adding = false;

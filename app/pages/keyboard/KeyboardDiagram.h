@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/Accessible.h"
+#include "app/look/Accessible.h"
 #include "app/pages/keyboard/KeyboardGeometry.h"
 #include "kit/session/KeyboardTest.h"
 

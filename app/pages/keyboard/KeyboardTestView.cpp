@@ -1,11 +1,11 @@
 #include "app/pages/keyboard/KeyboardTestView.h"
 
-#include "app/controls/AnswerButtons.h"
 #include "app/controls/Button.h"
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
+#include "app/pages/frame/AnswerButtons.h"
 #include "app/pages/keyboard/KeyboardDiagram.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/keyboard/KeyMonitor.h"
 

@@ -1,10 +1,10 @@
 #include "app/pages/report/PickupRow.h"
 
 #include "app/controls/Button.h"
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
 
 #include <QHBoxLayout>
 
@@ -23,7 +23,7 @@ PickupRow::PickupRow(const PickupStep& step, std::optional<Page> page, QWidget* 
     words->add(new TextLabel(title, TextRole::headline));
     words->add(new TextLabel(QString::fromStdString(step.expect), TextRole::callout, ColorRole::text2));
 
-    auto* open = new Button(tr("Open"));
+    auto* open = new Button(QStringLiteral("Open"));
     open->setAccessibleDescription(title);
     // Hidden, the button and the glyph keep their columns.
     QSizePolicy policy = open->sizePolicy();
@@ -38,8 +38,8 @@ PickupRow::PickupRow(const PickupStep& step, std::optional<Page> page, QWidget* 
     row->setContentsMargins(Space::block, Space::m, Space::l, Space::m);
     row->setSpacing(trailingGap);
     row->addWidget(words, 1);
-    row->addWidget(new TextLabel(tr("~%1 s").arg(step.seconds), TextRole::body, ColorRole::text2), 0,
-                   Qt::AlignVCenter);
+    row->addWidget(new TextLabel(QStringLiteral("~%1 s").arg(step.seconds), TextRole::body, ColorRole::text2),
+                   0, Qt::AlignVCenter);
     row->addWidget(m_glyph, 0, Qt::AlignVCenter);
     row->addWidget(open, 0, Qt::AlignVCenter);
     setMinimumHeight(theme().scaled(Height::pickupRow));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/model/Page.h"
 #include "kit/report/ConditionReport.h"
 #include "kit/vocabulary/TestStatus.h"

@@ -3,10 +3,10 @@
 #include "app/controls/Button.h"
 #include "app/controls/GrowingTextField.h"
 #include "app/controls/Panel.h"
-#include "app/controls/ScrollColumn.h"
 #include "app/controls/TextLabel.h"
-#include "app/pages/report/ReportActions.h"
-#include "app/pages/report/SheetView.h"
+#include "app/layout/ScrollColumn.h"
+#include "app/pages/shared/ReportActions.h"
+#include "app/pages/shared/SheetView.h"
 #include "app/pages/writeup/WriteUpSheet.h"
 #include "kit/listing/Strings.h"
 
@@ -28,9 +28,10 @@ ReportPage::ReportPage(const PageContext& context, QWidget* parent)
       m_divider(new Divider(this)),
       m_controls(new ScrollColumn(this, QWIDGETSIZE_MAX, Space::xxxl)),
       m_tally(new TextLabel({}, TextRole::tally)),
-      m_unfinished(new TextLabel(tr("Unfinished tests show as not run. You can make the report any time, but "
-                                    "buyers trust a complete one."),
-                                 TextRole::body, ColorRole::text2)),
+      m_unfinished(new TextLabel(
+          QStringLiteral("Unfinished tests show as not run. You can make the report any time, but "
+                         "buyers trust a complete one."),
+          TextRole::body, ColorRole::text2)),
       m_notes(new GrowingTextField),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
     makeControls();
@@ -53,21 +54,22 @@ ReportPage::~ReportPage() {
 }
 
 void ReportPage::makeControls() {
-    auto* heading = new TextLabel(tr("Report"), TextRole::pageTitle);
+    auto* heading = new TextLabel(QStringLiteral("Report"), TextRole::pageTitle);
     heading->setHeading(true);
     m_controls->add(heading);
     m_controls->add(m_tally, Space::xxs);
     m_controls->add(m_unfinished, Space::xs);
 
-    auto* notes = new TextLabel(tr("Your notes"), TextRole::headline);
+    auto* notes = new TextLabel(QStringLiteral("Your notes"), TextRole::headline);
     notes->setHeading(true);
     m_notes->setFixedTextHeight(Height::notes);
-    m_notes->setAccessibleName(tr("Notes for the report"));
+    m_notes->setAccessibleName(QStringLiteral("Notes for the report"));
     m_controls->add(notes, Space::xl);
     m_controls->add(m_notes, Space::xs);
-    m_controls->add(new TextLabel(tr("Marks, what's in the box, battery or anything else to mention."),
-                                  TextRole::callout, ColorRole::text2),
-                    Space::xs);
+    m_controls->add(
+        new TextLabel(QStringLiteral("Marks, what's in the box, battery or anything else to mention."),
+                      TextRole::callout, ColorRole::text2),
+        Space::xs);
     m_controls->add(new Divider, Space::xl);
 
     const auto words = [](const char* key) { return QString::fromStdString(Strings::tr(key)); };
@@ -94,7 +96,7 @@ void ReportPage::rebuild() {
     m_nextRebuild.reset();
     m_report = m_context.model.makeReport();
     const std::string tally = m_report.countsText();
-    m_tally->setText(tally.empty() ? tr("No results yet.") : QString::fromStdString(tally));
+    m_tally->setText(tally.empty() ? QStringLiteral("No results yet.") : QString::fromStdString(tally));
     m_unfinished->setVisible(m_report.count(TestStatus::notRun) + m_report.count(TestStatus::unfinished) > 0);
     m_notes->setText(QString::fromStdString(m_context.model.notes()));
     m_sheet->setReport(m_report);

@@ -1,8 +1,8 @@
 #include "app/pages/trackpad/TrackpadArea.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/Paint.h"
-#include "app/controls/Theme.h"
+#include "app/look/Metrics.h"
+#include "app/look/Paint.h"
+#include "app/look/Theme.h"
 
 #include <QPaintEvent>
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/Accessible.h"
+#include "app/look/Accessible.h"
 #include "kit/session/TrackpadTest.h"
 
 #include <QWidget>

@@ -1,7 +1,7 @@
 #include "app/pages/writeup/ListingText.h"
 
-#include "app/controls/Metrics.h"
-#include "app/controls/OverlayScrollBar.h"
+#include "app/look/Metrics.h"
+#include "app/look/OverlayScrollBar.h"
 
 #include <QPainter>
 #include <QScrollBar>

@@ -7,7 +7,7 @@
 #include "app/controls/Panel.h"
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/TextLabel.h"
-#include "app/controls/WrapRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/model/Background.h"
 #include "app/pages/writeup/ListingText.h"
 #include "app/pages/writeup/OutcomeLine.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/Sheet.h"
+#include "app/dialogs/Sheet.h"
 #include "app/pages/PageContext.h"
 #include "kit/listing/WordingPolish.h"
 

@@ -1,20 +1,20 @@
 #include "tests/app/PageTesting.h"
 
-#include "app/controls/AnswerButtons.h"
 #include "app/controls/Button.h"
 #include "app/controls/Checkbox.h"
 #include "app/controls/Chip.h"
 #include "app/controls/FactGrid.h"
 #include "app/controls/ListRows.h"
 #include "app/controls/Meters.h"
-#include "app/controls/OverlayScrollBar.h"
 #include "app/controls/Picker.h"
-#include "app/controls/ScrollColumn.h"
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/Stepper.h"
 #include "app/controls/TextLabel.h"
 #include "app/controls/TileGrid.h"
+#include "app/layout/ScrollColumn.h"
+#include "app/look/OverlayScrollBar.h"
+#include "app/pages/frame/AnswerButtons.h"
 
 #include <QAccessible>
 #include <QApplication>

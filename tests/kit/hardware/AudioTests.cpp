@@ -1,7 +1,7 @@
 #include "kit/hardware/AudioOutputInfo.h"
-#include "kit/hardware/CaptureReadings.h"
 #include "kit/hardware/LevelMeter.h"
 #include "kit/hardware/ToneGenerator.h"
+#include "kit/session/CaptureReadings.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
-#include "app/pages/handover/ActivationLockPanel.h"
+#include "app/pages/shared/ActivationLockPanel.h"
 #include "kit/Samples.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/pages/PageFixture.h"

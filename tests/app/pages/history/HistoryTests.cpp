@@ -1,6 +1,6 @@
 #include "app/pages/history/HistoryDetail.h"
 #include "app/pages/history/HistoryList.h"
-#include "app/pages/report/SheetView.h"
+#include "app/pages/shared/SheetView.h"
 #include "kit/Samples.h"
 #include "kit/report/ReportAssembler.h"
 #include "kit/support/Files.h"

@@ -1,7 +1,7 @@
 #include "app/controls/Button.h"
 #include "app/controls/GrowingTextField.h"
 #include "app/document/ReportPreview.h"
-#include "app/pages/report/SheetView.h"
+#include "app/pages/shared/SheetView.h"
 #include "app/pages/writeup/WriteUpSheet.h"
 #include "kit/Samples.h"
 #include "kit/report/ReportText.h"

@@ -1,0 +1,292 @@
+#include "app/look/Theme.h"
+
+#include "app/look/Accessible.h"
+#include "app/look/FocusRing.h"
+#include "app/look/ThemeStyle.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QToolTip>
+
+#include <cmath>
+
+namespace tessivo {
+
+static size_t qHash(TextRole role, size_t seed = 0) {
+    return ::qHash(int(role), seed);
+}
+
+namespace {
+
+constexpr const char* ownerProperty = "tessivoTheme";
+
+struct Shades {
+    QRgb light, dark;
+};
+
+constexpr Shades shades(ColorRole role) {
+    switch (role) {
+    case ColorRole::sidebar:
+        return {0xECEDF1, 0x17181B};
+    case ColorRole::window:
+        return {0xF6F6F8, 0x1D1E22};
+    case ColorRole::card:
+        return {0xFFFFFF, 0x27282E};
+    case ColorRole::well:
+        return {0xE4E5EA, 0x131417};
+    case ColorRole::control:
+        return {0xFFFFFF, 0x363840};
+    case ColorRole::controlHover:
+        return {0xF1F2F5, 0x3D3F47};
+    case ColorRole::controlPressed:
+        return {0xE4E5EA, 0x2E3037};
+    case ColorRole::controlBorder:
+        return {0xC9CBD3, 0x4B4E58};
+    case ColorRole::field:
+        return {0xFFFFFF, 0x1E1F23};
+    case ColorRole::fieldBorder:
+        return {0x868994, 0x767984};
+    case ColorRole::track:
+        return {0xE9EAEE, 0x1B1C20};
+    case ColorRole::segment:
+        return {0xFFFFFF, 0x474A54};
+    case ColorRole::text1:
+        return {0x1A1B1F, 0xECEDF1};
+    case ColorRole::text2:
+        return {0x555862, 0xB0B3BD};
+    case ColorRole::text3:
+        return {0x666974, 0x9A9DA8};
+    case ColorRole::accent:
+        return {0x4250C4, 0xA0AAFF};
+    case ColorRole::accentFill:
+        return {0x4655D2, 0x5460DB};
+    case ColorRole::accentFillHover:
+        return {0x3D4BC2, 0x5A66DF};
+    case ColorRole::accentFillPressed:
+        return {0x3340A8, 0x4852C4};
+    case ColorRole::onAccent:
+        return {0xFFFFFF, 0xFFFFFF};
+    case ColorRole::focus:
+        return {0x5B68E6, 0x8E99FF};
+    case ColorRole::green:
+        return {0x17743B, 0x5CC580};
+    case ColorRole::red:
+        return {0xBE2419, 0xFF8A80};
+    case ColorRole::orange:
+        return {0x954A00, 0xF3A650};
+    case ColorRole::blue:
+        return {0x0A5FAD, 0x7ABAF8};
+    case ColorRole::gray:
+        return {0x555862, 0xB0B3BD};
+    case ColorRole::greenGlyph:
+        return {0x188A4A, 0x5CC580};
+    case ColorRole::redGlyph:
+        return {0xDB3B2E, 0xFF8A80};
+    case ColorRole::orangeGlyph:
+        return {0xB95F00, 0xF3A650};
+    case ColorRole::blueGlyph:
+        return {0x1A7AD4, 0x7ABAF8};
+    case ColorRole::grayGlyph:
+        return {0x6A6D78, 0x9A9DA8};
+    case ColorRole::keyCap:
+        return {0xFFFFFF, 0x26282D};
+    case ColorRole::keyDone:
+        return {0x1B7F43, 0x21824A};
+    case ColorRole::onKeyDone:
+        return {0xFFFFFF, 0xFFFFFF};
+    case ColorRole::meter:
+        return {0x1F8E4D, 0x4DB873};
+    case ColorRole::scrim:
+        return {0x16171C, 0x000000};
+    }
+    return {};
+}
+
+struct Type {
+    int size, line, weight;
+    double spacing = 0;
+};
+
+constexpr Type type(TextRole role) {
+    switch (role) {
+    case TextRole::pageTitle:
+        return {26, 34, QFont::Bold, -0.4};
+    case TextRole::sheetTitle:
+        return {20, 26, QFont::Bold, -0.2};
+    case TextRole::sectionHeading:
+        return {17, 24, QFont::DemiBold};
+    case TextRole::resultSummary:
+        return {16, 22, QFont::Medium};
+    case TextRole::headline:
+        return {14, 20, QFont::DemiBold};
+    case TextRole::tally:
+        return {14, 20, QFont::Medium};
+    case TextRole::body:
+        return {13, 20, QFont::Normal};
+    case TextRole::control:
+        return {13, 16, QFont::Medium};
+    case TextRole::controlStrong:
+        return {13, 16, QFont::DemiBold};
+    case TextRole::callout:
+        return {12, 18, QFont::Normal};
+    case TextRole::badge:
+        return {12, 16, QFont::DemiBold};
+    case TextRole::progressCaption:
+        return {12, 16, QFont::Normal};
+    case TextRole::sidebarSection:
+        return {11, 16, QFont::DemiBold};
+    case TextRole::sidebarRow:
+        return {13, 16, QFont::Normal};
+    case TextRole::sidebarRowSelected:
+        return {13, 16, QFont::DemiBold};
+    case TextRole::monospaced:
+        return {13, 20, QFont::Medium};
+    }
+    return {13, 20, QFont::Normal};
+}
+
+QColor shade(ColorRole role, bool dark) {
+    const Shades both = shades(role);
+    return QColor::fromRgb(dark ? both.dark : both.light);
+}
+
+/// The desktop fonts in use lie between 9 and 12 points, and the design's sizes serve them all; larger ones
+/// ask for larger text.
+constexpr double largestUsualPixels = 16;
+constexpr double largestScale = 2.5;
+
+} // namespace
+
+Theme::Theme(QApplication& application) : m_application(application) {
+    application.setProperty(ownerProperty, QVariant::fromValue<QObject*>(this));
+    installAccessibleTraits();
+    readFont(application.font());
+    application.setStyle(new ThemeStyle);
+    readPalette();
+    application.installEventFilter(this);
+    connect(&application, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (!m_ring) m_ring = new FocusRing;
+        m_ring->follow(now);
+    });
+}
+
+Theme::~Theme() {
+    m_application.removeEventFilter(this);
+    delete m_ring;
+    m_application.setProperty(ownerProperty, {});
+}
+
+const Theme& Theme::current() {
+    const auto* theme = static_cast<Theme*>(qApp->property(ownerProperty).value<QObject*>());
+    if (!theme) qFatal("A control was made before its Theme");
+    return *theme;
+}
+
+QColor Theme::color(ColorRole role) const {
+    return shade(role, m_dark);
+}
+
+QColor Theme::color(ColorRole role, double percent) const {
+    QColor color = shade(role, m_dark);
+    color.setAlphaF(float(percent / 100));
+    return color;
+}
+
+QColor Theme::divider() const {
+    return color(ColorRole::text1, m_dark ? 12 : 10);
+}
+
+int Theme::lineHeight(TextRole role) const {
+    return scaled(type(role).line);
+}
+
+int Theme::textWidth(TextRole role, const QString& text) const {
+    const std::pair key(role, text);
+    if (const int* known = m_widths.object(key)) return *known;
+    const int width = int(std::ceil(QFontMetricsF(font(role)).horizontalAdvance(text)));
+    m_widths.insert(key, new int(width));
+    return width;
+}
+
+int Theme::scaled(double size) const {
+    return qRound(size * m_textScale);
+}
+
+QPalette Theme::palette(bool dark) {
+    const auto is = [dark](ColorRole role) { return shade(role, dark); };
+    QColor disabled = is(ColorRole::text1);
+    disabled.setAlphaF(0.45f);
+    QPalette palette(is(ColorRole::text1), is(ColorRole::control), is(ColorRole::card), is(ColorRole::well),
+                     is(ColorRole::controlBorder), is(ColorRole::text1), is(ColorRole::text1),
+                     is(ColorRole::field), is(ColorRole::window));
+    palette.setColor(QPalette::AlternateBase, is(ColorRole::card));
+    palette.setColor(QPalette::ButtonText, is(ColorRole::text1));
+    palette.setColor(QPalette::Highlight, is(ColorRole::accentFill));
+    palette.setColor(QPalette::HighlightedText, is(ColorRole::onAccent));
+    palette.setColor(QPalette::Link, is(ColorRole::accent));
+    palette.setColor(QPalette::LinkVisited, is(ColorRole::accent));
+    palette.setColor(QPalette::ToolTipBase, is(ColorRole::card));
+    palette.setColor(QPalette::ToolTipText, is(ColorRole::text1));
+    palette.setColor(QPalette::PlaceholderText, is(ColorRole::text3));
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+        palette.setColor(QPalette::Disabled, role, disabled);
+    return palette;
+}
+
+bool Theme::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &m_application) {
+        if (event->type() == QEvent::ApplicationPaletteChange)
+            readPalette();
+        else if (event->type() == QEvent::ApplicationFontChange)
+            readFont(m_application.font());
+        else if (event->type() == QEvent::ThemeChange)
+            readFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void Theme::readPalette() {
+    const QPalette palette = m_application.palette();
+    const bool dark =
+        palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+    if (dark == m_dark) return;
+    m_dark = dark;
+    Q_EMIT changed();
+}
+
+void Theme::readFont(const QFont& system) {
+    // The application's own font is set below; only another one is news.
+    const bool first = !m_system;
+    if (!first && (system == font(TextRole::body) || system == m_system)) return;
+    m_system = system;
+    m_textScale = qBound(1.0, QFontInfo(system).pixelSize() / largestUsualPixels, largestScale);
+    makeFonts();
+    QApplication::setFont(font(TextRole::body));
+    QToolTip::setFont(font(TextRole::callout));
+    if (!first) Q_EMIT changed();
+}
+
+void Theme::makeFonts() {
+    QStringList families{QFontDatabase::systemFont(QFontDatabase::GeneralFont).family()};
+    // A platform hides its own interface font behind a name that starts with a dot; nothing suits it better.
+    if (!families.first().startsWith(QLatin1Char('.'))) families.prepend(QStringLiteral("Inter"));
+    const QStringList monospaced{QStringLiteral("JetBrains Mono"),
+                                 QFontDatabase::systemFont(QFontDatabase::FixedFont).family()};
+    for (size_t i = 0; i < m_fonts.size(); ++i) {
+        const auto role = TextRole(i);
+        const Type look = type(role);
+        QFont font(role == TextRole::monospaced ? monospaced : families);
+        font.setPixelSize(scaled(look.size));
+        font.setWeight(QFont::Weight(look.weight));
+        font.setHintingPreference(QFont::PreferNoHinting);
+        if (look.spacing != 0) font.setLetterSpacing(QFont::AbsoluteSpacing, look.spacing * m_textScale);
+        m_fonts[i] = font;
+    }
+    m_widths.clear();
+}
+
+} // namespace tessivo

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/layout/WrapRow.h"
+#include "app/model/Poll.h"
+#include "app/pages/PageContext.h"
+#include "app/readers/TonePlayer.h"
+#include "kit/hardware/AudioOutputInfo.h"
+
+namespace tessivo {
+
+class SymbolView;
+class TextLabel;
+class ToneBlock;
+
+/// The headphone jack's test: watches the jack while it is open and plays a tone to each ear through it, and
+/// through nothing else.
+class HeadphonesView final : public Column {
+    Q_OBJECT
+
+public:
+    static const char* const how;
+
+    explicit HeadphonesView(const PageContext& context, QWidget* parent = nullptr);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* makeStatus();
+    ToneBlock* addBlock(const QString& title, const QString& side, ManualAnswer HeadphoneTest::* answer,
+                        bool left);
+    void play(bool left);
+    void scan();
+    void follow();
+
+    AppModel& m_model;
+    std::optional<TonePlayer> m_player;    ///< while the page is open
+    std::optional<AudioOutputInfo> m_jack; ///< the last one seen
+    SymbolView* m_symbol;
+    TextLabel* m_status;
+    TextLabel* m_output;
+    ToneBlock* m_left;
+    ToneBlock* m_right;
+    std::unique_ptr<Poll> m_poll;
+};
+
+} // namespace tessivo
