@@ -1,6 +1,6 @@
 # One test program for each folder of tests/; its files are found, never listed.
 find_package(GTest REQUIRED)
-find_package(Qt6 REQUIRED COMPONENTS Test)
+find_package(Qt6 REQUIRED COMPONENTS Test DBus)
 include(GoogleTest)
 
 set(test_environment
@@ -55,6 +55,7 @@ if(NOT TESSIVO_WINDOWLESS)
     tessivo_test(faults KIT_ONLY TIMEOUT 600)
     tessivo_test(app LABEL pages SHARDS 4)
     tessivo_test(window TIMEOUT 600)
+    target_link_libraries(window_tests PRIVATE Qt6::DBus)
     tessivo_test(whole TIMEOUT 600)
     # Its camera thread is handed work through Qt's event queue, whose lock the thread sanitizer can't see.
     tessivo_test(platform LABEL hardware)
@@ -73,5 +74,5 @@ add_dependencies(sound_tests stand_in_card)
 # These run the programs as a person would.
 if(TARGET whole_tests)
     add_dependencies(whole_tests tessivo tessivo-probe)
-    add_dependencies(window_tests tessivo)
+    add_dependencies(window_tests tessivo tessivo-demo)
 endif()
