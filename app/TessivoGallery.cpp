@@ -7,7 +7,7 @@
 #include "app/window/RootView.h"
 #include "kit/Samples.h"
 #include "kit/report/ReportAssembler.h"
-#include "platform/QtScheduler.h"
+#include "platform/qt/QtScheduler.h"
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/SimulatedPlatform.h"
 

@@ -4,9 +4,9 @@
 #include "app/readers/CameraMonitor.h"
 #include "app/readers/MicMonitor.h"
 #include "app/readers/Readers.h"
-#include "platform/QtScheduler.h"
 #include "platform/linux/LinuxAudioObjects.h"
 #include "platform/linux/LinuxCaptureDevices.h"
+#include "platform/qt/QtScheduler.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "tests/sound/SoundDaemon.h"
 

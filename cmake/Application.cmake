@@ -1,19 +1,23 @@
 # The platform, the application library and the three programs.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Svg Multimedia Network Concurrent)
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
-pkg_check_modules(EVDEV REQUIRED IMPORTED_TARGET libevdev)
+if(TESSIVO_PLATFORM STREQUAL "linux")
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
+    pkg_check_modules(EVDEV REQUIRED IMPORTED_TARGET libevdev)
+endif()
 
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTORCC ON)
 
-tessivo_sources(platform_sources platform/${TESSIVO_PLATFORM} platform/simulated)
+tessivo_sources(platform_sources platform/${TESSIVO_PLATFORM} platform/qt platform/simulated)
 file(GLOB platform_common CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.cpp ${CMAKE_SOURCE_DIR}/platform/*.h)
 add_library(platform STATIC ${platform_sources} ${platform_common})
 # The kit has a field named `slots`.
 target_compile_definitions(platform PUBLIC QT_NO_KEYWORDS)
-target_link_libraries(platform PUBLIC kit Qt6::Core Qt6::Gui Qt6::Multimedia Qt6::Network
-    PRIVATE PkgConfig::PULSE PkgConfig::EVDEV)
+target_link_libraries(platform PUBLIC kit Qt6::Core Qt6::Gui Qt6::Multimedia Qt6::Network)
+if(TESSIVO_PLATFORM STREQUAL "linux")
+    target_link_libraries(platform PRIVATE PkgConfig::PULSE PkgConfig::EVDEV)
+endif()
 set_target_properties(platform PROPERTIES LINKER_LANGUAGE CXX)
 target_precompile_headers(platform PRIVATE cmake/PlatformPrecompiled.h)
 target_compile_definitions(platform PRIVATE

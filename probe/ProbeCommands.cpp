@@ -12,7 +12,7 @@
 #include "kit/support/PropertyJson.h"
 #include "kit/support/Text.h"
 #include "platform/CapturedFacts.h"
-#include "platform/QtScheduler.h"
+#include "platform/qt/QtScheduler.h"
 #include "platform/simulated/MachineFile.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "probe/Arguments.h"

@@ -2,7 +2,7 @@
 
 #include "app/dialogs/Dialogs.h"
 #include "app/window/AppDelegate.h"
-#include "platform/QtScheduler.h"
+#include "platform/qt/QtScheduler.h"
 #include "platform/simulated/SimulatedControls.h"
 
 namespace tessivo::demo {

@@ -14,7 +14,8 @@ LinuxCaptureDevices::LinuxCaptureDevices(std::shared_ptr<PulseServer> server,
                                          std::filesystem::path deviceFolder, SystemTree tree)
     : m_server(std::move(server)),
       m_tree(std::move(tree)),
-      m_cameras(std::move(deviceFolder), m_tree),
+      m_cameraFiles(std::move(deviceFolder), m_tree),
+      m_cameras(QtCameras::ListedOn::camerasThread, &CameraFiles::fault),
       m_mainThread(new QObject, [](QObject* object) { object->deleteLater(); }) {}
 
 CaptureList LinuxCaptureDevices::devices(MediaType type) const {
@@ -40,8 +41,14 @@ CaptureList LinuxCaptureDevices::microphones() const {
     return {.devices = std::move(devices)};
 }
 
-CaptureList LinuxCaptureDevices::cameras() const {
+std::optional<std::vector<CaptureDevice>> LinuxCaptureDevices::listedCameras() const {
     auto devices = m_cameras.devices();
+    if (!devices && m_cameraFiles.list().empty()) devices.emplace();
+    return devices;
+}
+
+CaptureList LinuxCaptureDevices::cameras() const {
+    auto devices = listedCameras();
     if (!devices) return {.fault = CaptureList::Fault::noService};
     if (devices->empty() && CaptureHardware::hasCameraWithoutDriver(m_tree))
         return {.fault = CaptureList::Fault::noDriver};
@@ -52,8 +59,8 @@ AuthorizationStatus LinuxCaptureDevices::authorizationStatus(MediaType type) con
     AuthorizationStatus status = AuthorizationStatus::authorized;
     bool known = true;
     if (type == MediaType::video) {
-        status = m_cameras.authorizationStatus();
-        known = status != AuthorizationStatus::authorized || m_cameras.devices();
+        status = m_cameraFiles.authorizationStatus();
+        known = status != AuthorizationStatus::authorized || listedCameras();
     } else {
         const auto server = m_server->snapshot()->server;
         if (server == PulseSnapshot::Server::refused) status = AuthorizationStatus::denied;
@@ -84,7 +91,7 @@ void LinuxCaptureDevices::requestAccess(MediaType type, std::function<void(bool)
 }
 
 bool LinuxCaptureDevices::waitForCameras(std::chrono::milliseconds time) {
-    if (m_cameras.devices()) return true;
+    if (listedCameras()) return true;
     const auto listed = std::make_shared<std::promise<void>>();
     m_cameras.list([listed] { listed->set_value(); });
     return listed->get_future().wait_for(time) == std::future_status::ready;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/Capture.h"
+#include "platform/linux/CameraFiles.h"
 #include "platform/linux/PulseServer.h"
-#include "platform/linux/QtCameras.h"
+#include "platform/qt/QtCameras.h"
 
-#include <QObject>
 #include <chrono>
 #include <set>
 
@@ -34,9 +34,12 @@ public:
 private:
     CaptureList microphones() const;
     CaptureList cameras() const;
+    /// Nothing until Qt has listed them, unless there is no camera's file at all.
+    std::optional<std::vector<CaptureDevice>> listedCameras() const;
 
     std::shared_ptr<PulseServer> m_server;
     SystemTree m_tree;
+    CameraFiles m_cameraFiles;
     QtCameras m_cameras;
     std::set<MediaType> m_silent;          ///< kinds that were waited for in vain
     std::shared_ptr<QObject> m_mainThread; ///< where answers are given; kept by questions under way

@@ -3,7 +3,6 @@
 #include "kit/support/Files.h"
 
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTemporaryFile>
 #include <algorithm>
 
@@ -85,12 +84,6 @@ void LinuxDefaults::setData(const std::string& key, const std::string& bytes) {
 
 void LinuxDefaults::setText(const std::string& key, const std::string& text) {
     set({{key, DefaultsEntry::Kind::text, text}});
-}
-
-std::vector<std::filesystem::path> LinuxFolders::applicationSupport() const {
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (data.isEmpty()) return {};
-    return {std::filesystem::path(data.toStdString()) / "Tessivo"};
 }
 
 } // namespace tessivo

@@ -24,10 +24,4 @@ private:
     std::filesystem::path m_file;
 };
 
-/// The user's data folder by the desktop's convention, below it "Tessivo".
-class LinuxFolders final : public Folders {
-public:
-    std::vector<std::filesystem::path> applicationSupport() const override;
-};
-
 } // namespace tessivo

@@ -2,7 +2,6 @@
 
 #include "platform/KeyCodeTable.h"
 #include "platform/Platform.h"
-#include "platform/QtScheduler.h"
 #include "platform/linux/LinuxAudioObjects.h"
 #include "platform/linux/LinuxCaptureDevices.h"
 #include "platform/linux/LinuxDefaults.h"
@@ -12,6 +11,11 @@
 #include "platform/linux/LinuxRegistry.h"
 #include "platform/linux/LinuxSystemTools.h"
 #include "platform/linux/LinuxToneOutput.h"
+#include "platform/linux/MediaBackend.h"
+#include "platform/qt/NoWordingService.h"
+#include "platform/qt/QtFolders.h"
+#include "platform/qt/QtScheduler.h"
+#include "platform/qt/ReleasesPage.h"
 
 namespace tessivo {
 
@@ -55,10 +59,10 @@ private:
     KeyCodeTable m_keyCodes;
     LinuxFingerTouches m_fingerTouches;
     LinuxDefaults m_defaults;
-    LinuxFolders m_folders;
+    QtFolders m_folders;
     LinuxDesktop m_desktop;
-    LinuxUpdateFramework m_updateFramework;
-    LinuxWordingService m_wordingService;
+    ReleasesPage m_updateFramework;
+    NoWordingService m_wordingService;
 };
 
 } // namespace tessivo

@@ -1,4 +1,4 @@
-#include "platform/linux/QtCameras.h"
+#include "platform/linux/MediaBackend.h"
 
 #include <QGuiApplication>
 #include <gtest/gtest.h>

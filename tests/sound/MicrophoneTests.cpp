@@ -3,10 +3,10 @@
 #include "app/readers/MicMonitor.h"
 #include "app/readers/Readers.h"
 #include "app/readers/TonePlayer.h"
-#include "platform/QtScheduler.h"
 #include "platform/linux/LinuxAudioObjects.h"
 #include "platform/linux/LinuxCaptureDevices.h"
 #include "platform/linux/LinuxToneOutput.h"
+#include "platform/qt/QtScheduler.h"
 #include "tests/platform/linux/CapturedTree.h"
 #include "tests/sound/SoundTest.h"
 

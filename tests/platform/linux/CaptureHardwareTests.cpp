@@ -1,8 +1,6 @@
-#include "platform/linux/CameraFile.h"
 #include "platform/linux/CaptureHardware.h"
 #include "tests/platform/linux/CapturedTree.h"
 
-#include <cerrno>
 #include <gtest/gtest.h>
 
 namespace tessivo {
@@ -81,19 +79,6 @@ TEST(CaptureHardware, theKernelsListOfSoundCards) {
             "\\x20                     HDA Intel PCH at 0xa0610000 irq 60\\x0a");
     EXPECT_FALSE(CaptureHardware::hasSoundCard(none.tree()));
     EXPECT_TRUE(CaptureHardware::hasSoundCard(two.tree()));
-}
-
-TEST(CameraFile, whatCantBeOpenedSaysWhy) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(cameraFault(folder / "gone"), OpenFault::broken);
-    EXPECT_EQ(cameraFault(folder.path()), OpenFault::broken);
-    EXPECT_EQ(cameraFault(folder.write("video0", "")), std::nullopt)
-        << "it opens, and nobody has its buffers";
-    const std::pair<int, OpenFault> errors[] = {{EBUSY, OpenFault::busy},    {EACCES, OpenFault::refused},
-                                                {EPERM, OpenFault::refused}, {ENODEV, OpenFault::broken},
-                                                {EIO, OpenFault::broken},    {ENXIO, OpenFault::broken}};
-    for (const auto& [error, fault] : errors)
-        EXPECT_EQ(cameraFaultOf(error), fault) << error;
 }
 
 } // namespace

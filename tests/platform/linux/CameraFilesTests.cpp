@@ -1,40 +1,16 @@
-#include "platform/linux/QtCameras.h"
+#include "platform/linux/CameraFiles.h"
 #include "tests/platform/linux/CapturedTree.h"
 
-#include <chrono>
-#include <future>
+#include <cerrno>
 #include <gtest/gtest.h>
 
 namespace tessivo {
 namespace {
 
-using namespace std::chrono_literals;
-
-TEST(QtCameras, aThreadThatIsBusyStillFinishesItsWorkAtTheEnd) {
-    const TemporaryFolder folder;
-    folder.write("video0", "");
-    for (int round = 0; round < 20; ++round) {
-        std::promise<void> listed;
-        std::atomic<bool> done = false;
-        {
-            QtCameras cameras(folder.path());
-            EXPECT_EQ(cameras.devices(), std::nullopt) << "a camera file, and no list yet";
-            cameras.list([&] { listed.set_value(); });
-            ASSERT_EQ(listed.get_future().wait_for(10s), std::future_status::ready);
-            EXPECT_TRUE(cameras.devices());
-            cameras.list([&] {
-                std::this_thread::sleep_for(std::chrono::milliseconds(round % 4));
-                done = true;
-            });
-        }
-        EXPECT_TRUE(done);
-    }
-}
-
-TEST(QtCameras, aCameraMadeByAProgramDoesntStandForTheMacsOwn) {
+TEST(CameraFiles, aCameraMadeByAProgramDoesntStandForTheMacsOwn) {
     const TemporaryFolder folder;
     CapturedTree tree;
-    const auto status = [&] { return QtCameras(folder.path(), tree.tree()).authorizationStatus(); };
+    const auto status = [&] { return CameraFiles(folder.path(), tree.tree()).authorizationStatus(); };
     EXPECT_EQ(status(), AuthorizationStatus::authorized) << "no camera";
     folder.write("video9", "");
     tree.add("sys/devices/virtual/video4linux/video9/name = Loopback");
@@ -49,6 +25,19 @@ TEST(QtCameras, aCameraMadeByAProgramDoesntStandForTheMacsOwn) {
     EXPECT_EQ(status(), AuthorizationStatus::denied) << "nor does another camera";
     std::filesystem::remove(folder / "video0");
     EXPECT_EQ(status(), AuthorizationStatus::authorized);
+}
+
+TEST(CameraFiles, whatCantBeOpenedSaysWhy) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(CameraFiles::fault(folder / "gone"), OpenFault::broken);
+    EXPECT_EQ(CameraFiles::fault(folder.path()), OpenFault::broken);
+    EXPECT_EQ(CameraFiles::fault(folder.write("video0", "")), std::nullopt)
+        << "it opens, and nobody has its buffers";
+    const std::pair<int, OpenFault> errors[] = {{EBUSY, OpenFault::busy},    {EACCES, OpenFault::refused},
+                                                {EPERM, OpenFault::refused}, {ENODEV, OpenFault::broken},
+                                                {EIO, OpenFault::broken},    {ENXIO, OpenFault::broken}};
+    for (const auto& [error, fault] : errors)
+        EXPECT_EQ(CameraFiles::faultOf(error), fault) << error;
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "platform/linux/VideoFrames.h"
+#include "platform/qt/VideoFrames.h"
 
 #include <QBuffer>
 #include <cstring>

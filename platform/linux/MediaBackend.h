@@ -1,0 +1,12 @@
+#pragma once
+
+namespace tessivo {
+
+/// Chooses the part of Qt that talks to cameras. It does so in the environment, which other threads read: to
+/// be made before any of them begins.
+class MediaBackend final {
+public:
+    MediaBackend();
+};
+
+} // namespace tessivo
