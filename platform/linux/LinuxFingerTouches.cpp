@@ -1,7 +1,6 @@
 #include "platform/linux/LinuxFingerTouches.h"
 
 #include "platform/linux/Descriptor.h"
-#include "platform/linux/TouchpadDecoder.h"
 #include "platform/linux/TouchpadGestures.h"
 
 #include <QFileSystemWatcher>
@@ -22,20 +21,20 @@ using Device = std::unique_ptr<libevdev, FreeDevice>;
 /// More than the kernel's tracking numbers of one device.
 constexpr std::int64_t touchesOfOne = std::int64_t(1) << 32;
 
+double span(const libevdev* device, unsigned axis) {
+    return double(libevdev_get_abs_maximum(device, axis)) - libevdev_get_abs_minimum(device, axis);
+}
+
 /// Places fingers in slots, and is no touch screen.
 bool isTouchpad(const libevdev* device) {
-    return libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_X) &&
-           libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_Y) &&
+    return span(device, ABS_MT_POSITION_X) > 0 && span(device, ABS_MT_POSITION_Y) > 0 &&
            libevdev_has_event_code(device, EV_KEY, BTN_TOOL_FINGER) && libevdev_get_num_slots(device) > 0 &&
            !libevdev_has_property(device, INPUT_PROP_DIRECT);
 }
 
-TouchpadDecoder::Range range(const libevdev* device, unsigned axis) {
-    return {libevdev_get_abs_minimum(device, axis), libevdev_get_abs_maximum(device, axis)};
-}
-
-int countedFingers(const libevdev* device) {
-    int fingers = 0;
+/// How many fingers the device counts, also those that it can't place.
+std::size_t countedFingers(const libevdev* device) {
+    std::size_t fingers = 0;
     for (const unsigned tool :
          {BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP}) {
         ++fingers;
@@ -44,15 +43,22 @@ int countedFingers(const libevdev* device) {
     return 0;
 }
 
-std::vector<TouchpadDecoder::Slot> slotsOf(const libevdev* device) {
-    std::vector<TouchpadDecoder::Slot> state(std::size_t(libevdev_get_num_slots(device)));
-    for (unsigned slot = 0; slot < state.size(); ++slot) {
-        state[slot].trackingID = libevdev_get_slot_value(device, slot, ABS_MT_TRACKING_ID);
-        state[slot].x = libevdev_get_slot_value(device, slot, ABS_MT_POSITION_X);
-        state[slot].y = libevdev_get_slot_value(device, slot, ABS_MT_POSITION_Y);
-        state[slot].distance = libevdev_get_slot_value(device, slot, ABS_MT_DISTANCE);
+/// One position for each finger counted, its touch numbered from `firstTouch` on. One that the device can't
+/// place stands at the last placed one; while none is placed, those counted only hover.
+std::vector<FingerPosition> fingersOn(const libevdev* device, std::int64_t firstTouch) {
+    std::vector<FingerPosition> fingers;
+    for (unsigned slot = 0; slot < unsigned(libevdev_get_num_slots(device)); ++slot) {
+        const auto value = [&](unsigned code) { return libevdev_get_slot_value(device, slot, code); };
+        const auto fraction = [&](unsigned axis) {
+            const double way = double(value(axis)) - libevdev_get_abs_minimum(device, axis);
+            return std::clamp(way / span(device, axis), 0.0, 1.0);
+        };
+        if (const int touch = value(ABS_MT_TRACKING_ID); touch >= 0 && value(ABS_MT_DISTANCE) <= 0)
+            fingers.push_back({fraction(ABS_MT_POSITION_X), fraction(ABS_MT_POSITION_Y), firstTouch + touch});
     }
-    return state;
+    if (!fingers.empty())
+        fingers.resize(std::max(fingers.size(), countedFingers(device)), FingerPosition(fingers.back()));
+    return fingers;
 }
 
 } // namespace
@@ -87,11 +93,8 @@ private:
           m_firstTouch(firstTouch),
           m_file(std::move(file)),
           m_device(std::move(device)),
-          m_decoder(range(m_device.get(), ABS_MT_POSITION_X), range(m_device.get(), ABS_MT_POSITION_Y),
-                    std::size_t(libevdev_get_num_slots(m_device.get()))),
           m_reported(reported),
           m_notifier(m_file, QSocketNotifier::Read) {
-        takeState();
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { read(); });
     }
 
@@ -102,10 +105,13 @@ private:
             input_event event;
             const int status = libevdev_next_event(m_device.get(), LIBEVDEV_READ_FLAG_NORMAL, &event);
             if (status == LIBEVDEV_READ_STATUS_SYNC) {
-                catchUp();
+                // Events were lost: the library asks the kernel for the present state.
+                while (libevdev_next_event(m_device.get(), LIBEVDEV_READ_FLAG_SYNC, &event) ==
+                       LIBEVDEV_READ_STATUS_SYNC) {
+                }
                 tell();
             } else if (status == LIBEVDEV_READ_STATUS_SUCCESS) {
-                if (m_decoder.handle(event)) tell();
+                if (libevdev_event_is_code(&event, EV_SYN, SYN_REPORT)) tell();
             } else {
                 if (status != -EAGAIN) end();
                 return;
@@ -114,24 +120,8 @@ private:
         }
     }
 
-    /// The library lost events and asks the kernel for the present state.
-    void catchUp() {
-        input_event event;
-        while (libevdev_next_event(m_device.get(), LIBEVDEV_READ_FLAG_SYNC, &event) ==
-               LIBEVDEV_READ_STATUS_SYNC) {
-        }
-        takeState();
-    }
-
-    void takeState() {
-        m_decoder.resync(slotsOf(m_device.get()), std::size_t(libevdev_get_current_slot(m_device.get())),
-                         countedFingers(m_device.get()));
-    }
-
     void tell() {
-        m_fingers = m_decoder.fingers();
-        for (FingerPosition& finger : m_fingers)
-            finger.touch += m_firstTouch;
+        m_fingers = fingersOn(m_device.get(), m_firstTouch);
         // A copy: it may go while it runs.
         const Reported reported = m_reported;
         reported(m_gestures.handle(m_fingers));
@@ -149,7 +139,6 @@ private:
     std::int64_t m_firstTouch;
     Descriptor m_file;
     Device m_device;
-    TouchpadDecoder m_decoder;
     TouchpadGestures m_gestures;
     std::vector<FingerPosition> m_fingers;
     Reported m_reported;
