@@ -2,80 +2,91 @@
 
 #include "kit/support/Files.h"
 
+#include <QJsonDocument>
 #include <QSettings>
-#include <QTemporaryFile>
-#include <algorithm>
+#include <system_error>
 
 namespace tessivo {
 
 namespace {
 
 constexpr std::uintmax_t largestFile = 64u << 20;
+constexpr QLatin1String dataKey("data");
 
-std::optional<std::string> bytesOf(const QVariant& value) {
-    if (!value.isValid()) return std::nullopt;
-    return value.toByteArray().toStdString();
+QJsonValue dataValue(const QByteArray& bytes) {
+    return QJsonObject{{dataKey, QString::fromLatin1(bytes.toBase64())}};
 }
 
-QVariant variant(const DefaultsEntry& entry) {
-    if (entry.kind == DefaultsEntry::Kind::data) return QByteArray::fromStdString(entry.value);
-    return QString::fromStdString(entry.value);
+/// The file's bytes; nothing if there is none. Throws std::system_error where it can't be read.
+std::optional<std::string> bytesOf(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::exists(file, error) && !error) return std::nullopt;
+    return Files::read(file, largestFile);
+}
+
+/// Nothing for what isn't an object.
+std::optional<QJsonObject> parsed(const std::string& bytes) {
+    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(bytes));
+    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+}
+
+/// What earlier versions stored.
+QJsonObject earlierValues(std::filesystem::path file) {
+    const QSettings settings(QString::fromStdString(file.replace_extension(".ini").string()),
+                             QSettings::IniFormat);
+    QJsonObject values;
+    for (const QString& key : settings.allKeys()) {
+        const QVariant value = settings.value(key);
+        if (value.typeId() == QMetaType::QByteArray) values[key] = dataValue(value.toByteArray());
+        if (value.typeId() == QMetaType::QString) values[key] = value.toString();
+    }
+    return values;
 }
 
 } // namespace
 
-LinuxDefaults::LinuxDefaults(const std::filesystem::path& file) : m_file(file) {}
-
-QVariant LinuxDefaults::value(const std::string& key) const {
-    return QSettings(QString::fromStdString(m_file.string()), QSettings::IniFormat)
-        .value(QString::fromStdString(key));
+QJsonValue LinuxDefaults::value(const std::string& key) const {
+    try {
+        const auto bytes = bytesOf(m_file);
+        const auto values = bytes ? parsed(*bytes).value_or(QJsonObject()) : earlierValues(m_file);
+        return values.value(QString::fromStdString(key));
+    } catch (const std::exception&) {
+        return QJsonValue::Undefined;
+    }
 }
 
 void LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
-    // On a copy that then takes the file's place: a settings object whose write fails keeps the change in
-    // mind for the whole process and writes it at some later time.
-    std::error_code error;
-    const auto canonical = std::filesystem::canonical(m_file, error);
-    const auto file = error ? m_file : canonical;
-    std::filesystem::create_directories(file.parent_path(), error);
-    QTemporaryFile copy(QString::fromStdString((file.parent_path() / ".Tessivo-XXXXXX.ini").string()));
-    if (!copy.open()) return;
-    copy.close();
-    const std::filesystem::path copied = copy.fileName().toStdString();
-    std::filesystem::copy_file(file, copied, std::filesystem::copy_options::overwrite_existing, error);
-    std::error_code unseen;
-    if (error && (std::filesystem::exists(file, unseen) || unseen)) return;
-
-    QSettings settings(copy.fileName(), QSettings::IniFormat);
-    for (const DefaultsEntry& entry : entries)
-        settings.setValue(QString::fromStdString(entry.key), variant(entry));
-    settings.sync();
-    // Lines that make no sense don't keep the values out; they are what can't be read anyhow.
-    if (settings.status() == QSettings::AccessError) return;
-    // A nearly full disk leaves a shortened copy without a word, so the copy is read back. Under another
-    // name: a settings object of the same name would answer from what it has in mind.
-    const std::filesystem::path proof = copied.string() + ".proof.ini";
-    std::filesystem::rename(copied, proof, error);
-    if (error) return;
-    const QSettings read(QString::fromStdString(proof.string()), QSettings::IniFormat);
-    const bool whole = std::ranges::all_of(
-        settings.allKeys(), [&](const QString& each) { return read.value(each) == settings.value(each); });
     try {
-        if (whole) Files::writeAtomically(file, Files::read(proof, largestFile));
+        const auto bytes = bytesOf(m_file);
+        const auto file = bytes ? std::filesystem::canonical(m_file) : m_file; // a link stays one
+        auto values = bytes ? parsed(*bytes) : earlierValues(m_file);
+        if (!values) Files::writeAtomically(file.string() + ".damaged", *bytes);
+        if (!values) values.emplace();
+        for (const DefaultsEntry& entry : entries)
+            (*values)[QString::fromStdString(entry.key)] =
+                entry.kind == DefaultsEntry::Kind::data ? dataValue(QByteArray::fromStdString(entry.value))
+                                                        : QJsonValue(QString::fromStdString(entry.value));
+        const QByteArray whole = QJsonDocument(*values).toJson();
+        if (std::uintmax_t(whole.size()) > largestFile) return; // it couldn't be read any more
+        Files::Calls calls;
+        Files::createFolders(file.parent_path(), calls);
+        Files::writeAtomically(file, whole.toStdString());
     } catch (const std::exception&) {
         // The file stands as it was.
     }
-    std::filesystem::remove(proof, error);
 }
 
 std::optional<std::string> LinuxDefaults::data(const std::string& key) const {
-    return bytesOf(value(key));
+    const QJsonValue stored = value(key).toObject().value(dataKey);
+    if (!stored.isString()) return std::nullopt;
+    const auto bytes =
+        QByteArray::fromBase64Encoding(stored.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    return bytes ? std::optional((*bytes).toStdString()) : std::nullopt;
 }
 
 std::optional<std::string> LinuxDefaults::text(const std::string& key) const {
-    const QVariant stored = value(key);
-    if (!stored.isValid()) return std::nullopt;
-    return stored.toString().toStdString();
+    const QJsonValue stored = value(key);
+    return stored.isString() ? std::optional(stored.toString().toStdString()) : std::nullopt;
 }
 
 void LinuxDefaults::setData(const std::string& key, const std::string& bytes) {

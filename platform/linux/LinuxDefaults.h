@@ -2,24 +2,27 @@
 
 #include "platform/Storage.h"
 
-#include <QVariant>
+#include <QJsonObject>
 
 namespace tessivo {
 
-/// The user's defaults in one settings file. A write that doesn't reach the disk leaves the values before
-/// it; the file is replaced whole. Main thread.
+/// The user's defaults in one JSON file, which is replaced whole: a text as a string, data as {"data":
+/// Base64}. A value of another type is absent and stays. While there is no such file, the values are those of
+/// the settings file of earlier versions beside it (".ini"), which is never written. Main thread.
 class LinuxDefaults final : public Defaults {
 public:
-    explicit LinuxDefaults(const std::filesystem::path& file);
+    explicit LinuxDefaults(std::filesystem::path file) : m_file(std::move(file)) {}
 
     std::optional<std::string> data(const std::string& key) const override;
     std::optional<std::string> text(const std::string& key) const override;
     void setData(const std::string& key, const std::string& bytes) override;
     void setText(const std::string& key, const std::string& text) override;
+    /// A file that makes no sense is kept beside the new one as ".damaged"; one that can't be read is left
+    /// alone.
     void set(const std::vector<DefaultsEntry>& entries) override;
 
 private:
-    QVariant value(const std::string& key) const;
+    QJsonValue value(const std::string& key) const;
 
     std::filesystem::path m_file;
 };

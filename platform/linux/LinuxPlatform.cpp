@@ -10,7 +10,7 @@ constexpr std::chrono::seconds deviceWait(2);
 
 std::filesystem::path settingsFile() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return std::filesystem::path(folder.toStdString()) / "Tessivo" / "Tessivo.ini";
+    return std::filesystem::path(folder.toStdString()) / "Tessivo" / "Tessivo.json";
 }
 
 } // namespace

@@ -31,7 +31,7 @@ protected:
         process.waitForFinished();
     }
 
-    std::filesystem::path settings() const { return folder / "Tessivo" / "Tessivo.ini"; }
+    std::filesystem::path settings() const { return folder / "Tessivo" / "Tessivo.json"; }
     LinuxDefaults defaults() const { return LinuxDefaults(settings()); }
     SessionState stored() const { return SessionState::decode(defaults().data("session").value_or("")); }
 
@@ -83,7 +83,7 @@ TEST_F(ApplicationTests, theSessionIsFoundAgainByTheNextLaunch) {
 TEST_F(ApplicationTests, aBrokenSettingsFileIsReplacedByANewSession) {
     std::filesystem::create_directories(settings().parent_path());
     for (const std::string& bytes : {std::string("\0\xFF[[[", 5), std::string(1 << 20, '['),
-                                     std::string("[General]\nsession=@ByteArray({\\\"machine\\\":1})\n")}) {
+                                     std::string(R"({"session": {"data": "eyJtYWNoaW5lIjoxfQ=="}})")}) {
         std::ofstream(settings(), std::ios::binary | std::ios::trunc) << bytes;
         start();
         EXPECT_EQ(end(SIGTERM), 0);

@@ -26,7 +26,7 @@ protected:
         process.start(TESSIVO_BUILD "/tessivo", QStringList());
     }
     SessionState stored() const {
-        const LinuxDefaults defaults(session.folder() / "Tessivo" / "Tessivo.ini");
+        const LinuxDefaults defaults(session.folder() / "Tessivo" / "Tessivo.json");
         const auto data = defaults.data("session");
         return data ? SessionState::decode(*data) : SessionState();
     }

@@ -3,6 +3,7 @@
 #include "platform/linux/SettingsPane.h"
 #include "tests/SmallDisk.h"
 
+#include <QSettings>
 #include <QTest>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ std::string everyByte() {
 
 TEST(LinuxDefaults, valuesSurviveToTheByte) {
     const TemporaryFolder folder;
-    const auto file = folder / "new/folder/Tessivo.ini";
+    const auto file = folder / "new/folder/Tessivo.json";
     EXPECT_EQ(LinuxDefaults(file).data("session"), std::nullopt);
     EXPECT_EQ(LinuxDefaults(file).text("notes"), std::nullopt);
     for (const std::string& bytes :
@@ -37,11 +38,11 @@ TEST(LinuxDefaults, valuesSurviveToTheByte) {
 TEST(LinuxDefaults, aFailedWriteLeavesTheValueBefore) {
     const TemporaryFolder folder;
     folder.write("file", "");
-    LinuxDefaults nowhere(folder / "file/Tessivo.ini");
+    LinuxDefaults nowhere(folder / "file/Tessivo.json");
     nowhere.setText("notes", "lost");
     EXPECT_EQ(nowhere.text("notes"), std::nullopt);
 
-    const auto path = folder / "Tessivo.ini";
+    const auto path = folder / "Tessivo.json";
     LinuxDefaults defaults(path);
     defaults.setText("notes", "kept");
     const std::string before = bytesOf(path);
@@ -55,17 +56,56 @@ TEST(LinuxDefaults, aFailedWriteLeavesTheValueBefore) {
     EXPECT_EQ(LinuxDefaults(path).text("notes"), "kept");
 }
 
-TEST(LinuxDefaults, anyFileOpens) {
-    const TemporaryFolder folder;
-    for (const std::string& bytes :
-         {std::string("[General\nsession=@ByteArray("), everyByte(), std::string(1 << 20, '['),
-          std::string("session=a, b\nnotes=@Variant(\\0\\0)")}) {
-        LinuxDefaults defaults(folder.write("Tessivo.ini", bytes));
-        defaults.data("session");
+TEST(LinuxDefaults, anyFileOpensAndNoneIsLost) {
+    for (const std::string& bytes : {everyByte(), std::string("{\"session\": {\"data\": \"e30="),
+                                     std::string(), std::string(1 << 20, '['), std::string("[1, 2]")}) {
+        const TemporaryFolder folder;
+        LinuxDefaults defaults(folder.write("Tessivo.json", bytes));
+        EXPECT_EQ(defaults.data("session"), std::nullopt);
         defaults.setData("session", "new");
-        EXPECT_EQ(LinuxDefaults(folder / "Tessivo.ini").data("session"), "new");
-        EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"Tessivo.ini"});
+        EXPECT_EQ(LinuxDefaults(folder / "Tessivo.json").data("session"), "new");
+        EXPECT_EQ(bytesOf(folder / "Tessivo.json.damaged"), bytes);
     }
+}
+
+TEST(LinuxDefaults, aValueOfAnotherTypeIsAbsentAndStays) {
+    const TemporaryFolder folder;
+    LinuxDefaults defaults(folder.write("Tessivo.json", R"({"session": "text", "notes": {"data": "e30="},
+        "number": 17, "list": [1, {"data": 2}], "torn": {"data": "e3!"}, "bare": {}})"));
+    for (const char* key : {"session", "number", "list", "torn", "bare", "none"})
+        EXPECT_EQ(defaults.data(key), std::nullopt) << key;
+    for (const char* key : {"notes", "number", "list", "none"})
+        EXPECT_EQ(defaults.text(key), std::nullopt) << key;
+    defaults.setText("new", "1");
+    EXPECT_EQ(defaults.text("session"), "text");
+    EXPECT_EQ(defaults.data("notes"), "{}");
+    const std::string stored = bytesOf(folder / "Tessivo.json");
+    EXPECT_NE(stored.find("17"), std::string::npos);
+    EXPECT_NE(stored.find("e3!"), std::string::npos);
+}
+
+TEST(LinuxDefaults, theSettingsOfEarlierVersionsAreTakenOverOnceAndKept) {
+    const TemporaryFolder folder;
+    const QString earlier = QString::fromStdString((folder / "Tessivo.ini").string());
+    {
+        QSettings settings(earlier, QSettings::IniFormat);
+        settings.setValue("session", QByteArray::fromStdString(everyByte()));
+        settings.setValue("notes", QStringLiteral("Scuff, on the lid 🎹"));
+        settings.setValue("hardwareKeys", QByteArray("{}"));
+        settings.setValue("list", QStringList{"a", "b"});
+    }
+    const std::string before = bytesOf(folder / "Tessivo.ini");
+    LinuxDefaults defaults(folder / "Tessivo.json");
+    EXPECT_EQ(defaults.data("session"), everyByte());
+    EXPECT_EQ(defaults.text("notes"), "Scuff, on the lid 🎹");
+    EXPECT_EQ(defaults.text("list"), std::nullopt);
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"Tessivo.ini"}) << "to read writes nothing";
+    defaults.setText("notes", "new");
+    EXPECT_EQ(bytesOf(folder / "Tessivo.ini"), before);
+    QSettings(earlier, QSettings::IniFormat).setValue("session", QByteArray("later"));
+    EXPECT_EQ(defaults.data("session"), everyByte());
+    EXPECT_EQ(defaults.text("notes"), "new");
+    EXPECT_EQ(defaults.data("hardwareKeys"), "{}");
 }
 
 TEST(LinuxDefaults, aSessionIsTheOldOneOrTheNewOneWhateverRoomIsLeftOnTheDisk) {
@@ -76,17 +116,17 @@ TEST(LinuxDefaults, aSessionIsTheOldOneOrTheNewOneWhateverRoomIsLeftOnTheDisk) {
     for (std::size_t fill = 0; fill <= diskSize; fill += step) {
         const SmallDisk disk(diskSize);
         if (!disk.isMounted()) GTEST_SKIP() << "a small disk takes root: " << std::strerror(errno);
-        LinuxDefaults defaults(disk.folder() / "Tessivo.ini");
+        LinuxDefaults defaults(disk.folder() / "Tessivo.json");
         defaults.set({{"session", Kind::data, before}, {"notes", Kind::text, notes}});
         disk.folder().write("filler", std::string(fill, 'x'));
         defaults.set({{"session", Kind::data, after}, {"notes", Kind::text, "new"}});
 
-        const LinuxDefaults nextLaunch(disk.folder() / "Tessivo.ini");
+        const LinuxDefaults nextLaunch(disk.folder() / "Tessivo.json");
         const auto session = nextLaunch.data("session");
         ASSERT_TRUE(session == before || session == after) << "with " << fill << " bytes in the way";
         EXPECT_EQ(nextLaunch.text("notes"), session == before ? notes : "new") << "both or none";
         ++(session == before ? kept : replaced);
-        EXPECT_EQ(namesIn(disk.folder().path()), (std::vector<std::string>{"Tessivo.ini", "filler"}));
+        EXPECT_EQ(namesIn(disk.folder().path()), (std::vector<std::string>{"Tessivo.json", "filler"}));
     }
     EXPECT_GT(kept, 0);
     EXPECT_GT(replaced, 0);
