@@ -7,6 +7,7 @@
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
 #include "app/controls/TileGrid.h"
+#include "kit/rules/RuleTexts.h"
 
 #include <QHBoxLayout>
 #include <algorithm>
@@ -123,11 +124,9 @@ void OverviewView::addActivationLock() {
     });
     m_lockWarning = new TextLabel({}, TextRole::callout, ColorRole::red);
 
-    auto* how = new TextLabel(
-        QStringLiteral(
-            "Apps can't read this, so check it by hand: Hold Option and choose Apple menu › System "
-            "Information. Under Hardware, Activation Lock Status should read Disabled."),
-        TextRole::callout);
+    auto* how = new TextLabel(QStringLiteral("Apps can't read this, so check it by hand: ") +
+                                  text(Rules::activationLockHowTo),
+                              TextRole::callout);
     auto* answer = new WrapRow(nullptr, Space::l);
     answer->add(new TextLabel(shows, TextRole::body, ColorRole::text2));
     answer->add(m_lockAnswer);

@@ -1,5 +1,7 @@
 #include "kit/catalog/StorageCheck.h"
 
+#include <algorithm>
+
 namespace tessivo::StorageCheck {
 namespace {
 
@@ -33,6 +35,10 @@ std::optional<std::int64_t> nearest(std::int64_t bytes, const ModelSpec* spec) {
         if (highest < measured && measured <= highest + fusionAllowance) return size;
     }
     return std::nullopt;
+}
+
+bool isForeign(std::int64_t size, const ModelSpec& spec) {
+    return std::ranges::find(spec.storage, size) == spec.storage.end();
 }
 
 } // namespace tessivo::StorageCheck

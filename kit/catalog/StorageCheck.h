@@ -15,4 +15,7 @@ double decimalGB(std::int64_t size);
 /// range, or nothing. `spec` may be null.
 std::optional<std::int64_t> nearest(std::int64_t bytes, const ModelSpec* spec);
 
+/// Whether the model was never sold with a drive of this size.
+bool isForeign(std::int64_t size, const ModelSpec& spec);
+
 } // namespace tessivo::StorageCheck

@@ -3,9 +3,9 @@
 
 namespace tessivo::Rules {
 
-const char* const activationLockHowTo = "Hold Option and choose Apple menu › System Information. Under "
-                                        "Hardware, Activation Lock Status should read "
-                                        "Disabled.";
+const char* const activationLockHowTo =
+    "Hold Option and choose Apple menu › System Information. Under Hardware, Activation Lock Status should "
+    "read Disabled.";
 
 TestResult identity(const MachineInfo& machine) {
     const ModelSpec* row = SpecCatalog::spec(machine.modelID);

@@ -10,6 +10,7 @@ const char* const noEthernetPort = "No built-in Ethernet port found";
 
 namespace {
 
+/// What a detail of the result says of a port; its row on the page says it in other words, `portRow`.
 std::string outcome(const PortSlot& slot) {
     if (slot.device) return slot.device->summary();
     if (slot.answer == ManualAnswer::problem) return "nothing showed up";
@@ -19,10 +20,15 @@ std::string outcome(const PortSlot& slot) {
 
 } // namespace
 
+std::string portRow(const PortSlot& slot, bool active) {
+    if (slot.device) return slot.device->name;
+    if (slot.answer == ManualAnswer::problem) return "Nothing showed up";
+    return active ? "Waiting: plug a device into this port" : "Not tried";
+}
+
 TestResult ports(const std::vector<PortSlot>& slots) {
-    const bool started = std::ranges::any_of(
-        slots, [](const PortSlot& slot) { return slot.device || slot.answer != ManualAnswer::unanswered; });
-    if (!started) return {TestID::ports, TestStatus::notRun, "Not run"};
+    if (std::ranges::none_of(slots, &PortSlot::isTouched))
+        return {TestID::ports, TestStatus::notRun, "Not run"};
 
     std::vector<std::string> details;
     std::vector<std::string> faults;

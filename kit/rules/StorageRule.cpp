@@ -4,12 +4,7 @@
 #include "kit/rules/Rules.h"
 #include "kit/support/Text.h"
 
-#include <algorithm>
-
 namespace tessivo::Rules {
-
-const char* const replaceableDrive =
-    "This model's drive can be replaced, so it may not be the one it was sold with.";
 
 std::string sizeList(const std::vector<std::int64_t>& sizes) {
     std::vector<std::string> labels;
@@ -20,31 +15,39 @@ std::string sizeList(const std::vector<std::int64_t>& sizes) {
 
 namespace {
 
+constexpr const char* replaceableDrive =
+    "This model's drive can be replaced, so it may not be the one it was sold with.";
+
 /// The drive is known to be of `size`; what speaks for or against it.
 std::pair<TestStatus, std::string> verdict(std::int64_t size, const ModelSpec* row,
                                            std::optional<std::int64_t> listed) {
     const std::string drive = ByteText::sizeLabel(size) + " drive";
-    const auto listedOtherwise = [&] {
-        return std::pair{TestStatus::problem,
-                         drive + ", but the listing says " + ByteText::sizeLabel(*listed)};
-    };
-    if (row && std::ranges::find(row->storage, size) != row->storage.end()) {
-        if (listed && *listed != size) return listedOtherwise();
-        return {TestStatus::works, drive + ", a size this model was sold with"};
-    }
-    if (row) {
-        // Whatever the listing claims: the size is foreign to the model.
+    if (row && StorageCheck::isForeign(size, *row)) {
+        // Whatever the listing claims.
         if (!row->replaceableStorage)
             return {TestStatus::problem, drive + ", a size this model wasn't sold with"};
         return {TestStatus::checkByHand,
                 drive + ", a size this model wasn't sold with. Ask whether it was replaced."};
     }
+    if (row && listed.value_or(size) == size)
+        return {TestStatus::works, drive + ", a size this model was sold with"};
     if (!listed) return {TestStatus::checkByHand, drive + ". Compare it with the listing."};
-    if (*listed != size) return listedOtherwise();
+    if (*listed != size)
+        return {TestStatus::problem, drive + ", but the listing says " + ByteText::sizeLabel(*listed)};
     return {TestStatus::works, drive + ", as listed"};
 }
 
 } // namespace
+
+std::string replaceableDriveNote(const MachineInfo& machine) {
+    const ModelSpec* row = machine.spec();
+    if (!row || !row->replaceableStorage) return {};
+    std::string note = replaceableDrive;
+    const auto size = machine.marketedStorageGB();
+    if (size && StorageCheck::isForeign(*size, *row))
+        note += " A size Apple didn't sell is a check by hand: ask the seller.";
+    return note;
+}
 
 TestResult storage(std::optional<std::int64_t> bytes, const ModelSpec* row,
                    std::optional<std::int64_t> listed) {

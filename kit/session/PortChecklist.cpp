@@ -36,6 +36,10 @@ bool PortSlot::passed() const {
     return device || answer == ManualAnswer::works;
 }
 
+bool PortSlot::isTouched() const {
+    return device || answer != ManualAnswer::unanswered;
+}
+
 PortChecklist PortChecklist::make(std::int64_t count) {
     PortChecklist checklist;
     for (std::int64_t id = 1; id <= std::max<std::int64_t>(count, 1); ++id)
@@ -89,8 +93,7 @@ std::optional<std::int64_t> PortChecklist::firstOpen() const {
 }
 
 bool PortChecklist::hasActivity() const {
-    return std::ranges::any_of(
-        slots, [](const PortSlot& slot) { return slot.device || slot.answer != ManualAnswer::unanswered; });
+    return std::ranges::any_of(slots, &PortSlot::isTouched);
 }
 
 } // namespace tessivo

@@ -16,6 +16,7 @@ struct PortSlot {
 
     std::string title() const; ///< "Port 1"
     bool passed() const;
+    bool isTouched() const; ///< has a device or an answer
 
     bool operator==(const PortSlot&) const = default;
 };

@@ -5,6 +5,7 @@
 #include "app/controls/TextLabel.h"
 #include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
+#include "kit/rules/RuleTexts.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -106,14 +107,11 @@ void PortRow::setSlot(const PortSlot& slot, bool active) {
     else
         setSymbol(QStringLiteral("circle"), ColorRole::grayGlyph);
 
+    const QString words = QString::fromStdString(Rules::portRow(slot, active));
     if (slot.device)
-        setTexts(name, QString::fromStdString(slot.device->name), ColorRole::text1, TextOf::device);
-    else if (problem)
-        setTexts(name, QStringLiteral("Nothing showed up"), ColorRole::red);
-    else if (active)
-        setTexts(name, QStringLiteral("Waiting: plug a device into this port"), ColorRole::text2);
+        setTexts(name, words, ColorRole::text1, TextOf::device);
     else
-        setTexts(name, QStringLiteral("Not tried"), ColorRole::text2);
+        setTexts(name, words, problem ? ColorRole::red : ColorRole::text2);
 
     setActive(active);
     m_test->setVisible(!slot.device);

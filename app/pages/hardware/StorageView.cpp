@@ -101,15 +101,9 @@ void StorageView::show() {
     m_facts->setFactVisible(fusionDrive, fusion);
     if (fusion) m_facts->setValue(fusionDrive, QString::fromStdString(Rules::sizeList(spec->fusion)));
 
-    const bool replaceable = spec && spec->replaceableStorage;
-    const bool foreign = replaceable && size && std::ranges::count(spec->storage, *size) == 0;
-    m_note->setText(
-        replaceable
-            ? QString::fromUtf8(Rules::replaceableDrive) +
-                  (foreign ? QStringLiteral(" A size Apple didn't sell is a check by hand: ask the seller.")
-                           : QString())
-            : QString());
-    m_note->setVisible(replaceable);
+    const QString note = QString::fromStdString(Rules::replaceableDriveNote(machine));
+    m_note->setText(note);
+    m_note->setVisible(!note.isEmpty());
     m_source->setVisible(spec && !spec->sources.empty() && isLink(spec->sources.front()));
 
     const auto listed = m_model.state().listedStorageGB;

@@ -3,6 +3,7 @@
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
+#include "kit/rules/RuleTexts.h"
 
 #include <QHBoxLayout>
 
@@ -41,11 +42,9 @@ ActivationLockPanel::ActivationLockPanel(AppModel& model, QWidget* parent)
     auto* panel = new Panel(Panel::Kind::inner);
     panel->setPadding(padding, Space::l);
     panel->add(new SplitRow(head, m_badge));
-    panel->add(new TextLabel(
-                   QStringLiteral("Hold Option and choose Apple menu › System Information. Under Hardware, "
-                                  "Activation Lock Status should read Disabled."),
-                   TextRole::callout, ColorRole::text2),
-               underHeadline);
+    panel->add(
+        new TextLabel(QString::fromUtf8(Rules::activationLockHowTo), TextRole::callout, ColorRole::text2),
+        underHeadline);
     panel->add(answer, Space::m);
     (new ColumnLayout(this))->add(panel);
     connect(&m_model, &AppModel::stateChanged, this, &ActivationLockPanel::follow);
