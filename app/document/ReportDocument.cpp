@@ -131,7 +131,7 @@ void writeHandover(ReportWriter& writer, const ConditionReport& report) {
     writer.paragraph({.before = 6, .after = 2});
     writer.run(Handover::closingLine(report.machine), {});
     writer.paragraph({.after = 2});
-    writer.run(Handover::buyerNote, {});
+    writer.run(Handover::buyerNote(), {});
 }
 
 void writePickup(ReportWriter& writer, const ConditionReport& report) {

@@ -59,6 +59,11 @@ const char* eraseWords(EraseMethod method) {
     return "";
 }
 
+/// What follows "before", which begins in two ways.
+constexpr const char* buyerAsks =
+    " the erase, ask the seller to show Activation Lock Status: Disabled in System Information (Hardware), "
+    "then to erase the Mac in front of you. Setup should not ask for the seller's Apple Account.";
+
 HelpLink link(const char* title, const char* path) {
     return {title, std::string(TESSIVO_SUPPORT_HOST) + path};
 }
@@ -159,11 +164,13 @@ std::optional<std::vector<HandoverLine>> Handover::lines(const std::optional<Han
     if (!checklist || checklist->ticked.empty()) return std::nullopt;
     std::vector<HandoverLine> lines;
     for (const HandoverStep step : steps(machine)) {
-        // Both come after the report, so no report can claim them.
-        if (step == HandoverStep::erase || step == HandoverStep::nvram) continue;
-        lines.push_back({step, checklist->ticked.contains(step)});
+        if (!comesAfterReport(step)) lines.push_back({step, checklist->ticked.contains(step)});
     }
     return lines;
+}
+
+bool Handover::comesAfterReport(HandoverStep step) {
+    return step == HandoverStep::erase || step == HandoverStep::nvram;
 }
 
 std::string Handover::closingLine(const MachineInfo& machine) {
@@ -175,13 +182,18 @@ std::string Handover::closingLine(const MachineInfo& machine) {
     return line + ".";
 }
 
+std::string Handover::buyerNote() {
+    return std::string("Buyer: before") + buyerAsks;
+}
+
+std::string Handover::buyerAdvice() {
+    return std::string("Before") + buyerAsks;
+}
+
 const char* const Handover::reportHeading = "Before handover (ticked by the seller)";
 const char* const Handover::reportNote =
     "Ticked by the seller on this Mac. Tessivo can't see iCloud, Find My, Music or Bluetooth, so it doesn't "
     "check these.";
-const char* const Handover::buyerNote =
-    "Buyer: before the erase, ask the seller to show Activation Lock Status: Disabled in System Information "
-    "(Hardware), then to erase the Mac in front of you. Setup should not ask for the seller's Apple Account.";
 
 const char* Handover::mark(bool ticked) {
     return ticked ? "[x]" : "[ ]";

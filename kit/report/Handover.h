@@ -37,14 +37,19 @@ EraseMethod eraseMethod(const MachineInfo& machine);
 std::string text(HandoverStep step, const MachineInfo& machine);
 std::vector<HelpLink> links(HandoverStep step, const MachineInfo& machine);
 const HelpLink& guide();
-/// The lines of a report; absent when nothing is ticked. `erase` and `nvram` never stand in them.
+/// The lines of a report, of the steps before it; absent when nothing is ticked.
 std::optional<std::vector<HandoverLine>> lines(const std::optional<HandoverChecklist>& checklist,
                                                const MachineInfo& machine);
+/// Whether the step is done once the report is saved: nothing on this Mac is left to tick then.
+bool comesAfterReport(HandoverStep step);
+/// The last thing the seller does, by the model: "Last, after this report: the seller erases the Mac (...)."
 std::string closingLine(const MachineInfo& machine);
+/// What the buyer asks for: as a line of the report, "Buyer: before the erase, ...", and on its own.
+std::string buyerNote();
+std::string buyerAdvice();
 
 extern const char* const reportHeading;
 extern const char* const reportNote;
-extern const char* const buyerNote;
 const char* mark(bool ticked);
 const char* word(bool ticked);
 

@@ -32,7 +32,7 @@ void addHandover(Lines& lines, const std::vector<HandoverLine>& handover, const 
         lines.push_back(std::string(Handover::mark(line.ticked)) + " " + title(line.step) + ": " +
                         Handover::word(line.ticked));
     lines.push_back(Handover::closingLine(machine));
-    lines.push_back(Handover::buyerNote);
+    lines.push_back(Handover::buyerNote());
 }
 
 void addPickup(Lines& lines, const ConditionReport& report) {

@@ -22,10 +22,6 @@ QString text(const std::string& words) {
     return QString::fromStdString(words);
 }
 
-bool comesAfterTheReport(HandoverStep step) {
-    return step == HandoverStep::erase || step == HandoverStep::nvram;
-}
-
 /// A divider that begins under the symbols of the rows.
 QWidget* rowDivider(HandoverRow::Kind kind) {
     auto* line = new QWidget;
@@ -80,7 +76,7 @@ void HandoverView::addChecklist() {
     add(new SectionHeading(QStringLiteral("1. Before you save the report")), sectionGap);
     auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine)) {
-        if (comesAfterTheReport(step)) continue;
+        if (Handover::comesAfterReport(step)) continue;
         auto* row = new HandoverRow(step, HandoverRow::Kind::ticked, m_context);
         connect(row, &HandoverRow::ticked, &m_context.model, &AppModel::setHandover);
         if (step == HandoverStep::findMy) row->add(new ActivationLockPanel(m_context.model), Space::l);
@@ -115,7 +111,7 @@ void HandoverView::addErase() {
     add(new SectionHeading(QStringLiteral("3. Last: erase")), sectionGap);
     auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine))
-        if (comesAfterTheReport(step))
+        if (Handover::comesAfterReport(step))
             addRow(*panel, new HandoverRow(step, HandoverRow::Kind::plain, m_context),
                    HandoverRow::Kind::plain);
     add(panel, Space::heading);
@@ -127,15 +123,11 @@ void HandoverView::addErase() {
 }
 
 void HandoverView::addBuyer() {
-    QString note = QString::fromUtf8(Handover::buyerNote);
-    const QString lead = QStringLiteral("Buyer: before");
-    if (note.startsWith(lead)) note = QStringLiteral("Before") + note.sliced(lead.size());
-
     auto* heading = new TextLabel(QStringLiteral("If you're the buyer"), TextRole::headline);
     heading->setHeading(true);
     auto* words = new Column;
     words->add(heading);
-    words->add(new TextLabel(note, TextRole::body, ColorRole::text2), 2);
+    words->add(new TextLabel(text(Handover::buyerAdvice()), TextRole::body, ColorRole::text2), 2);
     auto* content = new QWidget;
     auto* row = new QHBoxLayout(content);
     row->setContentsMargins(0, 0, 0, 0);
