@@ -12,8 +12,7 @@ std::string ConditionReport::title() const {
 }
 
 const TestResult* ConditionReport::result(TestID test) const {
-    const auto found = std::ranges::find(results, test, &TestResult::test);
-    return found == results.end() ? nullptr : &*found;
+    return resultOf(test, results);
 }
 
 std::int64_t ConditionReport::count(TestStatus status) const {

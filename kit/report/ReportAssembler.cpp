@@ -9,11 +9,13 @@
 namespace tessivo {
 namespace {
 
-std::optional<TestStatus> statusOf(TestID test, const std::vector<TestResult>& results) {
-    const auto found = std::ranges::find(results, test, &TestResult::test);
-    if (found == results.end()) return std::nullopt;
-    return found->status;
-}
+/// The steps that repeat a test, by their titles.
+constexpr std::pair<TestID, const char*> quickTests[] = {{TestID::enrollment, "Device management"},
+                                                         {TestID::storage, "Storage"},
+                                                         {TestID::display, "Display colors"},
+                                                         {TestID::speakers, "Speakers"},
+                                                         {TestID::keyboard, "Keyboard"},
+                                                         {TestID::cameras, "Camera"}};
 
 } // namespace
 
@@ -42,27 +44,39 @@ std::vector<PickupStep> ReportAssembler::pickupSteps(const MachineInfo& machine,
                          "; About This Mac shows the same serial",
                      15});
 
-    const auto enrollment = statusOf(TestID::enrollment, results);
-    if (enrollment == TestStatus::works)
-        steps.push_back({"Device management", "Not enrolled", 5});
-    else if (enrollment == TestStatus::problem)
-        steps.push_back({"Device management", "Enrolled (as this report says)", 5});
+    const auto add = [&](TestID test, std::string expect, std::int64_t seconds) {
+        const auto quick = std::ranges::find(quickTests, test, &std::pair<TestID, const char*>::first);
+        steps.push_back({quick->second, std::move(expect), seconds});
+    };
+    const auto has = [&](TestID test, TestStatus status) {
+        const TestResult* result = resultOf(test, results);
+        return result && result->status == status;
+    };
+    if (has(TestID::enrollment, TestStatus::works))
+        add(TestID::enrollment, "Not enrolled", 5);
+    else if (has(TestID::enrollment, TestStatus::problem))
+        add(TestID::enrollment, "Enrolled (as this report says)", 5);
 
     if (const auto size = machine.marketedStorageGB())
-        steps.push_back({"Storage", ByteText::sizeLabel(*size) + " drive", 5});
+        add(TestID::storage, ByteText::sizeLabel(*size) + " drive", 5);
 
     // A fault keeps its step: a buyer should look at exactly that.
-    const auto isIncluded = [&](TestID test) { return statusOf(test, results) != TestStatus::notIncluded; };
-    if (isIncluded(TestID::display))
-        steps.push_back({"Display colors", "No dots that stay lit or dark on any color", 30});
-    if (isIncluded(TestID::speakers)) steps.push_back({"Speakers", "A clear tone from each side", 15});
-    if (isIncluded(TestID::keyboard))
-        steps.push_back({"Keyboard", "Run a finger along each row; every key lights up", 30});
+    if (!has(TestID::display, TestStatus::notIncluded))
+        add(TestID::display, "No dots that stay lit or dark on any color", 30);
+    if (!has(TestID::speakers, TestStatus::notIncluded))
+        add(TestID::speakers, "A clear tone from each side", 15);
+    if (!has(TestID::keyboard, TestStatus::notIncluded))
+        add(TestID::keyboard, "Run a finger along each row; every key lights up", 30);
 
     // Stricter on purpose: only a camera that was confirmed working makes a quick check.
-    if (statusOf(TestID::cameras, results) == TestStatus::works)
-        steps.push_back({"Camera", "A clear picture", 10});
+    if (has(TestID::cameras, TestStatus::works)) add(TestID::cameras, "A clear picture", 10);
     return steps;
+}
+
+std::optional<TestID> ReportAssembler::testOf(const PickupStep& step) {
+    for (const auto& [test, title] : quickTests)
+        if (step.title == title) return test;
+    return std::nullopt;
 }
 
 } // namespace tessivo

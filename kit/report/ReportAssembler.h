@@ -11,5 +11,7 @@ ConditionReport make(const SessionState& state, Date at, const std::string& appV
                      const std::string& notes);
 /// The buyer's quick check of a machine with these results, in the order in which it is done.
 std::vector<PickupStep> pickupSteps(const MachineInfo& machine, const std::vector<TestResult>& results);
+/// The test that a step repeats, where there is one.
+std::optional<TestID> testOf(const PickupStep& step);
 
 } // namespace tessivo::ReportAssembler

@@ -21,4 +21,11 @@ struct TestResult {
 };
 BOOST_DESCRIBE_STRUCT(TestResult, (), (test, status, summary, details, note))
 
+/// The first result of the test, or null.
+inline const TestResult* resultOf(TestID test, const std::vector<TestResult>& results) {
+    for (const TestResult& result : results)
+        if (result.test == test) return &result;
+    return nullptr;
+}
+
 } // namespace tessivo

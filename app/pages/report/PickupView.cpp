@@ -9,6 +9,7 @@
 #include "kit/rules/Rules.h"
 
 #include <QScrollBar>
+#include <algorithm>
 
 namespace tessivo {
 
@@ -65,14 +66,11 @@ PickupView::PickupView(const PageContext& context, QWidget* parent)
     follow();
 }
 
-std::optional<Page> PickupView::pageOf(const std::string& stepTitle) {
-    static const std::map<std::string, Page> pages = {
-        {"Display colors", Page::display}, {"Speakers", Page::speakers},
-        {"Keyboard", Page::keyboard},      {"Camera", Page::cameras},
-        {"Storage", Page::storage},        {"Device management", Page::overview},
-    };
-    const auto found = pages.find(stepTitle);
-    return found == pages.end() ? std::nullopt : std::optional(found->second);
+std::optional<Page> PickupView::pageOf(const PickupStep& step) {
+    const auto test = ReportAssembler::testOf(step);
+    for (const Page page : allCases<Page>())
+        if (test && std::ranges::count(tests(page), *test) > 0) return page;
+    return std::nullopt;
 }
 
 void PickupView::follow() {
@@ -98,7 +96,7 @@ void PickupView::makeRows(const std::vector<PickupStep>& steps) {
     }
     m_rows.clear();
     for (const PickupStep& step : steps) {
-        auto* row = new PickupRow(step, pageOf(step.title));
+        auto* row = new PickupRow(step, pageOf(step));
         connect(row, &PickupRow::opened, &m_model, &AppModel::setPage);
         m_steps->add(row, Space::s);
         m_rows.push_back(row);

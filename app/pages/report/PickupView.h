@@ -16,8 +16,8 @@ class PickupView final : public ScrollColumn {
 public:
     explicit PickupView(const PageContext& context, QWidget* parent = nullptr);
 
-    /// The page that a step leads to, by the step's title; none for a title that isn't known.
-    static std::optional<Page> pageOf(const std::string& stepTitle);
+    /// The page of the test that a step repeats, where it repeats one.
+    static std::optional<Page> pageOf(const PickupStep& step);
 
 private:
     void follow();

@@ -81,7 +81,7 @@ TEST_F(PickupTests, opensThePageThatAStepIsAbout) {
         EXPECT_TRUE(openRow(title)) << title;
         EXPECT_EQ(model->page(), page) << title;
     }
-    EXPECT_EQ(PickupView::pageOf("Something else"), std::nullopt);
+    EXPECT_EQ(PickupView::pageOf({"Something else"}), std::nullopt);
     EXPECT_FALSE(openRow("Model and serial number"));
 }
 
