@@ -1,72 +1,13 @@
-#include "app/controls/GrowingTextField.h"
-#include "app/pages/Pages.h"
-#include "platform/simulated/MachineFile.h"
-#include "platform/simulated/ManualScheduler.h"
-#include "platform/simulated/SimulatedControls.h"
-#include "platform/simulated/SimulatedPlatform.h"
-#include "tests/app/ScriptedDialogs.h"
-#include "tests/window/XServer.h"
+#include "tests/window/PageWindow.h"
 
-#include <QAbstractButton>
-#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMainWindow>
-#include <QMenuBar>
-#include <QScreen>
-#include <QTest>
-#include <gmock/gmock.h>
 
 namespace tessivo::windowtest {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-QString nameOf(QWidget* widget) {
-    auto* spoken = QAccessible::queryAccessibleInterface(widget);
-    return spoken ? spoken->text(QAccessible::Name) : QString();
-}
-
-bool eventually(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 10'000);
-}
-
-/// Events that the server sent already are handled, and those that follow from them.
-void settle() {
-    QTest::qWait(60);
-}
-
-/// One page in a window with menus, on the real server.
-class PageWindow : public ::testing::Test {
-protected:
-    void open(Page page) {
-        window.setWindowTitle(QStringLiteral("Tessivo under test"));
-        QMenu* file = window.menuBar()->addMenu(QStringLiteral("&File"));
-        file->addAction(QStringLiteral("Close"), QKeySequence(Qt::CTRL | Qt::Key_W), [this] { ++closes; });
-        file->addAction(QStringLiteral("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { ++quits; });
-        window.setCentralWidget(makePage(page, {model, dialogs}, nullptr));
-        window.setGeometry(40, 40, 960, 1100);
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window, 20'000));
-        settle();
-    }
-    QAbstractButton* button(const QString& name) {
-        for (auto* each : window.findChildren<QAbstractButton*>())
-            if (each->isVisible() && nameOf(each) == name) return each;
-        return nullptr;
-    }
-    GrowingTextField* note() { return window.findChild<GrowingTextField*>(); }
-    const SessionState& state() const { return model.state(); }
-
-    ManualScheduler clock;
-    SimulatedPlatform platform{loadMachineFile(TESSIVO_MACHINES "/macbook-air-m2.json"), clock};
-    SimulatedControls controls{platform};
-    AppModel model{platform};
-    pagetest::ScriptedDialogs dialogs;
-    QMainWindow window;
-    int closes = 0, quits = 0;
-};
 
 class KeyboardWindow : public PageWindow {
 protected:
@@ -232,97 +173,6 @@ TEST_F(KeyboardWindow, theRunWaitsWhileAnotherProgramHasTheKeyboard) {
     note()->setFocus();
     ASSERT_TRUE(key(QStringLiteral("d")));
     EXPECT_TRUE(eventually([this] { return note()->text() == QStringLiteral("d"); })) << "no shift is stuck";
-}
-
-class DisplayWindow : public PageWindow {
-protected:
-    void SetUp() override { open(Page::display); }
-    static QWidget* colors() {
-        for (QWidget* each : QApplication::topLevelWidgets())
-            if (each->isVisible() && (each->windowFlags() & Qt::WindowStaysOnTopHint)) return each;
-        return nullptr;
-    }
-};
-
-TEST_F(DisplayWindow, realKeysAndClicksStepOverTheWholeScreen) {
-    // Return, the default action.
-    ASSERT_TRUE(key(QStringLiteral("Return")));
-    ASSERT_TRUE(eventually([] { return colors() != nullptr; }));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(colors(), 20'000));
-    EXPECT_TRUE(
-        eventually([] { return colors()->geometry() == QGuiApplication::primaryScreen()->geometry(); }));
-    // Any pixel of the real screen, also where the window manager might have kept a border.
-    const auto showing = [](const QColor& color) {
-        return eventually([&] {
-            const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
-            const int right = screen.width() - 1, bottom = screen.height() - 1;
-            for (const QPoint at : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)})
-                if (screen.pixelColor(at) != color) return false;
-            return true;
-        });
-    };
-    EXPECT_TRUE(showing(Qt::black));
-    const QColor red(255, 0, 0);
-    const std::pair<const char*, QColor> steps[] = {
-        {"space", Qt::white}, {"Right", red}, {"Left", Qt::white}};
-    for (const auto& [name, color] : steps) {
-        ASSERT_TRUE(key(QString::fromLatin1(name)));
-        EXPECT_TRUE(showing(color)) << name;
-    }
-    ASSERT_TRUE(key(QStringLiteral("ctrl+q")));
-    ASSERT_TRUE(key(QStringLiteral("x")));
-    ASSERT_TRUE(clickWith(colors()));
-    EXPECT_TRUE(showing(red));
-    ASSERT_TRUE(key(QStringLiteral("Escape")));
-    EXPECT_TRUE(eventually([] { return !colors(); }));
-    EXPECT_EQ(state().display.shown.size(), 3u);
-    EXPECT_EQ(quits, 0);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window, 20'000)) << "the keyboard goes back to the page";
-}
-
-class TrackpadWindow : public PageWindow {
-protected:
-    void SetUp() override { open(Page::trackpad); }
-    QWidget* surface() {
-        for (QWidget* each : window.findChildren<QWidget*>())
-            if (each->accessibleName() == QStringLiteral("Trackpad test area")) return each;
-        return nullptr;
-    }
-};
-
-TEST_F(TrackpadWindow, aMouseClicksButNeitherTouchesNorScrolls) {
-    // Fingers count over the surface, and nowhere else.
-    const auto touch = [this](double x) {
-        controls.touch({{x, 0}});
-        controls.touch({});
-    };
-    ASSERT_TRUE(clickWith(surface(), 4)); // the wheel
-    {
-        Bystander other;
-        ASSERT_TRUE(eventually([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
-        touch(0);
-    }
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, 20'000));
-    ASSERT_TRUE(eventually([this] { return surface()->underMouse(); }));
-    touch(0.2);
-    EXPECT_THAT(state().trackpad.touched, ElementsAre(1));
-    ASSERT_TRUE(clickWith(button(QStringLiteral("Clear"))));
-    touch(0.4);
-    EXPECT_EQ(state().trackpad, TrackpadTest()) << "the pointer is beside the surface";
-    ASSERT_TRUE(clickWith(surface(), 4)); // the wheel
-    ASSERT_TRUE(clickWith(surface(), 5));
-    settle();
-    EXPECT_EQ(state().trackpad, TrackpadTest());
-    ASSERT_TRUE(clickWith(surface(), 3));
-    EXPECT_TRUE(eventually([this] { return state().trackpad.secondaryClicked; }));
-    EXPECT_FALSE(state().trackpad.clicked);
-    ASSERT_TRUE(clickWith(surface(), 1));
-    EXPECT_TRUE(eventually([this] { return state().trackpad.clicked; }));
-    ASSERT_TRUE(xdotool({QStringLiteral("mousemove_relative"), QStringLiteral("60"), QStringLiteral("30")}));
-    settle();
-    EXPECT_THAT(state().trackpad.touched, IsEmpty());
-    EXPECT_FALSE(state().trackpad.scrolled);
 }
 
 } // namespace
