@@ -54,14 +54,13 @@ void Button::setDefaultAction(bool isDefault) {
     }
 }
 
-void Button::setTint(std::optional<ColorRole> words, std::optional<ColorRole> fill) {
-    m_tintWords = words;
-    m_tintFill = fill;
-    update();
+void Button::setCheckedTint(ColorRole tint) {
+    m_tint = tint;
+    setCheckable(true);
 }
 
 TextRole Button::textRole() const {
-    return m_kind == Kind::prominent || isTinted() ? TextRole::controlStrong : TextRole::control;
+    return m_kind == Kind::prominent || isChecked() ? TextRole::controlStrong : TextRole::control;
 }
 
 int Button::padding() const {
@@ -83,7 +82,7 @@ int Button::baseHeight() const {
 
 int Button::naturalWidth(const QString& text) const {
     return leadingPadding() + symbolRoom() +
-           theme().textWidth(m_heavyWidth ? TextRole::controlStrong : textRole(), text) + padding();
+           theme().textWidth(m_tint ? TextRole::controlStrong : textRole(), text) + padding();
 }
 
 QSize Button::sizeHint() const {
@@ -133,25 +132,17 @@ int Button::heightForWidth(int width) const {
 void Button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(opacityOf(*this));
-    const bool pressed = isDown();
-    ColorRole fill = pressed       ? ColorRole::controlPressed
-                     : isHovered() ? ColorRole::controlHover
-                                   : ColorRole::control;
-    QColor words = theme().color(m_kind == Kind::destructive ? ColorRole::red : ColorRole::text1);
-    if (m_kind == Kind::prominent) {
-        fill = pressed       ? ColorRole::accentFillPressed
-               : isHovered() ? ColorRole::accentFillHover
-                             : ColorRole::accentFill;
-        words = theme().color(ColorRole::onAccent);
-        paintRounded(painter, rect(), Corner::button, theme().color(fill));
-    } else if (isTinted()) {
-        words = theme().color(*m_tintWords);
-        paintRounded(painter, rect(), Corner::button, theme().color(fill));
-        paintRounded(painter, rect(), Corner::button, theme().color(*m_tintFill, 14),
-                     theme().color(*m_tintFill, 60), 1.5);
-    } else {
-        paintRounded(painter, rect(), Corner::button, theme().color(fill),
-                     theme().color(ColorRole::controlBorder));
+    const bool prominent = m_kind == Kind::prominent;
+    QColor words = theme().color(prominent                     ? ColorRole::onAccent
+                                 : m_kind == Kind::destructive ? ColorRole::red
+                                                               : ColorRole::text1);
+    const bool tinted = m_tint && isChecked();
+    paintRounded(painter, rect(), Corner::button, controlFill(prominent, isDown(), isHovered()),
+                 prominent || tinted ? QColor() : theme().color(ColorRole::controlBorder));
+    if (tinted) {
+        words = theme().color(*m_tint);
+        paintRounded(painter, rect(), Corner::button, theme().color(*m_tint, 14), theme().color(*m_tint, 60),
+                     1.5);
     }
 
     const Fit fit = fitTo(width());

@@ -9,7 +9,7 @@ class QShortcut;
 namespace tessivo {
 
 /// A push button: bordered, prominent (accent fill, one a page), or destructive (red words). Text too long
-/// for the width given wraps, so nothing is clipped.
+/// for the width given wraps, so nothing is clipped; a QPushButton's doesn't.
 class Button : public ClickControl {
     Q_OBJECT
 public:
@@ -28,6 +28,8 @@ public:
     void setLeading(bool leading);
     /// Return presses it wherever the focus is on its page, unless what has the focus wants Return itself.
     void setDefaultAction(bool isDefault);
+    /// Makes it checkable, tinted so while it is checked, and no wider then.
+    void setCheckedTint(ColorRole tint);
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
@@ -37,10 +39,6 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
-    /// The answer buttons' tint; absent is none.
-    void setTint(std::optional<ColorRole> words, std::optional<ColorRole> fill);
-    bool isTinted() const { return m_tintWords.has_value(); }
-    void setHeavyWidth(bool heavy) { m_heavyWidth = heavy; }
 
 private:
     int naturalWidth(const QString& text) const;
@@ -59,9 +57,8 @@ private:
     Kind m_kind;
     QString m_symbol;
     QStringList m_widthTexts;
-    bool m_heavyWidth = false;
     bool m_leading = false;
-    std::optional<ColorRole> m_tintWords, m_tintFill;
+    std::optional<ColorRole> m_tint;
     QList<QShortcut*> m_returnKeys;
 };
 

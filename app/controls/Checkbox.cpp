@@ -19,12 +19,6 @@ Checkbox::Checkbox(const QString& text, QWidget* parent) : ClickControl(parent) 
     setText(text);
     setCorner(Corner::checkbox);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    connect(this, &QAbstractButton::toggled, this, [this] { announceChoice(this); });
-}
-
-void Checkbox::addSpokenState(QAccessible::State& state) const {
-    state.checkable = true;
-    state.checked = isChecked();
 }
 
 QRectF Checkbox::focusShapeRect() const {
@@ -54,20 +48,13 @@ void Checkbox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setOpacity(opacityOf(*this));
     const QRectF box = focusShapeRect();
+    paintRounded(painter, box, Corner::checkbox,
+                 controlFill(isChecked(), isDown(), isHovered(), ColorRole::field),
+                 isChecked() ? QColor() : theme().color(ColorRole::fieldBorder));
     if (isChecked()) {
-        const ColorRole fill = isDown()      ? ColorRole::accentFillPressed
-                               : isHovered() ? ColorRole::accentFillHover
-                                             : ColorRole::accentFill;
-        paintRounded(painter, box, Corner::checkbox, theme().color(fill));
         const double inset = box.width() / 9;
         drawSymbol(painter, box.adjusted(inset, inset, -inset, -inset), QStringLiteral("checkmark"),
                    theme().color(ColorRole::onAccent), tickWeight);
-    } else {
-        const ColorRole fill = isDown()      ? ColorRole::controlPressed
-                               : isHovered() ? ColorRole::controlHover
-                                             : ColorRole::field;
-        paintRounded(painter, box, Corner::checkbox, theme().color(fill),
-                     theme().color(ColorRole::fieldBorder));
     }
     if (text().isEmpty()) return;
     painter.setFont(theme().font(TextRole::body));

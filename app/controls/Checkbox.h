@@ -4,8 +4,8 @@
 
 namespace tessivo {
 
-/// A square that is ticked or not, with an optional text that wraps. Signal: `toggled(bool)` for any change,
-/// `clicked(bool)` for one made by the person.
+/// A square that is ticked or not, with an optional text that wraps, which a QCheckBox's doesn't. Signal:
+/// `toggled(bool)` for any change, `clicked(bool)` for one made by the person.
 class Checkbox final : public ClickControl {
     Q_OBJECT
 public:
@@ -17,7 +17,6 @@ public:
     QSize minimumSizeHint() const override;
 
     QAccessible::Role spokenRole() const override { return QAccessible::CheckBox; }
-    void addSpokenState(QAccessible::State& state) const override;
     QRectF focusShapeRect() const override;
 
 protected:

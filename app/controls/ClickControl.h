@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/look/Accessible.h"
-#include "app/look/FocusRing.h"
+#include "app/look/FocusShape.h"
 #include "app/look/Theme.h"
 
 #include <QAbstractButton>
@@ -9,7 +9,9 @@
 namespace tessivo {
 
 /// What everything clickable shares: Space and Return press it when it has the focus, the mouse doesn't give
-/// it the focus, hover and press repaint it, disabled it is drawn at 45 %.
+/// it the focus, hover and press repaint it, disabled it is drawn at 45 %. (A QPushButton is pressed by
+/// Return in dialogs alone, and takes the focus from the mouse. Of a checkable one the bridge's own action
+/// changes the state without a click, which is what pages listen to.)
 class ClickControl : public QAbstractButton, public AccessibleTraits, public FocusShape {
     Q_OBJECT
 public:
@@ -17,8 +19,6 @@ public:
 
     QAccessible::Role spokenRole() const override { return QAccessible::Button; }
     QString spokenName() const override { return text(); }
-    QWidget* focusShapeWidget() override { return this; }
-    QRectF focusShapeRect() const override { return rect(); }
     double focusShapeCorner() const override { return m_corner; }
 
 protected:

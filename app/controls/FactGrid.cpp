@@ -1,6 +1,6 @@
 #include "app/controls/FactGrid.h"
 
-#include "app/controls/TextLabel.h"
+#include "app/controls/SelectableText.h"
 #include "app/look/Paint.h"
 
 namespace tessivo {
@@ -16,9 +16,8 @@ public:
         : QWidget(parent),
           m_look(look),
           m_label(new TextLabel(label, TextRole::body, ColorRole::text2, this)),
-          m_value(new TextLabel(value, monospaced ? TextRole::monospaced : TextRole::body, ColorRole::text1,
-                                this)) {
-        m_value->setSelectable(true);
+          m_value(new SelectableText(value, monospaced ? TextRole::monospaced : TextRole::body,
+                                     ColorRole::text1, this)) {
         m_value->setAccessibleName(label);
         setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     }

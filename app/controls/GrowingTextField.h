@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/look/FocusRing.h"
+#include "app/look/FocusShape.h"
 #include "app/look/Theme.h"
 
 #include <QTextEdit>
@@ -26,8 +26,6 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    QWidget* focusShapeWidget() override { return this; }
-    QRectF focusShapeRect() const override { return rect(); }
     double focusShapeCorner() const override;
 
 Q_SIGNALS:

@@ -1,20 +1,14 @@
 #include "app/controls/Picker.h"
 
 #include "app/look/Metrics.h"
-#include "app/look/Paint.h"
-#include "app/look/Symbols.h"
+#include "app/look/Theme.h"
 
 #include <QKeyEvent>
 #include <QMenu>
+#include <QStyleOption>
 #include <QWheelEvent>
 
 namespace tessivo {
-namespace {
-
-constexpr int padding = 13;
-constexpr int arrowsInset = 8;
-
-} // namespace
 
 Picker::Picker(const QString& name, const QStringList& choices, QWidget* parent) : QComboBox(parent) {
     setAccessibleName(name);
@@ -53,17 +47,14 @@ QSize Picker::sizeHint() const {
     int words = 0;
     for (int i = 0; i < count(); ++i)
         words = std::max(words, theme().textWidth(TextRole::control, itemText(i)));
-    const int natural = padding + words + padding + theme().scaled(SymbolSize::button) + arrowsInset;
-    const int width = m_preferredWidth > 0 ? theme().scaled(m_preferredWidth) : natural;
-    return {width, theme().scaled(Height::control)};
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize natural = style()->sizeFromContents(QStyle::CT_ComboBox, &option, {words, 0}, this);
+    return {m_preferredWidth > 0 ? theme().scaled(m_preferredWidth) : natural.width(), natural.height()};
 }
 
 QSize Picker::minimumSizeHint() const {
     return {theme().scaled(96), theme().scaled(Height::control)};
-}
-
-double Picker::focusShapeCorner() const {
-    return Corner::button;
 }
 
 void Picker::showPopup() {
@@ -105,24 +96,6 @@ bool Picker::event(QEvent* event) {
         }
     }
     return QComboBox::event(event);
-}
-
-void Picker::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setOpacity(opacityOf(*this));
-    const ColorRole fill = isEnabled() && underMouse() ? ColorRole::controlHover : ColorRole::control;
-    paintRounded(painter, rect(), Corner::button, theme().color(fill),
-                 theme().color(ColorRole::controlBorder));
-    const double side = theme().scaled(SymbolSize::button);
-    const QRectF arrows(width() - arrowsInset - side, (height() - side) / 2, side, side);
-    drawSymbol(painter, mirrored(*this, arrows.toRect()), QStringLiteral("chevron.up.chevron.down"),
-               theme().color(ColorRole::text2));
-    painter.setFont(theme().font(TextRole::control));
-    painter.setPen(theme().color(ColorRole::text1));
-    const QFontMetricsF metrics(painter.font());
-    const QRect room(padding, 0, int(arrows.left()) - padding - 4, height());
-    painter.drawText(mirrored(*this, room), Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
-                     metrics.elidedText(currentText(), Qt::ElideRight, room.width()));
 }
 
 } // namespace tessivo

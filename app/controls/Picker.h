@@ -1,14 +1,15 @@
 #pragma once
 
 #include "app/look/Accessible.h"
-#include "app/look/FocusRing.h"
-#include "app/look/Theme.h"
+#include "app/look/FocusShape.h"
+#include "app/look/Metrics.h"
 
 #include <QComboBox>
 
 namespace tessivo {
 
-/// A button that shows the choice made and opens a menu of all. Signals of QComboBox: `activated(int)` for a
+/// A combo box that opens a menu of its choices, by Return too. (A QComboBox changes under the wheel, and on
+/// Linux the bridge tells its choice in place of its name.) Signals of QComboBox: `activated(int)` for a
 /// choice by the person.
 class Picker final : public QComboBox, public AccessibleTraits, public FocusShape {
     Q_OBJECT
@@ -23,17 +24,13 @@ public:
     QSize minimumSizeHint() const override;
     void showPopup() override;
 
-    // Of a combo box of its own the bridge would tell the choice in place of the name.
     QAccessible::Role spokenRole() const override { return QAccessible::ComboBox; }
     QString spokenValue() const override { return currentText(); }
     QStringList spokenActions() const override { return {QAccessibleActionInterface::showMenuAction()}; }
     void actOn(const QString&) override { showPopup(); }
-    QWidget* focusShapeWidget() override { return this; }
-    QRectF focusShapeRect() const override { return rect(); }
-    double focusShapeCorner() const override;
+    double focusShapeCorner() const override { return Corner::button; }
 
 protected:
-    void paintEvent(QPaintEvent*) override;
     void wheelEvent(QWheelEvent*) override;
     bool event(QEvent*) override;
 

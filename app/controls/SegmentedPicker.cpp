@@ -4,7 +4,7 @@
 #include "app/look/Metrics.h"
 #include "app/look/Paint.h"
 
-#include <QKeyEvent>
+#include <utility>
 
 namespace tessivo {
 namespace {
@@ -16,17 +16,15 @@ constexpr int inset = 1;
 
 class SegmentedPicker::Segment final : public ClickControl {
 public:
-    Segment(const QString& text, SegmentedPicker& picker) : ClickControl(&picker), m_picker(picker) {
+    Segment(const QString& text, QWidget* parent) : ClickControl(parent) {
         setText(text);
         setCorner(Corner::segment);
-    }
-
-    void setChosen(bool chosen) {
-        setFocusPolicy(chosen ? Qt::TabFocus : Qt::NoFocus);
-        if (chosen == m_chosen) return;
-        m_chosen = chosen;
-        update();
-        announceChoice(this);
+        setCheckable(true);
+        setAutoExclusive(true);
+        setFocusPolicy(Qt::NoFocus);
+        // The chosen one is the picker's one stop also before the focus has been there.
+        connect(this, &QAbstractButton::toggled, this,
+                [this](bool chosen) { setFocusPolicy(chosen ? Qt::TabFocus : Qt::NoFocus); });
     }
 
     QSize sizeHint() const override {
@@ -36,51 +34,25 @@ public:
 
     QAccessible::Role spokenRole() const override { return QAccessible::RadioButton; }
     void addSpokenState(QAccessible::State& state) const override {
-        state.checkable = true;
-        state.checked = m_chosen;
         state.selectable = true;
-        state.selected = m_chosen;
+        state.selected = isChecked();
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setOpacity(opacityOf(*this));
-        if (m_chosen)
+        if (isChecked())
             paintRounded(painter, rect(), Corner::segment, theme().color(ColorRole::segment),
                          theme().color(ColorRole::controlBorder));
         else if (isDown() || isHovered())
             paintRounded(painter, rect(), Corner::segment, theme().color(ColorRole::text1, isDown() ? 9 : 5));
-        painter.setFont(theme().font(m_chosen ? TextRole::controlStrong : TextRole::control));
-        painter.setPen(theme().color(m_chosen ? ColorRole::text1 : ColorRole::text2));
+        painter.setFont(theme().font(isChecked() ? TextRole::controlStrong : TextRole::control));
+        painter.setPen(theme().color(isChecked() ? ColorRole::text1 : ColorRole::text2));
         const QFontMetricsF metrics(painter.font());
         const QString shown = metrics.elidedText(text(), Qt::ElideRight, width() - 8);
         paintLine(painter, (width() - metrics.horizontalAdvance(shown)) / 2, height(), shown);
     }
-
-    void keyPressEvent(QKeyEvent* event) override {
-        const bool rightward = layoutDirection() == Qt::LeftToRight;
-        switch (event->key()) {
-        case Qt::Key_Left:
-            m_picker.chooseFrom(this, rightward ? -1 : 1);
-            break;
-        case Qt::Key_Up:
-            m_picker.chooseFrom(this, -1);
-            break;
-        case Qt::Key_Right:
-            m_picker.chooseFrom(this, rightward ? 1 : -1);
-            break;
-        case Qt::Key_Down:
-            m_picker.chooseFrom(this, 1);
-            break;
-        default:
-            ClickControl::keyPressEvent(event);
-        }
-    }
-
-private:
-    SegmentedPicker& m_picker;
-    bool m_chosen = false;
 };
 
 SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& choices, QWidget* parent)
@@ -88,9 +60,11 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& choices
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     for (const QString& choice : choices) {
-        auto* segment = new Segment(choice, *this);
-        connect(segment, &QAbstractButton::clicked, this,
-                [this, segment] { choose(int(m_segments.indexOf(segment))); });
+        auto* segment = new Segment(choice, this);
+        const int index = int(m_segments.size());
+        connect(segment, &QAbstractButton::clicked, this, [this, index] {
+            if (std::exchange(m_current, index) != index) Q_EMIT chosen(index);
+        });
         m_segments.append(segment);
     }
     setCurrent(0);
@@ -98,20 +72,7 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QStringList& choices
 
 void SegmentedPicker::setCurrent(int index) {
     m_current = index;
-    for (int i = 0; i < m_segments.size(); ++i)
-        m_segments[i]->setChosen(i == index);
-}
-
-void SegmentedPicker::choose(int index) {
-    if (index < 0 || index >= m_segments.size() || index == m_current) return;
-    setCurrent(index);
-    Q_EMIT chosen(index);
-}
-
-void SegmentedPicker::chooseFrom(Segment* segment, int by) {
-    const int index = std::clamp(int(m_segments.indexOf(segment)) + by, 0, int(m_segments.size()) - 1);
-    m_segments[index]->setFocus(Qt::TabFocusReason);
-    choose(index);
+    m_segments[index]->setChecked(true);
 }
 
 QSize SegmentedPicker::sizeHint() const {
@@ -137,7 +98,7 @@ int SegmentedPicker::heightForWidth(int width) const {
     return isStacked(width) ? int(m_segments.size()) * (one - 2 * inset) + 2 * inset : one;
 }
 
-void SegmentedPicker::place() {
+void SegmentedPicker::resizeEvent(QResizeEvent*) {
     const bool stacked = isStacked(width());
     int x = inset, y = inset;
     for (Segment* segment : m_segments) {
@@ -149,10 +110,6 @@ void SegmentedPicker::place() {
         else
             x += size.width();
     }
-}
-
-void SegmentedPicker::resizeEvent(QResizeEvent*) {
-    place();
 }
 
 void SegmentedPicker::paintEvent(QPaintEvent*) {

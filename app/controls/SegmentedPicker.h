@@ -1,8 +1,6 @@
 #pragma once
 
 #include "app/look/Accessible.h"
-#include "app/look/FocusRing.h"
-#include "app/look/Theme.h"
 
 #include <QWidget>
 
@@ -34,10 +32,7 @@ protected:
 
 private:
     class Segment;
-    void place();
     bool isStacked(int width) const;
-    void choose(int index);
-    void chooseFrom(Segment* segment, int by);
 
     QList<Segment*> m_segments;
     int m_current = 0;

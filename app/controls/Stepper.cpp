@@ -1,8 +1,6 @@
 #include "app/controls/Stepper.h"
 
 #include "app/controls/TextLabel.h"
-#include "app/layout/Layouts.h"
-#include "app/look/Metrics.h"
 #include "app/look/Paint.h"
 #include "app/look/Symbols.h"
 
@@ -100,10 +98,6 @@ void Stepper::actOn(const QString& action) {
 
 QRectF Stepper::focusShapeRect() const {
     return m_minus->geometry().united(m_plus->geometry());
-}
-
-double Stepper::focusShapeCorner() const {
-    return Corner::button;
 }
 
 void Stepper::keyPressEvent(QKeyEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/controls/ClickControl.h"
+#include "app/look/Metrics.h"
 
 #include <QWidget>
 
@@ -9,7 +10,8 @@ namespace tessivo {
 class TextLabel;
 
 /// A whole number in a sentence ("Ports on this Mac: 4") with a minus and a plus. Arrow keys step too. Read
-/// as a spin box whose value is the number.
+/// as a spin box whose value is the number. (A QSpinBox changes under the wheel, offers a screen reader no
+/// actions, and its left and right arrows move a cursor.)
 class Stepper final : public QWidget, public AccessibleTraits, public FocusShape {
     Q_OBJECT
 public:
@@ -24,9 +26,8 @@ public:
     QString spokenValue() const override { return QString::number(m_value); }
     QStringList spokenActions() const override;
     void actOn(const QString& action) override;
-    QWidget* focusShapeWidget() override { return this; }
     QRectF focusShapeRect() const override;
-    double focusShapeCorner() const override;
+    double focusShapeCorner() const override { return Corner::button; }
 
 Q_SIGNALS:
     /// The person stepped to this value.

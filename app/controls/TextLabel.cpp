@@ -2,15 +2,8 @@
 
 #include "app/look/Paint.h"
 
-#include <QClipboard>
-#include <QContextMenuEvent>
 #include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMenu>
 #include <QPainter>
-#include <QStyle>
-#include <QTextBoundaryFinder>
 
 #include <cmath>
 
@@ -36,7 +29,6 @@ TextLabel::TextLabel(const QString& text, TextRole role, ColorRole color, QWidge
 void TextLabel::setText(const QString& text) {
     if (text == m_text) return;
     m_text = text;
-    m_selectionStart = m_selectionEnd = 0;
     textHasChanged();
     announceNameChange(this);
 }
@@ -56,12 +48,6 @@ void TextLabel::setColorRole(ColorRole role) {
 void TextLabel::setAlignment(Qt::Alignment horizontal) {
     m_alignment = horizontal;
     textHasChanged();
-}
-
-void TextLabel::setSelectable(bool selectable) {
-    m_selectable = selectable;
-    setFocusPolicy(selectable ? Qt::ClickFocus : Qt::NoFocus);
-    setCursor(selectable ? Qt::IBeamCursor : Qt::ArrowCursor);
 }
 
 void TextLabel::setMaximumLines(int lines) {
@@ -205,17 +191,8 @@ void TextLabel::paintEvent(QPaintEvent*) {
         drawTabular(painter);
         return;
     }
-    QList<QTextLayout::FormatRange> selections;
-    if (m_selectionStart != m_selectionEnd) {
-        QTextLayout::FormatRange range;
-        range.start = std::min(m_selectionStart, m_selectionEnd);
-        range.length = std::abs(m_selectionEnd - m_selectionStart);
-        range.format.setBackground(palette().highlight());
-        range.format.setForeground(palette().highlightedText());
-        selections.append(range);
-    }
     breakAt(width());
-    m_layout.draw(&painter, QPointF(0, topOf()), selections);
+    m_layout.draw(&painter, QPointF(0, topOf()), highlights());
 }
 
 /// In more room than the text needs, as beside a taller control, it stands in the middle.
@@ -272,97 +249,12 @@ QAccessible::Role TextLabel::spokenRole() const {
     return m_heading ? QAccessible::Heading : QAccessible::StaticText;
 }
 
-QString TextLabel::selectedText() const {
-    return m_text.mid(std::min(m_selectionStart, m_selectionEnd),
-                      std::abs(m_selectionEnd - m_selectionStart));
-}
-
-void TextLabel::select(int start, int end) {
-    m_selectionStart = start;
-    m_selectionEnd = end;
-    update();
-}
-
 int TextLabel::positionAt(const QPointF& point) const {
     breakAt(width());
     const int count = m_layout.lineCount();
     if (count == 0) return 0;
     const int line = std::clamp(int((point.y() - topOf()) / theme().lineHeight(m_role)), 0, count - 1);
     return std::min(m_layout.lineAt(line).xToCursor(point.x()), int(m_text.size()));
-}
-
-void TextLabel::mousePressEvent(QMouseEvent* event) {
-    if (!m_selectable || event->button() != Qt::LeftButton) {
-        event->ignore();
-        return;
-    }
-    const int position = positionAt(event->position());
-    select(event->modifiers() & Qt::ShiftModifier ? m_selectionStart : position, position);
-}
-
-void TextLabel::mouseMoveEvent(QMouseEvent* event) {
-    if (!m_selectable || !(event->buttons() & Qt::LeftButton)) {
-        event->ignore();
-        return;
-    }
-    select(m_selectionStart, positionAt(event->position()));
-}
-
-void TextLabel::mouseReleaseEvent(QMouseEvent* event) {
-    if (!m_selectable) event->ignore();
-}
-
-void TextLabel::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (!m_selectable) {
-        event->ignore();
-        return;
-    }
-    QTextBoundaryFinder words(QTextBoundaryFinder::Word, m_text);
-    const int position = positionAt(event->position());
-    words.setPosition(position);
-    const int start = int(words.isAtBoundary() ? position : words.toPreviousBoundary());
-    words.setPosition(position);
-    const int end = int(words.toNextBoundary());
-    if (start >= 0 && end >= start) select(start, end);
-}
-
-void TextLabel::keyPressEvent(QKeyEvent* event) {
-    if (m_selectable && event->matches(QKeySequence::SelectAll))
-        select(0, int(m_text.size()));
-    else if (m_selectable && event->matches(QKeySequence::Copy))
-        copy();
-    else
-        QWidget::keyPressEvent(event);
-}
-
-bool TextLabel::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride && m_selectable) {
-        auto* key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::SelectAll) || key->matches(QKeySequence::Copy)) key->accept();
-    }
-    return QWidget::event(event);
-}
-
-void TextLabel::focusOutEvent(QFocusEvent* event) {
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
-        select(0, 0);
-}
-
-void TextLabel::contextMenuEvent(QContextMenuEvent* event) {
-    if (!m_selectable) {
-        event->ignore();
-        return;
-    }
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    QAction* copyAction = menu->addAction(QStringLiteral("Copy"), this, &TextLabel::copy);
-    copyAction->setEnabled(!selectedText().isEmpty());
-    menu->addAction(QStringLiteral("Select All"), this, [this] { select(0, int(m_text.size())); });
-    menu->popup(event->globalPos());
-}
-
-void TextLabel::copy() const {
-    if (!selectedText().isEmpty()) QGuiApplication::clipboard()->setText(selectedText());
 }
 
 } // namespace tessivo

@@ -25,6 +25,24 @@ inline void paintRounded(QPainter& painter, const QRectF& rect, double corner, c
     painter.drawRoundedRect(inner, corner - half, corner - half);
 }
 
+/// A bar with round ends and its filled part, 0 to 1; a small part is as long as it is high, so that it is
+/// round too.
+inline void paintBar(QPainter& painter, const QRectF& bar, double part, const QColor& groove,
+                     const QColor& fill, const QColor& border = {}) {
+    paintRounded(painter, bar, bar.height() / 2, groove, border);
+    if (part <= 0) return;
+    QRectF filled = bar;
+    filled.setWidth(std::max(bar.height(), bar.width() * std::min(part, 1.0)));
+    paintRounded(painter, filled, bar.height() / 2, fill);
+}
+
+/// The surface of a control under the pointer, pressed or at rest; `accented` is the prominent kind.
+inline QColor controlFill(bool accented, bool pressed, bool hovered, ColorRole resting = ColorRole::control) {
+    if (pressed) return theme().color(accented ? ColorRole::accentFillPressed : ColorRole::controlPressed);
+    if (hovered) return theme().color(accented ? ColorRole::accentFillHover : ColorRole::controlHover);
+    return theme().color(accented ? ColorRole::accentFill : resting);
+}
+
 /// A card's surface and the line inside its edge. Where what changed lies within the edge, as a badge does,
 /// only that much of the surface.
 inline void paintCard(QPainter& painter, const QWidget& card, const QRect& changed, double corner,
@@ -69,8 +87,11 @@ inline QRect mirrored(const QWidget& widget, const QRect& place) {
 }
 
 /// A disabled control is drawn as a whole at 45 %.
+inline double opacityOf(bool enabled) {
+    return enabled ? 1 : 0.45;
+}
 inline double opacityOf(const QWidget& widget) {
-    return widget.isEnabled() ? 1 : 0.45;
+    return opacityOf(widget.isEnabled());
 }
 
 } // namespace tessivo

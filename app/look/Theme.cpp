@@ -1,11 +1,12 @@
 #include "app/look/Theme.h"
 
 #include "app/look/Accessible.h"
-#include "app/look/FocusRing.h"
+#include "app/look/FocusShape.h"
 #include "app/look/ThemeStyle.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QFocusFrame>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -168,8 +169,9 @@ Theme::Theme(QApplication& application) : m_application(application) {
     readPalette();
     application.installEventFilter(this);
     connect(&application, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (!m_ring) m_ring = new FocusRing;
-        m_ring->follow(now);
+        if (!m_ring) m_ring = new QFocusFrame;
+        auto* shape = dynamic_cast<FocusShape*>(now);
+        m_ring->setWidget(shape ? shape->focusShapeWidget() : nullptr);
     });
 }
 

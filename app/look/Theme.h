@@ -11,10 +11,9 @@
 #include <optional>
 
 class QApplication;
+class QFocusFrame;
 
 namespace tessivo {
-
-class FocusRing;
 
 /// What a colour is for; each has a light and a dark value.
 enum class ColorRole {
@@ -129,7 +128,7 @@ private:
     std::optional<QFont> m_system;
     std::array<QFont, textRoleCount> m_fonts;
     mutable QCache<std::pair<TextRole, QString>, int> m_widths{mostWidths};
-    QPointer<FocusRing> m_ring; // lives in whatever it surrounds, and may go with it
+    QPointer<QFocusFrame> m_ring; // lives in whatever it surrounds, and may go with it
 };
 
 /// Short for `Theme::current()`.

@@ -1,21 +1,18 @@
 #pragma once
 
-#include <QProxyStyle>
+#include "app/look/MenuStyle.h"
 
 namespace tessivo {
 
-/// The theme on the controls that Qt draws: menus, scroll bars, tool tips, combo box lists, line edits,
-/// dialog buttons. It turns the desktop's palette into the theme's own, light or dark as the desktop's is.
-class ThemeStyle final : public QProxyStyle {
+/// The theme on the controls that Qt draws: menus, scroll bars, tool tips, combo boxes, progress, line edits,
+/// dialog buttons, and the focus ring around the shape that a widget names (`FocusShape`). It turns the
+/// desktop's palette into the theme's own, light or dark as the desktop's is.
+class ThemeStyle final : public MenuStyle {
     Q_OBJECT
 public:
-    ThemeStyle();
-
-    using QProxyStyle::polish;
+    using MenuStyle::polish;
     void polish(QPalette& palette) override;
-    void polish(QWidget* widget) override;
 
-    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
@@ -31,9 +28,7 @@ public:
                            const QWidget* widget) const override;
 
 private:
-    void drawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
-    void drawMenuBarItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
-    void drawPushButton(const QStyleOption* option, QPainter* painter) const;
+    void drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;
 };
 
 } // namespace tessivo

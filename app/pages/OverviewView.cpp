@@ -3,6 +3,7 @@
 #include "app/controls/Button.h"
 #include "app/controls/FactGrid.h"
 #include "app/controls/Panel.h"
+#include "app/controls/SectionHeading.h"
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"

@@ -1,7 +1,7 @@
 #include "app/window/Sidebar.h"
 
-#include "app/controls/Meters.h"
 #include "app/controls/Panel.h"
+#include "app/controls/ProgressBar.h"
 #include "app/controls/TextLabel.h"
 #include "app/layout/ScrollColumn.h"
 #include "app/look/Metrics.h"
@@ -75,7 +75,7 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent)
     layout->addWidget(new Divider);
     layout->addWidget(m_foot);
 
-    connect(m_list, &RowList::chosen, this, [this](ListRow* chosen) {
+    connect(m_list, &RowList::chosen, this, [this](SidebarRow* chosen) {
         for (const auto& [page, row] : m_rows)
             if (row == chosen) m_model.setPage(page);
         // The model is silent where the page was this one already.
@@ -122,7 +122,7 @@ void Sidebar::followPage() {
 
 void Sidebar::takeFocus() {
     const auto row = m_rows.find(m_model.page().value_or(Page::overview));
-    ListRow* target = m_list->current() ? m_list->current() : row->second;
+    SidebarRow* target = m_list->current() ? m_list->current() : row->second;
     target->setFocus(Qt::OtherFocusReason);
 }
 
@@ -131,7 +131,7 @@ bool Sidebar::eventFilter(QObject* watched, QEvent* event) {
         const auto* press = static_cast<QMouseEvent*>(event);
         const auto* row = qobject_cast<SidebarRow*>(watched);
         // As in the platform's lists: a click with the command key takes the selection back.
-        if (row && row->isSelected() && press->button() == Qt::LeftButton &&
+        if (row && row->isChecked() && press->button() == Qt::LeftButton &&
             press->modifiers().testFlag(Qt::ControlModifier)) {
             m_model.setPage(std::nullopt);
             return true;

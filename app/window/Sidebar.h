@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/ListRows.h"
+#include "app/controls/RowList.h"
 #include "app/model/AppModel.h"
 
 #include <map>

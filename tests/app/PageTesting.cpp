@@ -2,7 +2,6 @@
 
 #include "app/controls/TextLabel.h"
 #include "app/look/Accessible.h"
-#include "app/look/FocusRing.h"
 #include "app/look/OverlayScrollBar.h"
 #include "app/look/Theme.h"
 
@@ -10,6 +9,7 @@
 #include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QApplication>
+#include <QFocusFrame>
 #include <QFontDatabase>
 #include <QTest>
 #include <algorithm>
@@ -150,7 +150,7 @@ QStringList clippedControls(QWidget* root) {
     QStringList found;
     for (QWidget* widget : root->findChildren<QWidget*>()) {
         if (!widget->isVisibleTo(root) || widget->isWindow()) continue;
-        if (dynamic_cast<FocusRing*>(widget) || dynamic_cast<OverlayScrollBar*>(widget)) continue;
+        if (qobject_cast<QFocusFrame*>(widget) || dynamic_cast<OverlayScrollBar*>(widget)) continue;
         QWidget* parent = widget->parentWidget();
         const auto* area = qobject_cast<QAbstractScrollArea*>(parent->parentWidget());
         const bool scrolled = area && area->viewport() == parent;

@@ -3,6 +3,7 @@
 #include "app/controls/Button.h"
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
+#include "app/controls/SelectableText.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
 #include "app/layout/WrapRow.h"
@@ -70,7 +71,7 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
       m_found(new TextLabel({}, TextRole::callout, ColorRole::text2)),
       m_dates(new TextLabel({}, TextRole::callout, ColorRole::text2)),
       m_symbol(new SymbolView({}, SymbolSize::row, ColorRole::text2)),
-      m_verdict(new TextLabel({}, TextRole::resultSummary)),
+      m_verdict(new SelectableText({}, TextRole::resultSummary)),
       m_items(new ComparisonView),
       m_copy(new Button(QStringLiteral("Copy as Text"), QStringLiteral("doc.on.doc"))) {
     setAccessibleName(QStringLiteral("Compare Reports"));
@@ -165,7 +166,6 @@ QWidget* CompareSheet::makeVerdict() {
     layout->setSpacing(Space::s);
     layout->addWidget(m_symbol, 0, Qt::AlignTop);
     m_verdict->setHeading(true);
-    m_verdict->setSelectable(true);
     m_verdict->setReservedLines(verdictLines);
     layout->addWidget(m_verdict, 1);
     return row;

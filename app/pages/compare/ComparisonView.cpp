@@ -3,7 +3,7 @@
 #include "app/controls/Button.h"
 #include "app/controls/FactGrid.h"
 #include "app/controls/Panel.h"
-#include "app/controls/TextLabel.h"
+#include "app/controls/SelectableText.h"
 #include "kit/report/ComparisonText.h"
 #include "kit/support/Text.h"
 
@@ -61,8 +61,7 @@ QWidget* sideRow(const QString& name, const std::vector<std::string>& lines) {
     auto* label = new TextLabel(name, TextRole::body, ColorRole::text2);
     label->setMaximumLines(1);
     label->setFixedWidth(theme().scaled(sideLabel));
-    auto* text = new TextLabel(words(lines), TextRole::body, ColorRole::text1);
-    text->setSelectable(true);
+    auto* text = new SelectableText(words(lines), TextRole::body, ColorRole::text1);
     layout->addWidget(label, 0, Qt::AlignTop);
     layout->addWidget(text, 1);
     return row;

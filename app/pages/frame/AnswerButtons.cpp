@@ -5,35 +5,27 @@
 
 namespace tessivo {
 
+/// Checked by its owner alone. (An exclusive button of Qt's couldn't be unchecked by a click.)
 class AnswerButton final : public Button {
 public:
-    AnswerButton(ManualAnswer answer, const QString& text, const QString& symbol, ColorRole words,
+    AnswerButton(ManualAnswer answer, const QString& text, const QString& symbol, ColorRole tint,
                  QWidget* parent)
-        : Button(text, symbol, Kind::bordered, parent), m_answer(answer), m_words(words) {
-        setHeavyWidth(true);
+        : Button(text, symbol, Kind::bordered, parent), m_answer(answer) {
+        setCheckedTint(tint);
     }
 
     ManualAnswer answer() const { return m_answer; }
 
-    void setChosen(bool chosen) {
-        if (chosen == m_chosen) return;
-        m_chosen = chosen;
-        setTint(chosen ? std::optional(m_words) : std::nullopt,
-                chosen ? std::optional(m_words) : std::nullopt);
-        announceChoice(this);
+    void addSpokenState(QAccessible::State& state) const override {
+        state.selectable = true;
+        state.selected = isChecked();
     }
 
-    void addSpokenState(QAccessible::State& state) const override {
-        state.checkable = true;
-        state.checked = m_chosen;
-        state.selectable = true;
-        state.selected = m_chosen;
-    }
+protected:
+    void nextCheckState() override {}
 
 private:
     ManualAnswer m_answer;
-    ColorRole m_words;
-    bool m_chosen = false;
 };
 
 AnswerButtons::AnswerButtons(const QString& works, const QString& problem,
@@ -46,8 +38,8 @@ AnswerButtons::AnswerButtons(const QString& works, const QString& problem,
 }
 
 void AnswerButtons::addButton(ManualAnswer answer, const QString& text, const QString& symbol,
-                              ColorRole words) {
-    auto* button = new AnswerButton(answer, text, symbol, words, this);
+                              ColorRole tint) {
+    auto* button = new AnswerButton(answer, text, symbol, tint, this);
     connect(button, &Button::clicked, this,
             [this, answer] { Q_EMIT answered(answer == m_answer ? ManualAnswer::unanswered : answer); });
     m_layout->add(button);
@@ -57,7 +49,7 @@ void AnswerButtons::addButton(ManualAnswer answer, const QString& text, const QS
 void AnswerButtons::setAnswer(ManualAnswer answer) {
     m_answer = answer;
     for (AnswerButton* button : m_buttons)
-        button->setChosen(button->answer() == answer);
+        button->setChecked(button->answer() == answer);
 }
 
 void AnswerButtons::setQuestion(const QString& question) {

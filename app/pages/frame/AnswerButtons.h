@@ -33,7 +33,7 @@ Q_SIGNALS:
     void answered(tessivo::ManualAnswer answer);
 
 private:
-    void addButton(ManualAnswer answer, const QString& text, const QString& symbol, ColorRole words);
+    void addButton(ManualAnswer answer, const QString& text, const QString& symbol, ColorRole tint);
 
     WrapLayout* m_layout;
     ManualAnswer m_answer = ManualAnswer::unanswered;

@@ -2,6 +2,7 @@
 
 #include "app/controls/LinkLabel.h"
 #include "app/controls/Panel.h"
+#include "app/controls/SectionHeading.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
 #include "app/pages/frame/TestPage.h"

@@ -3,6 +3,7 @@
 #include "app/controls/Button.h"
 #include "app/controls/Checkbox.h"
 #include "app/controls/Panel.h"
+#include "app/controls/SectionHeading.h"
 #include "app/controls/Stepper.h"
 #include "app/controls/TextLabel.h"
 #include "app/look/Metrics.h"

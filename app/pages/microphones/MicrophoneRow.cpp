@@ -1,7 +1,7 @@
 #include "app/pages/microphones/MicrophoneRow.h"
 
 #include "app/controls/Button.h"
-#include "app/controls/Meters.h"
+#include "app/controls/LevelBar.h"
 #include "app/controls/StatusBadge.h"
 #include "app/controls/TextLabel.h"
 #include "app/layout/WrapRow.h"

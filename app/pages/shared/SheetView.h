@@ -2,7 +2,7 @@
 
 #include "app/document/ReportPreview.h"
 #include "app/layout/ScrollColumn.h"
-#include "app/look/FocusRing.h"
+#include "app/look/FocusShape.h"
 
 namespace tessivo {
 

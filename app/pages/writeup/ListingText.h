@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/look/FocusRing.h"
+#include "app/look/FocusShape.h"
 #include "app/look/Theme.h"
 
 #include <QTextEdit>

@@ -4,8 +4,7 @@
 #include "app/controls/Checkbox.h"
 #include "app/controls/Chip.h"
 #include "app/controls/FactGrid.h"
-#include "app/controls/ListRows.h"
-#include "app/controls/Meters.h"
+#include "app/controls/LevelBar.h"
 #include "app/controls/Picker.h"
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
@@ -14,11 +13,10 @@
 #include "app/controls/TileGrid.h"
 #include "app/layout/ScrollColumn.h"
 #include "app/look/OverlayScrollBar.h"
-#include "app/pages/frame/AnswerButtons.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QClipboard>
+#include <QFocusFrame>
 #include <QMenu>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -34,33 +32,6 @@ QString text(const char* words) {
 
 QAccessible::Role roleOf(QWidget* widget) {
     return QAccessible::queryAccessibleInterface(widget)->role();
-}
-
-TEST(AnswerButtons, areChosenTakenBackAndChanged) {
-    AnswerButtons answers(text("None seen"), text("Yes, I saw some"));
-    std::vector<ManualAnswer> said;
-    QObject::connect(&answers, &AnswerButtons::answered, [&](ManualAnswer answer) {
-        said.push_back(answer);
-        answers.setAnswer(answer);
-    });
-    showAt(answers, {400, 40});
-    auto* none = findByName<Button>(&answers, text("None seen"));
-    auto* some = findByName<Button>(&answers, text("Yes, I saw some"));
-    ASSERT_TRUE(none && some);
-    EXPECT_EQ(findByName<Button>(&answers, text("Not on this keyboard")), nullptr);
-    const int width = none->sizeHint().width();
-
-    EXPECT_TRUE(click(none));
-    EXPECT_TRUE(isChecked(none));
-    EXPECT_EQ(none->sizeHint().width(), width) << "a chosen answer must not push its neighbour";
-    EXPECT_TRUE(click(some));
-    EXPECT_FALSE(isChecked(none));
-    EXPECT_TRUE(click(some));
-    EXPECT_FALSE(isChecked(some));
-    EXPECT_TRUE(doubleClick(none));
-    EXPECT_EQ(answers.answer(), ManualAnswer::unanswered);
-    using enum ManualAnswer;
-    EXPECT_EQ(said, (std::vector{works, problem, unanswered, works, unanswered}));
 }
 
 TEST(Buttons, takeKeysButNoFocusFromTheMouse) {
@@ -97,6 +68,25 @@ TEST(Buttons, wrapRatherThanClipAWordyLabel) {
     EXPECT_GT(button.heightForWidth(natural / 2), button.sizeHint().height());
 }
 
+TEST(Checkbox, wrapsRatherThanClipsAndIsTickedByAnyOfItsLines) {
+    QWidget page;
+    auto* column = new ColumnLayout(&page);
+    auto* box = new Checkbox(text("Not part of this sale (leave it out of the report)"));
+    column->add(box);
+    showAt(page, {600, 200});
+    EXPECT_EQ(box->height(), theme().lineHeight(TextRole::body));
+    page.resize(150, 200);
+    settle();
+    EXPECT_GE(box->height(), 3 * QFontMetrics(theme().font(TextRole::body)).height());
+    EXPECT_EQ(clippedControls(&page).join('\n'), QString());
+    QTest::mouseClick(box, Qt::LeftButton, {}, {box->width() / 2, box->height() - 4});
+    EXPECT_TRUE(isChecked(box));
+    EXPECT_EQ(roleOf(box), QAccessible::CheckBox);
+    QAccessible::queryAccessibleInterface(box)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(isChecked(box));
+}
+
 TEST(SegmentedPicker, isChosenByMouseAndArrows) {
     SegmentedPicker picker(text("System Information shows"),
                            {text("Not checked yet"), text("Disabled"), text("Enabled")});
@@ -105,6 +95,8 @@ TEST(SegmentedPicker, isChosenByMouseAndArrows) {
     showAt(picker, picker.sizeHint());
     const auto segment = [&](const char* name) { return findByName<QAbstractButton>(&picker, text(name)); };
     EXPECT_EQ(roleOf(segment("Disabled")), QAccessible::RadioButton);
+    EXPECT_EQ(segment("Not checked yet")->focusPolicy(), Qt::TabFocus);
+    EXPECT_EQ(segment("Disabled")->focusPolicy(), Qt::NoFocus);
     EXPECT_TRUE(click(segment("Disabled")));
     EXPECT_TRUE(click(segment("Disabled")));
     EXPECT_TRUE(isChecked(segment("Disabled")));
@@ -114,7 +106,11 @@ TEST(SegmentedPicker, isChosenByMouseAndArrows) {
     EXPECT_TRUE(segment("Enabled")->hasFocus());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
     EXPECT_EQ(chosen, (std::vector{1, 2, 1}));
+    EXPECT_EQ(segment("Disabled")->focusPolicy(), Qt::TabFocus) << "the chosen one is the one stop";
+    EXPECT_EQ(segment("Not checked yet")->focusPolicy(), Qt::NoFocus);
     picker.setCurrent(0);
+    EXPECT_TRUE(isChecked(segment("Not checked yet")));
+    EXPECT_FALSE(isChecked(segment("Disabled")));
     EXPECT_EQ(chosen.size(), 3u) << "only a person's choice is told";
     EXPECT_GT(picker.heightForWidth(picker.sizeHint().width() - 1), picker.sizeHint().height());
 }
@@ -182,86 +178,6 @@ TEST(Stepper, stepsWithinItsBounds) {
     EXPECT_EQ(accessibleValueOf(&stepper), text("1"));
 }
 
-TEST(RowList, isOneTabStopWithArrows) {
-    RowList list(text("Pages"));
-    for (const char* title : {"This Mac", "Keyboard", "Report"}) {
-        auto* row = new SidebarRow(text(title), text("keyboard"));
-        if (*title == 'K') row->setStatus(TestStatus::works);
-        list.addRow(row);
-    }
-    QObject::connect(&list, &RowList::chosen, [&](ListRow* row) { list.setCurrent(row); });
-    list.setCurrent(list.rows().at(0));
-    showAt(list, {230, 200});
-    list.rows().at(0)->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-    EXPECT_EQ(accessibleNameOf(list.current()), text("Keyboard, Works"));
-    EXPECT_TRUE(list.current()->hasFocus());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
-    EXPECT_EQ(list.current(), list.rows().at(2));
-    EXPECT_EQ(list.rows().at(0)->focusPolicy(), Qt::NoFocus);
-    list.rows().at(1)->hide();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
-    EXPECT_EQ(list.current(), list.rows().at(0)) << "a hidden row is stepped over";
-    list.setCurrent(nullptr);
-    EXPECT_FALSE(list.rows().at(0)->isSelected());
-}
-
-TEST(TextLabel, showsMarkupAsTypedAndElidesWithItsWholeText) {
-    TextLabel label(text("<b>5 < 6</b> &amp; a \xE2\x80\x8F\xD7\x90\xD7\x91 \xF0\x9F\x8C\x90 tail"));
-    EXPECT_EQ(accessibleNameOf(&label), label.text());
-    label.setSelectable(true);
-    showAt(label, {400, 20});
-    label.setFocus();
-    QTest::keyClick(&label, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&label, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), label.text());
-
-    TextLabel summary(
-        text("Every key works and a good deal more is told here than two short lines can hold at all"),
-        TextRole::callout);
-    summary.setMaximumLines(2);
-    summary.setReservedLines(2);
-    showAt(summary, {160, 40});
-    EXPECT_TRUE(summary.isElided());
-    EXPECT_EQ(summary.toolTip(), summary.text());
-    EXPECT_EQ(summary.heightForWidth(160), 36);
-    summary.setText(text("Short"));
-    EXPECT_FALSE(summary.isElided());
-    EXPECT_TRUE(summary.toolTip().isEmpty());
-    EXPECT_EQ(summary.heightForWidth(160), 36) << "its room stays";
-}
-
-TEST(TextLabel, aLineStandsWhereItIsAlignedWhateverItsWidthWasBefore) {
-    const std::pair<Qt::Alignment, double> rows[] = {
-        {Qt::AlignLeft, 0}, {Qt::AlignHCenter, 0.5}, {Qt::AlignRight, 1}};
-    for (const auto& [alignment, place] : rows) {
-        TextLabel label(text("Cameras"));
-        label.setAlignment(alignment);
-        const int words = label.sizeHint().width();
-        for (const int width : {120, 400, 200}) {
-            showAt(label, {width, 20});
-            const QImage image = label.grab().toImage();
-            int first = width, last = 0;
-            for (int x = 0; x < width; ++x)
-                for (int y = 0; y < image.height(); ++y)
-                    if (image.pixelColor(x, y) != image.pixelColor(0, 0)) {
-                        first = std::min(first, x);
-                        last = std::max(last, x);
-                    }
-            EXPECT_NEAR((first + last) / 2.0, words / 2.0 + place * (width - words), 2)
-                << place << ' ' << width;
-        }
-    }
-}
-
-TEST(TextLabel, aChangingCountStaysStill) {
-    TextLabel count(text("11 of 77 keys"));
-    count.setTabularDigits(true);
-    const QSize size = count.sizeHint();
-    count.setText(text("40 of 77 keys"));
-    EXPECT_EQ(count.sizeHint(), size);
-}
-
 TEST(Tiles, fillTheWidthInColumns) {
     struct Case {
         int width, columns;
@@ -318,19 +234,24 @@ TEST(ScrollColumn, centresItsColumnAndKeepsTheFocusInSight) {
     last->setFocus(Qt::TabFocusReason);
     settle();
     EXPECT_TRUE(page.rect().contains(QRect(last->mapTo(&page, QPoint()), last->size())));
-    auto* ring = page.findChild<FocusRing*>();
+    auto* ring = page.findChild<QFocusFrame*>();
     ASSERT_TRUE(ring && ring->isVisible());
-    EXPECT_EQ(last->mapFromGlobal(ring->mapToGlobal(QPoint())), QPoint(-4, -3))
-        << "two outside the box, which stands one down in its line";
+    const QImage seen = page.grab().toImage();
+    const auto at = [&](int x, int y) {
+        return seen.pixelColor(last->mapTo(&page, QPoint(x, y)) * seen.devicePixelRatio()).rgb();
+    };
+    const QRgb focus = theme().color(ColorRole::focus).rgb();
+    EXPECT_EQ(at(-3, 10), focus) << "two outside the box";
+    EXPECT_EQ(at(10, -2), focus) << "which stands one down in its line";
+    EXPECT_NE(at(last->width() + 2, 10), focus) << "and not around its words";
+    page.verticalScrollBar()->setValue(page.verticalScrollBar()->maximum() - 20);
+    EXPECT_EQ(last->mapFromGlobal(ring->mapToGlobal(QPoint())), QPoint(-4, -4)) << "it scrolls along";
     last->setEnabled(false);
     settle();
-    EXPECT_FALSE(ring->isVisible() && ring->followed() == last);
+    EXPECT_FALSE(ring->isVisible() && ring->widget() == last);
 }
 
-TEST(Meters, speakTheirValues) {
-    ProgressBar bar;
-    bar.setProgress(8, 13);
-    EXPECT_EQ(accessibleValueOf(&bar), text("8 of 13"));
+TEST(LevelBar, speaksItsValue) {
     LevelBar meter;
     meter.setLevel(7, text("-3 decibels"));
     EXPECT_EQ(meter.level(), 1);

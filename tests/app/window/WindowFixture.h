@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/controls/ListRows.h"
+#include "app/controls/RowList.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/RootView.h"
 #include "platform/simulated/ManualScheduler.h"
@@ -66,7 +66,7 @@ protected:
     QStringList selected() {
         QStringList titles;
         for (auto* each : rows())
-            if (each->isSelected()) titles << each->title();
+            if (each->isChecked()) titles << each->title();
         return titles;
     }
     /// Whether the page's own heading is shown; History goes without one.

@@ -1,4 +1,4 @@
-#include "app/controls/Meters.h"
+#include "app/controls/LevelBar.h"
 #include "tests/app/pages/SoundPages.h"
 
 using namespace tessivo;

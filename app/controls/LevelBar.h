@@ -1,33 +1,13 @@
 #pragma once
 
 #include "app/look/Accessible.h"
-#include "app/look/Theme.h"
 
 #include <QWidget>
 
 namespace tessivo {
 
-/// How much is done, as a thin bar. The total may be 0, which shows an empty bar.
-class ProgressBar final : public QWidget, public AccessibleTraits {
-    Q_OBJECT
-public:
-    explicit ProgressBar(QWidget* parent = nullptr);
-
-    void setProgress(int value, int total);
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    QAccessible::Role spokenRole() const override { return QAccessible::ProgressBar; }
-    QString spokenValue() const override;
-
-protected:
-    void paintEvent(QPaintEvent*) override;
-
-private:
-    int m_value = 0;
-    int m_total = 0;
-};
-
-/// A sound level from 0 to 1 as a green bar; steps, never animates.
+/// A sound level from 0 to 1 as a green bar; steps, never animates. Read with its value in words, where a
+/// QProgressBar's is a bare number.
 class LevelBar final : public QWidget, public AccessibleTraits {
     Q_OBJECT
 public:
