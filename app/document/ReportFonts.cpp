@@ -11,17 +11,23 @@ namespace tessivo::ReportFonts {
 
 namespace {
 
+/// The first of these families that is installed, else the system's own: looking for one that isn't there
+/// takes some systems a tenth of a second and more.
+QString installed(std::initializer_list<const char*> names, QFontDatabase::SystemFont otherwise) {
+    for (const char* name : names)
+        if (QFontDatabase::hasFamily(QString::fromLatin1(name))) return QString::fromLatin1(name);
+    return QFontDatabase::systemFont(otherwise).family();
+}
+
 QString textFamily() {
-    static const QString family = [] {
-        for (const char* name : {"Inter", "DejaVu Sans"})
-            if (QFontDatabase::hasFamily(QString::fromLatin1(name))) return QString::fromLatin1(name);
-        return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-    }();
+    static const QString family = installed({"Inter", "DejaVu Sans"}, QFontDatabase::GeneralFont);
     return family;
 }
 
+/// What has the signs and letters that the text face lacks.
 QString fallbackFamily() {
-    return QStringLiteral("DejaVu Sans");
+    static const QString family = installed({"DejaVu Sans", "Menlo"}, QFontDatabase::GeneralFont);
+    return family;
 }
 
 QFont make(const QString& family, double size, QFont::Weight weight) {
@@ -90,9 +96,7 @@ QFont italic(double size) {
 }
 
 QFont monospaced(double size, QFont::Weight weight) {
-    const QString family = QFontDatabase::hasFamily(QStringLiteral("JetBrains Mono"))
-                               ? QStringLiteral("JetBrains Mono")
-                               : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    static const QString family = installed({"JetBrains Mono"}, QFontDatabase::FixedFont);
     return make(family, size, weight);
 }
 
@@ -101,7 +105,9 @@ QFont symbol(double size, QFont::Weight weight, char32_t glyph) {
     static std::map<std::pair<char32_t, QFont::Weight>, QString> families;
     const auto [known, isNew] = families.try_emplace({glyph, weight}, textFamily());
     if (isNew) {
-        for (const QString& family : {textFamily(), fallbackFamily(), QStringLiteral("Symbola")}) {
+        for (const QString& family : {textFamily(), fallbackFamily(), QStringLiteral("Symbola"),
+                                      QStringLiteral("Apple Symbols"), QStringLiteral("Zapf Dingbats")}) {
+            if (!QFontDatabase::hasFamily(family)) continue;
             QFont font = make(family, size, weight);
             font.setFamilies({family});
             if (!QRawFont::fromFont(font).supportsCharacter(glyph)) continue;
