@@ -43,6 +43,11 @@ TEST(VideoFrames, everyFormatOfACameraGivesItsColors) {
          {{redU, redY, redV, redY, redU, redY, redV, redY, //
            blueU, blueY, blueV, blueY, blueU, blueY, blueV, blueY}},
          Qt::blue},
+        {Format::Format_YUV422P,
+         {{redY, redY, redY, redY, blueY, blueY, blueY, blueY},
+          {redU, redU, blueU, blueU},
+          {redV, redV, blueV, blueV}},
+         Qt::blue},
         {Format::Format_NV12, {luma, {redU, redV, redU, redV}}, Qt::red},
         {Format::Format_NV21, {luma, {redV, redU, redV, redU}}, Qt::red},
         {Format::Format_YUV420P, {luma, twoU, twoV}, Qt::red},
@@ -71,6 +76,20 @@ TEST(VideoFrames, picturesOutliveTheirFrame) {
     }
     ASSERT_EQ(picture.size(), QSize(4, 2));
     EXPECT_EQ(picture.pixel(3, 1) & 0xffffff, 0x404040u);
+}
+
+TEST(VideoFrames, aMirroredFrameGivesAMirroredPicture) {
+    for (const bool mirrored : {false, true}) {
+        QVideoFrame frame(QVideoFrameFormat(QSize(4, 2), Format::Format_BGRX8888));
+        ASSERT_TRUE(frame.map(QVideoFrame::WriteOnly));
+        std::memset(frame.bits(0), 0, std::size_t(frame.mappedBytes(0)));
+        std::memset(frame.bits(0), 0xff, 4);
+        frame.unmap();
+        frame.setMirrored(mirrored);
+        const QImage picture = cameraImage(frame);
+        EXPECT_EQ(picture.pixelColor(mirrored ? 3 : 0, 0), QColor(Qt::white));
+        EXPECT_EQ(picture.pixelColor(mirrored ? 0 : 3, 0), QColor(Qt::black));
+    }
 }
 
 TEST(VideoFrames, whatCantBeReadIsNoPicture) {
