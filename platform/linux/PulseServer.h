@@ -30,7 +30,8 @@ public:
 
 /// The connection to a sound server, on a thread of its own that alone touches the client library. It
 /// keeps a snapshot of the devices, connects anew when a server dies and comes back, and never makes a
-/// caller wait. Any thread, but made and let go on the main one.
+/// caller wait. The library's own threaded loop would: its lock is held while the library starts a server.
+/// Any thread, but made and let go on the main one.
 class PulseServer final {
 public:
     /// How long after a failed attempt the next one follows.

@@ -1,12 +1,12 @@
 #include "platform/qt/QtCameras.h"
 
+#include "platform/qt/QtCaptureStream.h"
 #include "platform/qt/VideoFrames.h"
 
 #include <QCamera>
 #include <QMediaCaptureSession>
 #include <QMediaDevices>
 #include <QVideoSink>
-#include <algorithm>
 
 namespace tessivo {
 namespace {
@@ -23,93 +23,48 @@ struct OpenCamera final : QObject {
     QMediaCaptureSession session;
 };
 
-/// The way from one camera to a delegate. Shared by a session, which may go at any time, and by the work it
-/// gave to the cameras' thread.
-class Stream final : public std::enable_shared_from_this<Stream> {
+class CameraStream final : public QtCaptureStream {
 public:
-    Stream(QCameraDevice device, QtCameras::AskFault askFault, std::shared_ptr<CaptureDelegate> delegate)
-        : m_device(std::move(device)), m_askFault(std::move(askFault)), m_delegate(std::move(delegate)) {}
-
-    /// From its return on the delegate isn't called any more. Any thread.
-    void silence() {
-        const std::lock_guard lock(m_mutex);
-        m_delegate.reset();
-    }
-
-    /// The cameras' thread, as what follows.
-    void open(QObject& owner, const std::weak_ptr<QtThread>& thread) {
-        if (m_open) return;
-        if (const auto fault = this->fault()) return tell(*fault);
-        m_open = new OpenCamera(m_device, &owner);
-        QObject::connect(
-            &m_open->sink, &QVideoSink::videoFrameChanged, m_open,
-            [self = shared_from_this()](const QVideoFrame& frame) { self->pass(frame); },
-            Qt::DirectConnection);
-        // In its own turn: the camera is still in the midst of its call.
-        const auto failed = [self = weak_from_this(), thread](QCamera::Error error) {
-            const auto cameras = thread.lock();
-            if (cameras && error != QCamera::NoError)
-                cameras->post([self](QObject&) {
-                    if (const auto stream = self.lock()) stream->fail();
-                });
-        };
-        QObject::connect(&m_open->camera, &QCamera::errorOccurred, m_open, failed, Qt::DirectConnection);
-        m_open->camera.start();
-    }
-    void close() { delete std::exchange(m_open, nullptr); }
+    CameraStream(QCameraDevice device, QtCameras::AskFault askFault,
+                 std::shared_ptr<CaptureDelegate> delegate)
+        : QtCaptureStream(std::move(delegate)),
+          m_device(std::move(device)),
+          m_askFault(std::move(askFault)) {}
 
 private:
+    QObject* open(QObject& owner) override {
+        if (const auto known = fault()) {
+            fail(*known);
+            return nullptr;
+        }
+        auto* opened = new OpenCamera(m_device, &owner);
+        const auto self = std::static_pointer_cast<CameraStream>(shared_from_this());
+        QObject::connect(
+            &opened->sink, &QVideoSink::videoFrameChanged, opened,
+            [self](const QVideoFrame& frame) { self->pass(frame); }, Qt::DirectConnection);
+        // In its own turn: the camera is still in the midst of its call. Let go first: it would be what keeps
+        // itself busy.
+        const auto failed = [weak = std::weak_ptr(self)](QCamera::Error error) {
+            const auto stream = weak.lock();
+            if (!stream || !stream->isOpen() || error == QCamera::NoError) return;
+            stream->close();
+            stream->fail(stream->fault().value_or(OpenFault::broken));
+        };
+        QObject::connect(&opened->camera, &QCamera::errorOccurred, &owner, failed, Qt::QueuedConnection);
+        opened->camera.start();
+        return opened;
+    }
     std::optional<OpenFault> fault() const {
         return m_askFault ? m_askFault(m_device.id().toStdString()) : std::nullopt;
     }
-    /// Lets go of the camera, and then asks why it didn't open.
-    void fail() {
-        close();
-        tell(fault().value_or(OpenFault::broken));
-    }
-    /// Of a camera that has sent pictures it can't be said that it doesn't open.
-    void tell(OpenFault fault) {
-        const std::lock_guard lock(m_mutex);
-        if (m_delegate && !m_delivered) m_delegate->openFailed(fault);
-    }
     /// On whatever thread the pictures come.
     void pass(const QVideoFrame& frame) {
-        const std::lock_guard lock(m_mutex);
-        if (!m_delegate) return;
-        const QImage picture = cameraImage(frame);
-        if (picture.isNull()) return;
-        m_delivered = true;
-        m_delegate->video(picture);
+        if (const QImage picture = cameraImage(frame); !picture.isNull())
+            deliver([&](CaptureDelegate& delegate) { delegate.video(picture); });
     }
 
     const QCameraDevice m_device;
     const QtCameras::AskFault m_askFault;
-    OpenCamera* m_open = nullptr; ///< the cameras' thread alone
-
-    std::mutex m_mutex; ///< over the fields below
-    std::shared_ptr<CaptureDelegate> m_delegate;
-    bool m_delivered = false;
-};
-
-class CameraSession final : public CaptureSession {
-public:
-    CameraSession(std::shared_ptr<QtThread> thread, std::shared_ptr<Stream> stream)
-        : m_thread(std::move(thread)), m_stream(std::move(stream)) {}
-    ~CameraSession() override { stopRunning(); }
-
-    void startRunning() override {
-        m_thread->post([stream = m_stream, thread = std::weak_ptr(m_thread)](QObject& owner) {
-            stream->open(owner, thread);
-        });
-    }
-    void stopRunning() override {
-        m_stream->silence();
-        m_thread->post([stream = m_stream](QObject&) { stream->close(); });
-    }
-
-private:
-    std::shared_ptr<QtThread> m_thread;
-    std::shared_ptr<Stream> m_stream;
 };
 
 } // namespace
@@ -170,8 +125,8 @@ std::shared_ptr<CaptureSession> QtCameras::makeSession(const std::string& device
                                                        std::shared_ptr<CaptureDelegate> delegate) {
     for (const QCameraDevice& device : m_list->devices().value_or(QList<QCameraDevice>()))
         if (device.id().toStdString() == deviceID)
-            return std::make_shared<CameraSession>(
-                m_thread, std::make_shared<Stream>(device, m_askFault, std::move(delegate)));
+            return QtCaptureStream::makeSession(
+                m_thread, std::make_shared<CameraStream>(device, m_askFault, std::move(delegate)));
     return nullptr;
 }
 
