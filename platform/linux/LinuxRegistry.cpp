@@ -1,9 +1,9 @@
 #include "platform/linux/LinuxRegistry.h"
 
+#include "kit/hardware/RegistryNames.h"
 #include "platform/linux/Firmware.h"
 #include "platform/linux/NetworkInterfaces.h"
 #include "platform/linux/PowerSupplies.h"
-#include "platform/linux/UsbDevices.h"
 
 namespace tessivo {
 
@@ -12,20 +12,20 @@ namespace {
 std::vector<RegistryEntry> platformExpert(const SystemTree& tree) {
     PropertyMap properties;
     if (auto model = Firmware::model(tree)) properties["model"] = *model;
-    if (auto serial = Firmware::serialNumber(tree)) properties["IOPlatformSerialNumber"] = *serial;
-    return {RegistryEntry{"IOPlatformExpertDevice", properties, nullptr}};
+    if (auto serial = Firmware::serialNumber(tree)) properties[RegistryKey::serialNumber] = *serial;
+    return {RegistryEntry{RegistryClass::machine, properties, nullptr}};
 }
 
 } // namespace
 
-LinuxRegistry::LinuxRegistry(SystemTree tree) : m_tree(std::move(tree)) {}
+LinuxRegistry::LinuxRegistry(SystemTree tree) : m_tree(std::move(tree)), m_usbDevices(m_tree) {}
 
 std::optional<std::vector<RegistryEntry>>
 LinuxRegistry::matchingServices(const std::string& className) const {
-    if (className == "IOPlatformExpertDevice") return platformExpert(m_tree);
-    if (className == "AppleSmartBattery") return PowerSupplies::batteries(m_tree);
-    if (className == "IOUSBHostDevice") return UsbDevices::entries(m_tree);
-    if (className == "IONetworkInterface") return NetworkInterfaces::entries(m_tree);
+    if (className == RegistryClass::machine) return platformExpert(m_tree);
+    if (className == RegistryClass::battery) return PowerSupplies::batteries(m_tree);
+    if (className == RegistryClass::usbDevice) return m_usbDevices.entries();
+    if (className == RegistryClass::network) return NetworkInterfaces::entries(m_tree);
     return std::vector<RegistryEntry>();
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Registry.h"
 #include "platform/linux/SystemTree.h"
+#include "platform/linux/UsbDevices.h"
 
 namespace tessivo {
 
@@ -15,6 +16,7 @@ public:
 
 private:
     SystemTree m_tree;
+    mutable UsbDevices m_usbDevices;
 };
 
 /// The machine's batteries (and UPS) as the Mac's power-source descriptions.

@@ -78,6 +78,14 @@ std::optional<std::string> SystemFolder::text(const char* file) const {
         readFile(m_folder, file, O_NOFOLLOW, m_record.get(), m_record ? m_path + "/" + file : std::string()));
 }
 
+std::optional<FolderStamp> SystemFolder::stamp(const std::string& name) const {
+    constexpr std::int64_t second = 1'000'000'000;
+    struct stat status{};
+    if (::fstatat(m_folder, name.c_str(), &status, 0) != 0) return std::nullopt;
+    return FolderStamp{status.st_dev, status.st_ino, status.st_ctim.tv_sec * second + status.st_ctim.tv_nsec,
+                       status.st_mtim.tv_sec * second + status.st_mtim.tv_nsec};
+}
+
 SystemTree::SystemTree(std::filesystem::path root, std::shared_ptr<SourceRecord> record)
     : m_root(std::move(root)), m_record(std::move(record)) {
     std::error_code error;

@@ -12,6 +12,15 @@
 
 namespace tessivo {
 
+/// What tells one folder of a file system from every other, also from a later one of the same name: sysfs
+/// numbers each of its folders anew, and none that was touched keeps its times.
+struct FolderStamp {
+    std::uint64_t device = 0, number = 0;
+    std::int64_t changed = 0, modified = 0; ///< ns
+
+    bool operator==(const FolderStamp&) const = default;
+};
+
 /// One folder, held open: all that is read of it is of the one device that it stands for, even if that goes
 /// meanwhile and another takes its name. Reads as `SystemTree` does, but follows no link. Any thread.
 class SystemFolder final {
@@ -20,6 +29,8 @@ public:
         : m_folder(std::move(folder)), m_path(std::move(path)), m_record(std::move(record)) {}
 
     std::optional<std::string> text(const char* file) const;
+    /// Its own stamp, or that of a folder in it, or behind a link in it; nothing if there is none.
+    std::optional<FolderStamp> stamp(const std::string& name = ".") const;
 
 private:
     Descriptor m_folder;

@@ -1,9 +1,11 @@
 #include "platform/linux/UsbDevices.h"
 
+#include "kit/hardware/RegistryNames.h"
+
 #include <algorithm>
 #include <array>
 
-namespace tessivo::UsbDevices {
+namespace tessivo {
 
 namespace {
 
@@ -35,43 +37,69 @@ bool isBuiltIn(const SystemTree& tree, std::string name) {
 }
 
 /// Nothing if the device has gone.
-std::optional<PropertyMap> properties(const SystemTree& tree, const std::string& name) {
-    const auto device = tree.folder(folder + name);
-    if (!device) return std::nullopt;
+std::optional<PropertyMap> properties(const SystemTree& tree, const std::string& name,
+                                      const SystemFolder& device) {
     PropertyMap out;
     const auto addHex = [&](const char* key, const std::string& text, std::int64_t largest) {
         if (const auto value = wholeNumber(text, 16); value && *value >= 0 && *value <= largest)
             out[key] = *value;
     };
-    if (auto product = device->text("product")) out["USB Product Name"] = std::move(*product);
-    if (auto vendor = device->text("manufacturer")) out["USB Vendor Name"] = std::move(*vendor);
-    if (const auto kind = device->text("bDeviceClass")) addHex("bDeviceClass", *kind, 0xff);
-    if (const auto speed = device->text("speed"))
-        if (const auto code = speedCode(*speed)) out["Device Speed"] = *code;
-    if (isBuiltIn(tree, name)) out["SolderedIn"] = true;
+    if (auto product = device.text("product")) out[RegistryKey::productName] = std::move(*product);
+    if (auto vendor = device.text("manufacturer")) out[RegistryKey::vendorName] = std::move(*vendor);
+    if (const auto kind = device.text(RegistryKey::deviceClass))
+        addHex(RegistryKey::deviceClass, *kind, 0xff);
+    if (const auto speed = device.text("speed"))
+        if (const auto code = speedCode(*speed)) out[RegistryKey::deviceSpeed] = *code;
+    if (isBuiltIn(tree, name)) out[RegistryKey::solderedIn] = true;
     // From the name and not from files: a place that failed to read once would look like another device.
-    if (const auto location = locationID(name)) out["locationID"] = std::int64_t(*location);
+    if (const auto location = UsbDevices::locationID(name))
+        out[RegistryKey::locationID] = std::int64_t(*location);
     // Last, since every device has them: where they can be read, it was there all along.
-    const auto vendorID = device->text("idVendor");
-    const auto productID = device->text("idProduct");
+    const auto vendorID = device.text(RegistryKey::vendorID);
+    const auto productID = device.text(RegistryKey::productID);
     if (!vendorID || !productID) return std::nullopt;
-    addHex("idVendor", *vendorID, 0xffff);
-    addHex("idProduct", *productID, 0xffff);
+    addHex(RegistryKey::vendorID, *vendorID, 0xffff);
+    addHex(RegistryKey::productID, *productID, 0xffff);
     return out;
+}
+
+/// Whether the device told all that it ever will. What is absent may have failed to read for once, and one
+/// that isn't authorized yet has no names of its own.
+bool isWhole(const PropertyMap& properties, const SystemFolder& device) {
+    for (const char* key : {RegistryKey::productName, RegistryKey::vendorName, RegistryKey::deviceClass,
+                            RegistryKey::deviceSpeed})
+        if (!properties.contains(key)) return false;
+    return device.text("authorized") != "0";
 }
 
 } // namespace
 
-std::optional<std::vector<RegistryEntry>> entries(const SystemTree& tree) {
-    const auto names = tree.names(folder);
-    if (!names) return std::nullopt;
+std::optional<std::vector<RegistryEntry>> UsbDevices::entries() {
+    const auto names = m_tree.names(folder);
+    const auto place = m_tree.folder(folder);
+    if (!names || !place) return std::nullopt;
+    std::map<std::string, Known> known;
     std::vector<RegistryEntry> out;
-    for (const std::string& name : *names)
-        if (isDevice(name)) out.push_back({"IOUSBHostDevice", properties(tree, name), nullptr});
+    for (const std::string& name : *names) {
+        if (!isDevice(name)) continue;
+        auto old = m_known.find(name);
+        if (old != m_known.end() && place->stamp(name) == old->second.stamp) {
+            out.push_back({RegistryClass::usbDevice, old->second.properties, nullptr});
+            known.insert(m_known.extract(old));
+            continue;
+        }
+        const auto device = m_tree.folder(folder + name);
+        // Before what is read, so that a change in the midst of it makes the stamp another one.
+        const auto stamp = device ? device->stamp() : std::nullopt;
+        auto read = device ? properties(m_tree, name, *device) : std::nullopt;
+        if (read && stamp && isWhole(*read, *device)) known.emplace(name, Known{*stamp, *read});
+        out.push_back({RegistryClass::usbDevice, std::move(read), nullptr});
+    }
+    m_known = std::move(known);
     return out;
 }
 
-std::optional<std::uint32_t> locationID(const std::string& name) {
+std::optional<std::uint32_t> UsbDevices::locationID(const std::string& name) {
     const std::size_t dash = name.find('-');
     if (dash == std::string::npos) return std::nullopt;
     const auto bus = wholeNumber(std::string_view(name).substr(0, dash));
@@ -92,4 +120,4 @@ std::optional<std::uint32_t> locationID(const std::string& name) {
     return location;
 }
 
-} // namespace tessivo::UsbDevices
+} // namespace tessivo

@@ -131,6 +131,10 @@ TEST(Usb, aDeviceInTheSamePlaceIsNeverReadAsAMixtureOfTwo) {
     for (const auto& [vendor, product] : ids) {
         tree.add(vendor + "/idVendor = " + vendor);
         tree.add(vendor + "/idProduct = " + product);
+        tree.add(vendor + "/product = Stick");
+        tree.add(vendor + "/manufacturer = Maker");
+        tree.add(vendor + "/bDeviceClass = 00");
+        tree.add(vendor + "/speed = 480");
     }
     std::atomic<bool> done = false;
     std::thread hands([&] {
@@ -142,8 +146,9 @@ TEST(Usb, aDeviceInTheSamePlaceIsNeverReadAsAMixtureOfTwo) {
         done = true;
     });
     std::set<std::string> seen;
+    const LinuxRegistry registry(tree.tree());
     while (!done)
-        for (const USBDevice& device : read(tree))
+        for (const USBDevice& device : readUSBDevices(registry))
             seen.insert(device.id());
     hands.join();
     // As the kernel does it, a device that goes takes its files with it.
@@ -151,6 +156,43 @@ TEST(Usb, aDeviceInTheSamePlaceIsNeverReadAsAMixtureOfTwo) {
     EXPECT_TRUE(read(tree).empty());
     for (const std::string& id : seen)
         EXPECT_TRUE(id == "17825792-2385-5734" || id == "17825792-1452-591") << id;
+}
+
+TEST(Usb, aDeviceIsReadOnceAndAnotherOneInItsPlaceAnew) {
+    CapturedTree tree;
+    const std::string folder = "sys/bus/usb/devices/";
+    const auto plug = [&](const std::string& name, const std::string& product, const std::string& more = "") {
+        for (const std::string& line :
+             {"product = " + product, std::string("manufacturer = Maker"), std::string("idVendor = 0951"),
+              std::string("idProduct = 1666"), std::string("bDeviceClass = 00"), std::string("speed = 480")})
+            tree.add(folder + name + "/" + line);
+        if (!more.empty()) tree.add(folder + name + "/" + more);
+    };
+    const LinuxRegistry registry(tree.tree());
+    const auto names = [&] {
+        std::string all;
+        for (const USBDevice& device : readUSBDevices(registry))
+            all += std::to_string(device.locationID >> 20 & 0xf) + device.name + " ";
+        return all;
+    };
+    plug("1-1", "Stick");
+    plug("1-2", "Mouse");
+    plug("1-3", "n/a", "authorized = 0");
+    EXPECT_EQ(names(), "1Stick 2Mouse 3n/a ");
+    // Written in place, which leaves the folder as it was.
+    for (const char* name : {"1-1", "1-3"})
+        tree.add(folder + name + "/product = New");
+    EXPECT_EQ(names(), "1Stick 2Mouse 3New ") << "only one that told it all isn't asked again";
+    std::filesystem::rename(tree.path(folder + "1-1"), tree.path("aside"));
+    std::filesystem::rename(tree.path(folder + "1-2"), tree.path(folder + "1-1"));
+    std::filesystem::rename(tree.path("aside"), tree.path(folder + "1-2"));
+    EXPECT_EQ(names(), "1Mouse 2New 3New ");
+    tree.remove(folder + "1-1");
+    EXPECT_EQ(names(), "2New 3New ");
+    plug("1-1", "Disk");
+    EXPECT_EQ(names(), "1Disk 2New 3New ");
+    tree.remove(folder + "1-2/idProduct");
+    EXPECT_EQ(names(), "1Disk 3New ") << "on its way out";
 }
 
 } // namespace
