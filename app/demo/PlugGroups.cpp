@@ -2,6 +2,7 @@
 
 #include "app/demo/Groups.h"
 #include "app/demo/Rows.h"
+#include "kit/hardware/RegistryNames.h"
 
 #include <QListWidget>
 #include <QSpinBox>
@@ -33,12 +34,13 @@ std::uint32_t portLocation(int port) {
 
 void showPlugged(SimulatedControls& mac, QListWidget& list) {
     list.clear();
-    for (const RegistryEntry& entry : mac.facts().registry["IOUSBHostDevice"]) {
+    for (const RegistryEntry& entry : mac.facts().registry[RegistryClass::usbDevice]) {
         if (!entry.properties) continue;
-        list.addItem(
-            QStringLiteral("%1  at 0x%2")
-                .arg(QString::fromStdString(text(*entry.properties, "USB Product Name").value_or("no name")))
-                .arg(integer(*entry.properties, "locationID").value_or(0), 8, 16, QLatin1Char('0')));
+        list.addItem(QStringLiteral("%1  at 0x%2")
+                         .arg(QString::fromStdString(
+                             text(*entry.properties, RegistryKey::productName).value_or("no name")))
+                         .arg(integer(*entry.properties, RegistryKey::locationID).value_or(0), 8, 16,
+                              QLatin1Char('0')));
     }
 }
 
@@ -99,9 +101,9 @@ QGroupBox* ethernetGroup(SimulatedControls& mac) {
     auto* box = new QGroupBox(QStringLiteral("Ethernet"));
     auto* form = formIn(box);
     QStringList names;
-    for (const RegistryEntry& entry : mac.facts().registry["IONetworkInterface"])
+    for (const RegistryEntry& entry : mac.facts().registry[RegistryClass::network])
         if (entry.properties)
-            names << QString::fromStdString(text(*entry.properties, "BSD Name").value_or(""));
+            names << QString::fromStdString(text(*entry.properties, RegistryKey::interfaceName).value_or(""));
     auto* port = addChoice(form, QStringLiteral("Interface"), names);
     auto* speed = addChoice(form, QStringLiteral("Speed"), {"10", "100", "1000", "2500", "10000"});
     speed->setCurrentIndex(2);

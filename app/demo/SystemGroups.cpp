@@ -4,6 +4,7 @@
 #include "app/demo/FullDisk.h"
 #include "app/demo/Groups.h"
 #include "app/demo/Rows.h"
+#include "kit/hardware/RegistryNames.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -22,7 +23,7 @@ void addNumber(QFormLayout* form, const QString& label, SimulatedControls& mac, 
     number->setRange(-1, most);
     number->setSpecialValueText(QStringLiteral("missing"));
     std::int64_t now = -1;
-    const auto& batteries = mac.facts().registry["AppleSmartBattery"];
+    const auto& batteries = mac.facts().registry[RegistryClass::battery];
     if (!batteries.empty() && batteries.front().properties)
         now = integer(*batteries.front().properties, key).value_or(-1);
     number->setValue(int(now));
@@ -55,13 +56,14 @@ QGroupBox* enrollmentGroup(SimulatedControls& mac) {
 QGroupBox* batteryGroup(SimulatedControls& mac) {
     auto* box = new QGroupBox(QStringLiteral("Battery (read again to see it)"));
     auto* form = formIn(box);
-    addNumber(form, QStringLiteral("Charge cycles"), mac, "CycleCount", 5000);
-    addNumber(form, QStringLiteral("Design capacity, mAh"), mac, "DesignCapacity", 20000);
-    addNumber(form, QStringLiteral("Full charge, mAh"), mac, "NominalChargeCapacity", 20000);
+    addNumber(form, QStringLiteral("Charge cycles"), mac, RegistryKey::cycleCount, 5000);
+    addNumber(form, QStringLiteral("Design capacity, mAh"), mac, RegistryKey::designCapacity, 20000);
+    addNumber(form, QStringLiteral("Full charge, mAh"), mac, RegistryKey::nominalCapacity, 20000);
     addChoice(form, QStringLiteral("Condition"), {"Good", "Fair", "Poor", "Check Battery", "missing"},
               [&mac](int index) {
                   static const char* const health[] = {"Good", "Fair", "Poor", "Check Battery"};
-                  mac.setPowerSource("BatteryHealth", index < 4 ? Property(health[index]) : Property());
+                  mac.setPowerSource(RegistryKey::batteryHealth,
+                                     index < 4 ? Property(health[index]) : Property());
               });
     addButtons(form, {{QStringLiteral("Take the Battery Out"), [&mac] { mac.removeBattery(); }}});
     return box;

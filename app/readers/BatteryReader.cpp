@@ -1,9 +1,10 @@
 #include "app/readers/Readers.h"
+#include "kit/hardware/RegistryNames.h"
 
 namespace tessivo {
 
 std::optional<PropertyMap> readBatteryRegistry(const Registry& registry) {
-    const auto services = registry.matchingServices("AppleSmartBattery");
+    const auto services = registry.matchingServices(RegistryClass::battery);
     if (!services || services->empty()) return std::nullopt;
     return services->front().properties;
 }
@@ -13,7 +14,7 @@ std::optional<PropertyMap> readInternalPowerSource(const PowerSources& sources) 
     if (!descriptions) return std::nullopt;
     for (const Property& description : *descriptions) {
         const auto* map = std::get_if<PropertyMap>(&description.value);
-        if (map && text(*map, "Type") == "InternalBattery") return *map;
+        if (map && text(*map, RegistryKey::sourceType) == RegistryKey::internalBattery) return *map;
     }
     return std::nullopt;
 }

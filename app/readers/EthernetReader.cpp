@@ -1,4 +1,5 @@
 #include "app/readers/Readers.h"
+#include "kit/hardware/RegistryNames.h"
 
 #include <algorithm>
 
@@ -6,7 +7,7 @@ namespace tessivo {
 
 std::vector<WiredInterface> readWiredInterfaces(const Registry& registry) {
     std::vector<WiredInterface> interfaces;
-    const auto services = registry.matchingServices("IONetworkInterface");
+    const auto services = registry.matchingServices(RegistryClass::network);
     if (!services) return interfaces;
     for (const RegistryEntry& service : *services) {
         const auto controller = service.properties ? service.parent() : nullptr;

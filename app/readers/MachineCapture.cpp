@@ -1,6 +1,7 @@
 #include "app/readers/MachineCapture.h"
 
 #include "app/readers/Readers.h"
+#include "kit/hardware/RegistryNames.h"
 #include "kit/support/Text.h"
 
 #include <future>
@@ -21,7 +22,7 @@ PropertyMap operatingSystem(const MachineFacts& facts) {
 
 PropertyMap sysctls(const MachineFacts& facts) {
     PropertyMap map;
-    for (const char* name : {"hw.model", "machdep.cpu.brand_string", "kern.osversion"})
+    for (const char* name : {SystemFact::model, SystemFact::processor, SystemFact::build})
         if (const auto value = sysctlText(facts, name)) map[name] = *value;
     return map;
 }
@@ -34,9 +35,9 @@ PropertyMap entryMap(const RegistryEntry& entry) {
 
 PropertyMap registryMap(const Registry& registry) {
     PropertyMap map;
-    const std::string network = "IONetworkInterface";
+    const std::string network = RegistryClass::network;
     for (const char* name :
-         {"IOPlatformExpertDevice", "AppleSmartBattery", "IOUSBHostDevice", network.c_str()}) {
+         {RegistryClass::machine, RegistryClass::battery, RegistryClass::usbDevice, network.c_str()}) {
         const auto entries = registry.matchingServices(name);
         if (!entries) continue;
         PropertyList list;

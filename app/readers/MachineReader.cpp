@@ -1,4 +1,5 @@
 #include "app/readers/Readers.h"
+#include "kit/hardware/RegistryNames.h"
 
 namespace tessivo {
 
@@ -7,9 +8,9 @@ std::optional<std::string> sysctlText(const MachineFacts& facts, const std::stri
 }
 
 std::optional<std::string> readSerial(const Registry& registry) {
-    const auto services = registry.matchingServices("IOPlatformExpertDevice");
+    const auto services = registry.matchingServices(RegistryClass::machine);
     if (!services || services->empty() || !services->front().properties) return std::nullopt;
-    return text(*services->front().properties, "IOPlatformSerialNumber");
+    return text(*services->front().properties, RegistryKey::serialNumber);
 }
 
 std::optional<std::int64_t> readStartupCapacity(const MachineFacts& facts) {
@@ -20,10 +21,10 @@ MachineInfo readMachineInfo(const MachineFacts& facts, const Registry& registry)
     const OperatingSystem system = facts.operatingSystem();
     MachineInfo machine;
     machine.osVersion = osVersionText(system.title, system.major, system.minor, system.patch,
-                                      sysctlText(facts, "kern.osversion"));
-    machine.modelID = sysctlText(facts, "hw.model").value_or(MachineInfo::unknownModel);
+                                      sysctlText(facts, SystemFact::build));
+    machine.modelID = sysctlText(facts, SystemFact::model).value_or(MachineInfo::unknownModel);
     machine.serial = readSerial(registry);
-    machine.chip = sysctlText(facts, "machdep.cpu.brand_string");
+    machine.chip = sysctlText(facts, SystemFact::processor);
     machine.memoryBytes = facts.physicalMemory();
     machine.storageBytes = readStartupCapacity(facts);
     return machine;

@@ -4,6 +4,7 @@
 #include "kit/hardware/BatteryReading.h"
 #include "kit/hardware/EnrollmentStatus.h"
 #include "kit/hardware/MachineInfo.h"
+#include "kit/hardware/RegistryNames.h"
 #include "kit/hardware/USBDevice.h"
 #include "kit/session/EthernetTest.h"
 #include "platform/AudioObjects.h"
@@ -23,7 +24,7 @@ std::optional<std::int64_t> readStartupCapacity(const MachineFacts& facts);
 MachineInfo readMachineInfo(const MachineFacts& facts, const Registry& registry);
 
 /// The system's tool that tells of device management, and what it is asked.
-inline constexpr const char* enrollmentTool = "/usr/bin/profiles";
+inline constexpr const char* enrollmentTool = SystemTool::enrollment;
 std::vector<std::string> enrollmentArguments();
 /// Blocks for as long as the system's tool runs, or until the token is stopped: never on the main thread.
 std::optional<EnrollmentStatus> readEnrollmentStatus(const SystemTools& tools, std::stop_token stop);

@@ -1,4 +1,5 @@
 #include "app/readers/Readers.h"
+#include "kit/hardware/RegistryNames.h"
 
 #include <algorithm>
 
@@ -6,7 +7,7 @@ namespace tessivo {
 
 std::vector<USBDevice> readUSBDevices(const Registry& registry) {
     std::vector<USBDevice> devices;
-    if (const auto services = registry.matchingServices("IOUSBHostDevice"))
+    if (const auto services = registry.matchingServices(RegistryClass::usbDevice))
         for (const RegistryEntry& service : *services)
             if (service.properties) devices.push_back(USBDevice::make(*service.properties));
     std::stable_sort(devices.begin(), devices.end(), [](const USBDevice& one, const USBDevice& other) {

@@ -1,5 +1,6 @@
 #include "kit/hardware/BatteryReading.h"
 
+#include "kit/hardware/RegistryNames.h"
 #include "kit/support/Text.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ std::optional<std::int64_t> positive(std::optional<std::int64_t> number) {
 }
 
 std::optional<std::int64_t> fullCharge(const PropertyMap& registry) {
-    for (const char* key : {"NominalChargeCapacity", "AppleRawMaxCapacity", "MaxCapacity"})
+    for (const char* key : {RegistryKey::nominalCapacity, "AppleRawMaxCapacity", "MaxCapacity"})
         if (const auto capacity = positive(integer(registry, key))) return capacity;
     return std::nullopt;
 }
@@ -25,29 +26,29 @@ std::optional<std::int64_t> designCycles(const PropertyMap& registry) {
 }
 
 bool isPresentBattery(const PropertyMap& powerSource) {
-    return text(powerSource, "Type") == "InternalBattery" &&
-           boolean(powerSource, "Is Present").value_or(true);
+    return text(powerSource, RegistryKey::sourceType) == RegistryKey::internalBattery &&
+           boolean(powerSource, RegistryKey::isPresent).value_or(true);
 }
 
 } // namespace
 
 std::optional<std::string> BatteryReading::conditionText(const PropertyMap* powerSource) {
     if (!powerSource) return std::nullopt;
-    const auto condition = text(*powerSource, "BatteryHealthCondition");
+    const auto condition = text(*powerSource, RegistryKey::batteryCondition);
     if (condition && !condition->empty()) return condition;
-    const auto health = text(*powerSource, "BatteryHealth");
+    const auto health = text(*powerSource, RegistryKey::batteryHealth);
     if (health == "Good") return "Normal";
     return health;
 }
 
 BatteryReading BatteryReading::make(const PropertyMap* registry, const PropertyMap* powerSource) {
     BatteryReading reading;
-    if (registry && boolean(*registry, "BatteryInstalled").value_or(false)) {
+    if (registry && boolean(*registry, RegistryKey::batteryInstalled).value_or(false)) {
         reading.present = true;
         reading.source = Source::registry;
-        reading.cycleCount = integer(*registry, "CycleCount");
+        reading.cycleCount = integer(*registry, RegistryKey::cycleCount);
         reading.designCycleCount = designCycles(*registry);
-        reading.designCapacity = positive(integer(*registry, "DesignCapacity"));
+        reading.designCapacity = positive(integer(*registry, RegistryKey::designCapacity));
         reading.fullChargeCapacity = fullCharge(*registry);
         reading.condition = conditionText(powerSource);
     } else if (powerSource && isPresentBattery(*powerSource)) {

@@ -1,5 +1,7 @@
 #include "kit/hardware/USBDevice.h"
 
+#include "kit/hardware/RegistryNames.h"
+
 namespace tessivo {
 namespace {
 
@@ -10,16 +12,16 @@ constexpr std::int64_t hubClass = 9;
 
 USBDevice USBDevice::make(const PropertyMap& properties) {
     USBDevice device;
-    const auto productName = text(properties, "USB Product Name");
+    const auto productName = text(properties, RegistryKey::productName);
     device.name = productName ? *productName : text(properties, "kUSBProductString").value_or("USB device");
-    device.vendor = text(properties, "USB Vendor Name");
-    device.vendorID = integer(properties, "idVendor").value_or(0);
-    device.productID = integer(properties, "idProduct").value_or(0);
-    device.locationID = std::uint32_t(integer(properties, "locationID").value_or(0));
-    device.speed = integer(properties, "Device Speed");
-    device.deviceClass = integer(properties, "bDeviceClass");
+    device.vendor = text(properties, RegistryKey::vendorName);
+    device.vendorID = integer(properties, RegistryKey::vendorID).value_or(0);
+    device.productID = integer(properties, RegistryKey::productID).value_or(0);
+    device.locationID = std::uint32_t(integer(properties, RegistryKey::locationID).value_or(0));
+    device.speed = integer(properties, RegistryKey::deviceSpeed);
+    device.deviceClass = integer(properties, RegistryKey::deviceClass);
     // Not the Mac's "non-removable", which a keyboard in one case with a hub outside has too.
-    device.builtIn = boolean(properties, "SolderedIn").value_or(false);
+    device.builtIn = boolean(properties, RegistryKey::solderedIn).value_or(false);
     return device;
 }
 

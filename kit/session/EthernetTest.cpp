@@ -1,5 +1,6 @@
 #include "kit/session/EthernetTest.h"
 
+#include "kit/hardware/RegistryNames.h"
 #include "kit/support/Text.h"
 
 #include <cmath>
@@ -21,19 +22,19 @@ std::optional<std::int64_t> unsignedInteger(const PropertyMap& map, const std::s
 std::optional<WiredInterface> WiredInterface::make(const PropertyMap& properties, std::string interfaceClass,
                                                    const PropertyMap& controller,
                                                    std::string controllerClass) {
-    const auto name = text(properties, "BSD Name");
+    const auto name = text(properties, RegistryKey::interfaceName);
     if (!name) return std::nullopt;
     WiredInterface wired;
     wired.bsdName = *name;
     // Only a true boolean makes a port the machine's own, never a number.
-    const auto builtIn = properties.find("IOBuiltin");
+    const auto builtIn = properties.find(RegistryKey::isBuiltIn);
     const bool* flag = builtIn == properties.end() ? nullptr : std::get_if<bool>(&builtIn->second.value);
     wired.builtIn = flag && *flag;
     wired.controllerClass = std::move(controllerClass);
     wired.interfaceClass = std::move(interfaceClass);
-    wired.linkActive = (unsignedInteger(controller, "IOLinkStatus").value_or(0) & linkUp) == linkUp;
-    wired.linkSpeed = unsignedInteger(controller, "IOLinkSpeed");
-    const auto flags = integer(properties, "IOInterfaceFlags");
+    wired.linkActive = (unsignedInteger(controller, RegistryKey::linkStatus).value_or(0) & linkUp) == linkUp;
+    wired.linkSpeed = unsignedInteger(controller, RegistryKey::linkSpeed);
+    const auto flags = integer(properties, RegistryKey::interfaceFlags);
     wired.switchedOff = flags && !(*flags & isUp);
     return wired;
 }

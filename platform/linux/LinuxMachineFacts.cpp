@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxMachineFacts.h"
 
+#include "kit/hardware/RegistryNames.h"
 #include "kit/support/Text.h"
 #include "platform/linux/Firmware.h"
 #include "platform/linux/InstalledMemory.h"
@@ -60,12 +61,12 @@ LinuxMachineFacts::LinuxMachineFacts(SystemTree tree) : m_tree(std::move(tree)) 
 
 std::optional<std::string> LinuxMachineFacts::sysctlbyname(const std::string& name) const {
     std::optional<std::string> value;
-    if (name == "hw.model") value = Firmware::model(m_tree);
-    if (name == "machdep.cpu.brand_string") {
+    if (name == SystemFact::model) value = Firmware::model(m_tree);
+    if (name == SystemFact::processor) {
         value = Firmware::appleChip(m_tree);
         if (!value) value = valueOf(m_tree.bytes("proc/cpuinfo"), "model name");
     }
-    if (name == "kern.osversion") value = m_tree.text("proc/sys/kernel/osrelease");
+    if (name == SystemFact::build) value = m_tree.text("proc/sys/kernel/osrelease");
     if (value) value->push_back('\0');
     return value;
 }

@@ -1,5 +1,6 @@
 #include "platform/linux/NetworkInterfaces.h"
 
+#include "kit/hardware/RegistryNames.h"
 #include "kit/support/Text.h"
 #include "platform/linux/PciTopology.h"
 
@@ -18,6 +19,7 @@ constexpr std::int64_t bitsPerMegabit = 1'000'000;
 constexpr std::int64_t noLink = 1; // the registry's "valid" bit alone
 constexpr std::int64_t linkUp = 3; // and the "active" bit
 constexpr std::int64_t isUp = 1;   // of the interface's flags: switched on
+constexpr const char* wifiClass = "IO80211Interface";
 
 /// "DEVTYPE=wlan" of the uevent file; plain ports have none.
 std::string deviceType(const SystemTree& tree, const std::string& interface) {
@@ -38,7 +40,7 @@ Kind kind(const SystemTree& tree, const std::string& interface, std::int64_t typ
     const std::string bus = tree.linkName(device + "/subsystem").value_or("");
     const std::string driver = tree.linkName(device + "/driver").value_or("");
     if (devtype == "wlan" || tree.exists(interface + "/wireless") || tree.exists(interface + "/phy80211"))
-        return {"IO80211Interface"};
+        return {wifiClass};
     if (devtype == "bridge" || tree.exists(interface + "/bridge")) return {"BridgeInterface"};
     if (devtype == "bluetooth") return {"BluetoothInterface"};
     if (bus == "thunderbolt" || driver.starts_with("thunderbolt")) return {"ThunderboltInterface"};
@@ -89,17 +91,18 @@ RegistryEntry entry(const SystemTree& tree, const std::string& name, std::int64_
 
     const auto flags = tree.number(interface + "/flags", 16);
     PropertyMap link;
-    if (const auto status = linkStatus(tree, interface, flags)) link["IOLinkStatus"] = *status;
+    if (const auto status = linkStatus(tree, interface, flags)) link[RegistryKey::linkStatus] = *status;
     if (const auto speed = tree.number(interface + "/speed");
         speed && *speed > 0 && *speed < unknownSpeed &&
         *speed <= std::numeric_limits<std::int64_t>::max() / bitsPerMegabit)
-        link["IOLinkSpeed"] = *speed * bitsPerMegabit;
+        link[RegistryKey::linkSpeed] = *speed * bitsPerMegabit;
     const std::string driver = tree.linkName(interface + "/device/driver").value_or("");
 
     RegistryEntry out;
     out.className = kind.className;
-    out.properties = PropertyMap{{"BSD Name", Text::repaired(name)}, {"IOBuiltin", kind.builtIn}};
-    if (flags) (*out.properties)["IOInterfaceFlags"] = *flags;
+    out.properties = PropertyMap{{RegistryKey::interfaceName, Text::repaired(name)},
+                                 {RegistryKey::isBuiltIn, kind.builtIn}};
+    if (flags) (*out.properties)[RegistryKey::interfaceFlags] = *flags;
     out.setParent({driver, link, nullptr});
     // Gone while it was read.
     if (!tree.exists(interface + "/type")) {
@@ -127,7 +130,7 @@ void addPermanentAddresses(const SystemTree& tree, HardwareKeys& keys) {
         const std::string interface = folder + name;
         if (tree.number(interface + "/type") != ethernetType) continue;
         const Kind kind = NetworkInterfaces::kind(tree, interface, ethernetType);
-        const bool isWiFi = std::string_view(kind.className) == "IO80211Interface";
+        const bool isWiFi = std::string_view(kind.className) == wifiClass;
         if (!kind.builtIn && !(isWiFi && isOnBoard(tree, interface + "/device"))) continue;
         if (auto address = permanentAddress(tree, interface))
             (isWiFi ? keys.wifi : keys.ethernet).insert(std::move(*address));

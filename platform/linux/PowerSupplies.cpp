@@ -1,5 +1,6 @@
 #include "platform/linux/PowerSupplies.h"
 
+#include "kit/hardware/RegistryNames.h"
 #include "kit/support/Text.h"
 
 #include <algorithm>
@@ -78,16 +79,16 @@ Capacities capacities(const SystemTree& tree, const std::string& supply) {
 
 RegistryEntry batteryEntry(const SystemTree& tree, const std::string& supply) {
     PropertyMap properties;
-    if (const auto present = installed(tree, supply)) properties["BatteryInstalled"] = *present;
+    if (const auto present = installed(tree, supply)) properties[RegistryKey::batteryInstalled] = *present;
     // 0 is also what drivers give that don't count cycles; the one of Apple silicon counts.
     const bool counts = supply.starts_with(folder + "macsmc-");
     if (const auto cycles = tree.number(supply + "/cycle_count"); cycles && *cycles >= (counts ? 0 : 1))
-        properties["CycleCount"] = *cycles;
+        properties[RegistryKey::cycleCount] = *cycles;
     const Capacities capacity = capacities(tree, supply);
-    if (capacity.design) properties["DesignCapacity"] = *capacity.design;
-    if (capacity.full) properties["NominalChargeCapacity"] = *capacity.full;
+    if (capacity.design) properties[RegistryKey::designCapacity] = *capacity.design;
+    if (capacity.full) properties[RegistryKey::nominalCapacity] = *capacity.full;
     if (auto name = tree.text(supply + "/model_name")) properties["DeviceName"] = *name;
-    return {"AppleSmartBattery", properties, nullptr};
+    return {RegistryClass::battery, properties, nullptr};
 }
 
 /// The kernel's bad health words in the Mac's. Those about the moment (temperature, charger) tell nothing of
@@ -95,18 +96,18 @@ RegistryEntry batteryEntry(const SystemTree& tree, const std::string& supply) {
 void addHealth(PropertyMap& description, const std::string& health) {
     const std::string word = Text::lowercased(health);
     if (word == "dead" || word == "unspecified failure" || word == "blown fuse") {
-        description["BatteryHealth"] = "Poor";
-        description["BatteryHealthCondition"] = "Permanent Battery Failure";
+        description[RegistryKey::batteryHealth] = "Poor";
+        description[RegistryKey::batteryCondition] = "Permanent Battery Failure";
     }
     if (word == "calibration required" || word == "cell imbalance")
-        description["BatteryHealthCondition"] = "Check Battery";
-    if (word == "no battery") description["Is Present"] = false;
+        description[RegistryKey::batteryCondition] = "Check Battery";
+    if (word == "no battery") description[RegistryKey::isPresent] = false;
 }
 
 Property description(const SystemTree& tree, const std::string& supply, const char* type) {
-    PropertyMap out{{"Type", type}};
+    PropertyMap out{{RegistryKey::sourceType, type}};
     if (auto name = tree.text(supply + "/model_name")) out["Name"] = *name;
-    if (const auto present = installed(tree, supply)) out["Is Present"] = *present;
+    if (const auto present = installed(tree, supply)) out[RegistryKey::isPresent] = *present;
     if (const auto health = tree.text(supply + "/health")) addHealth(out, *health);
     return out;
 }
@@ -131,7 +132,7 @@ std::optional<PropertyList> descriptions(const SystemTree& tree) {
     if (!found) return std::nullopt;
     PropertyList out;
     for (const std::string& supply : *found)
-        out.push_back(description(tree, supply, "InternalBattery"));
+        out.push_back(description(tree, supply, RegistryKey::internalBattery));
     for (const std::string& supply : supplies(tree, "UPS").value_or(std::vector<std::string>()))
         out.push_back(description(tree, supply, "UPS"));
     return out;

@@ -1,6 +1,7 @@
 #include "platform/simulated/SimulatedControls.h"
 
 #include "kit/hardware/AudioOutputInfo.h"
+#include "kit/hardware/RegistryNames.h"
 #include "platform/simulated/SimulatedTools.h"
 
 #include <algorithm>
@@ -49,23 +50,24 @@ void SimulatedControls::mendReading(SimulatedReading reading) {
 }
 
 void SimulatedControls::plugUSB(PropertyMap properties) {
-    facts().registry["IOUSBHostDevice"].push_back({"IOUSBHostDevice", std::move(properties), nullptr});
+    facts().registry[RegistryClass::usbDevice].push_back(
+        {RegistryClass::usbDevice, std::move(properties), nullptr});
 }
 
 void SimulatedControls::plugUSB(const std::string& name, std::int64_t vendorID, std::int64_t productID,
                                 std::uint32_t locationID, std::int64_t deviceClass, std::int64_t speed) {
-    plugUSB({{"USB Product Name", name},
-             {"idVendor", vendorID},
-             {"idProduct", productID},
-             {"locationID", std::int64_t(locationID)},
-             {"bDeviceClass", deviceClass},
-             {"Device Speed", speed}});
+    plugUSB({{RegistryKey::productName, name},
+             {RegistryKey::vendorID, vendorID},
+             {RegistryKey::productID, productID},
+             {RegistryKey::locationID, std::int64_t(locationID)},
+             {RegistryKey::deviceClass, deviceClass},
+             {RegistryKey::deviceSpeed, speed}});
 }
 
 bool SimulatedControls::unplugUSB(std::uint32_t locationID) {
-    return std::erase_if(facts().registry["IOUSBHostDevice"], [&](const RegistryEntry& entry) {
+    return std::erase_if(facts().registry[RegistryClass::usbDevice], [&](const RegistryEntry& entry) {
                const auto location =
-                   entry.properties ? integer(*entry.properties, "locationID") : std::nullopt;
+                   entry.properties ? integer(*entry.properties, RegistryKey::locationID) : std::nullopt;
                return location && (*location == locationID || isBehind(*location, locationID));
            }) > 0;
 }
@@ -79,23 +81,23 @@ bool SimulatedControls::dropLink(const std::string& bsdName) {
 }
 
 bool SimulatedControls::setLink(const std::string& bsdName, std::int64_t status, std::int64_t bitsPerSecond) {
-    auto& interfaces = facts().registry["IONetworkInterface"];
+    auto& interfaces = facts().registry[RegistryClass::network];
     const auto entry = std::ranges::find_if(interfaces, [&](const RegistryEntry& candidate) {
-        return candidate.properties && text(*candidate.properties, "BSD Name") == bsdName;
+        return candidate.properties && text(*candidate.properties, RegistryKey::interfaceName) == bsdName;
     });
     if (entry == interfaces.end()) return false;
     const auto parent = entry->parent();
     auto controller = parent ? *parent : RegistryEntry{};
     if (!controller.properties) controller.properties.emplace();
-    (*controller.properties)["IOLinkStatus"] = status;
-    (*controller.properties)["IOLinkSpeed"] = bitsPerSecond;
+    (*controller.properties)[RegistryKey::linkStatus] = status;
+    (*controller.properties)[RegistryKey::linkSpeed] = bitsPerSecond;
     entry->setParent(std::move(controller));
     return true;
 }
 
 void SimulatedControls::setBattery(const std::string& key, Property value) {
-    auto& batteries = facts().registry["AppleSmartBattery"];
-    if (batteries.empty()) batteries.push_back({"AppleSmartBattery", PropertyMap{}, nullptr});
+    auto& batteries = facts().registry[RegistryClass::battery];
+    if (batteries.empty()) batteries.push_back({RegistryClass::battery, PropertyMap{}, nullptr});
     auto& properties = batteries.front().properties;
     if (!properties) properties.emplace();
     set(*properties, key, std::move(value));
@@ -109,7 +111,7 @@ void SimulatedControls::setPowerSource(const std::string& key, Property value) {
 }
 
 void SimulatedControls::removeBattery() {
-    facts().registry["AppleSmartBattery"].clear();
+    facts().registry[RegistryClass::battery].clear();
     facts().powerSources = PropertyList{};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kit/hardware/RegistryNames.h"
 #include "platform/simulated/SimulatedCapture.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "platform/simulated/SimulatedWording.h"
@@ -15,7 +16,7 @@ public:
     /// output, "External Headphones", stands in the list with its jack connected.
     enum class JackForm { dataSource, separateDevice };
 
-    static constexpr const char* enrollmentTool = "/usr/bin/profiles";
+    static constexpr const char* enrollmentTool = SystemTool::enrollment;
 
     explicit SimulatedControls(SimulatedPlatform& platform) : m_platform(platform) {}
 

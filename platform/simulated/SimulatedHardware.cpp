@@ -1,5 +1,7 @@
 #include "platform/simulated/SimulatedHardware.h"
 
+#include "kit/hardware/RegistryNames.h"
+
 namespace tessivo {
 
 namespace {
@@ -7,13 +9,13 @@ namespace {
 /// The reading that a name of the system belongs to.
 std::optional<SimulatedReading> reading(const std::string& name) {
     static const std::map<std::string, SimulatedReading> readings = {
-        {"hw.model", SimulatedReading::model},
-        {"machdep.cpu.brand_string", SimulatedReading::chip},
-        {"kern.osversion", SimulatedReading::build},
-        {"IOPlatformExpertDevice", SimulatedReading::serial},
-        {"AppleSmartBattery", SimulatedReading::battery},
-        {"IOUSBHostDevice", SimulatedReading::usb},
-        {"IONetworkInterface", SimulatedReading::network}};
+        {SystemFact::model, SimulatedReading::model},
+        {SystemFact::processor, SimulatedReading::chip},
+        {SystemFact::build, SimulatedReading::build},
+        {RegistryClass::machine, SimulatedReading::serial},
+        {RegistryClass::battery, SimulatedReading::battery},
+        {RegistryClass::usbDevice, SimulatedReading::usb},
+        {RegistryClass::network, SimulatedReading::network}};
     const auto entry = readings.find(name);
     if (entry == readings.end()) return std::nullopt;
     return entry->second;
