@@ -9,7 +9,6 @@
 #include "kit/report/ReportAssembler.h"
 #include "kit/report/ReportText.h"
 #include "kit/support/JsonWriter.h"
-#include "kit/support/PropertyJson.h"
 #include "kit/support/Text.h"
 #include "platform/CapturedFacts.h"
 #include "platform/qt/QtScheduler.h"
@@ -45,12 +44,6 @@ constexpr std::uintmax_t largestInput = HistoryStore::largestFile;
 template <class Decode>
 auto decoded(const std::string& file, Decode decode, std::uintmax_t largest = largestInput) {
     return ProbeInput::decoded(file, decode, largest);
-}
-
-PropertyMap machineMap(const std::string& bytes) {
-    PropertyMap map = parsePropertyMap(bytes);
-    MachineFile::decode(map);
-    return map;
 }
 
 struct Report {
@@ -92,8 +85,8 @@ std::unique_ptr<Platform> platform(const std::optional<std::string>& machineFile
     if (!machineFile) return makePlatform();
     SimulatedPlatform::Storage nowhere;
     nowhere.applicationSupport.emplace();
-    return std::make_unique<SimulatedPlatform>(decoded(*machineFile, machineMap, MachineFile::largestFile),
-                                               scheduler, nowhere);
+    return std::make_unique<SimulatedPlatform>(
+        decoded(*machineFile, &MachineFile::decode, MachineFile::largestFile), scheduler, nowhere);
 }
 
 SessionState newSession(Platform& platform, Date at) {
@@ -119,34 +112,34 @@ SessionState session(const std::optional<std::string>& sessionFile,
 }
 
 /// What a captured tree holds of sound and cameras, in a file of its own; never this computer's.
-PropertyMap recordedSound(const std::filesystem::path& root) {
+void addRecordedSound(MachineFile& machine, const std::filesystem::path& root) {
     const auto file = root / "tessivo" / "sound.json";
-    PropertyMap sound;
     std::error_code error;
-    if (!std::filesystem::exists(file, error)) return sound;
+    if (!std::filesystem::exists(file, error)) return;
     if (std::filesystem::canonical(file) != std::filesystem::canonical(root) / "tessivo" / "sound.json")
         throw std::runtime_error(file.string() + ": a link in a captured tree");
-    const PropertyMap recorded = decoded(file.string(), machineMap, MachineFile::largestFile);
-    for (const char* key : {"audio", "microphones", "cameras", "access"})
-        if (const auto entry = recorded.find(key); entry != recorded.end()) sound.insert(*entry);
-    return sound;
+    MachineFile sound = decoded(file.string(), &MachineFile::decode, MachineFile::largestFile);
+    machine.audio = std::move(sound.audio);
+    machine.microphones = std::move(sound.microphones);
+    machine.cameras = std::move(sound.cameras);
+    machine.access = std::move(sound.access);
 }
 
-PropertyMap capturedTree(const std::filesystem::path& root, std::shared_ptr<SourceRecord> record) {
+MachineFile capturedTree(const std::filesystem::path& root, std::shared_ptr<SourceRecord> record) {
     const auto tree = CapturedFacts::read(root, std::move(record));
-    PropertyMap map = captureFacts(*tree.machineFacts, *tree.registry, *tree.powerSources);
-    map.merge(recordedSound(root));
-    return map;
+    MachineFile file = captureFacts(*tree.machineFacts, *tree.registry, *tree.powerSources);
+    addRecordedSound(file, root);
+    return file;
 }
 
 void machine(const Arguments& arguments) {
     arguments.words(0);
     const auto record = std::make_shared<SourceRecord>();
     const auto root = arguments.value("--root");
-    PropertyMap map = root ? capturedTree(*root, record) : captureMachine(*makePlatform(record));
-    map["sources"] = record->sources();
-    if (record->leftOut() > 0) map["sourcesLeftOut"] = record->leftOut();
-    ProbeOutput::write(prettyText(map), Content::text, std::nullopt);
+    MachineFile file = root ? capturedTree(*root, record) : captureMachine(*makePlatform(record));
+    file.sources = record->sources();
+    if (record->leftOut() > 0) file.sourcesLeftOut = record->leftOut();
+    ProbeOutput::write(file.encode(), Content::text, std::nullopt);
 }
 
 void report(const Arguments& arguments) {

@@ -34,7 +34,7 @@ std::uint32_t portLocation(int port) {
 
 void showPlugged(SimulatedControls& mac, QListWidget& list) {
     list.clear();
-    for (const RegistryEntry& entry : mac.facts().registry[RegistryClass::usbDevice]) {
+    for (const RegistryEntry& entry : mac.entries(RegistryClass::usbDevice)) {
         if (!entry.properties) continue;
         list.addItem(QStringLiteral("%1  at 0x%2")
                          .arg(QString::fromStdString(
@@ -101,7 +101,7 @@ QGroupBox* ethernetGroup(SimulatedControls& mac) {
     auto* box = new QGroupBox(QStringLiteral("Ethernet"));
     auto* form = formIn(box);
     QStringList names;
-    for (const RegistryEntry& entry : mac.facts().registry[RegistryClass::network])
+    for (const RegistryEntry& entry : mac.entries(RegistryClass::network))
         if (entry.properties)
             names << QString::fromStdString(text(*entry.properties, RegistryKey::interfaceName).value_or(""));
     auto* port = addChoice(form, QStringLiteral("Interface"), names);

@@ -16,10 +16,9 @@ constexpr int quietest = -80, loudest = 0, spoken = -20; // dB
 
 QStringList deviceIDs(SimulatedControls& mac, MediaType type) {
     QStringList ids;
-    const auto& lists = mac.facts().captureDevices;
-    if (const auto list = lists.find(type); list != lists.end())
-        for (const auto& entry : list->second)
-            ids << QString::fromStdString(entry.device.uniqueID);
+    if (const auto& entries = mac.facts().captureEntries(type))
+        for (const auto& entry : *entries)
+            ids << QString::fromStdString(entry.uniqueID);
     return ids;
 }
 
@@ -57,7 +56,7 @@ QComboBox* addDevice(QFormLayout* form, SimulatedControls& mac, MediaType type,
     const auto access =
         addChoice(form, QStringLiteral("Access"), {"Not asked yet", "Restricted", "Denied", "Allowed"},
                   [type, &mac](int index) { mac.setAccess(type, AuthorizationStatus(index)); });
-    access->setCurrentIndex(int(mac.facts().access[type]));
+    access->setCurrentIndex(int(mac.access(type)));
     return device;
 }
 

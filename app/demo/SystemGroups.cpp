@@ -23,7 +23,7 @@ void addNumber(QFormLayout* form, const QString& label, SimulatedControls& mac, 
     number->setRange(-1, most);
     number->setSpecialValueText(QStringLiteral("missing"));
     std::int64_t now = -1;
-    const auto& batteries = mac.facts().registry[RegistryClass::battery];
+    const auto& batteries = mac.entries(RegistryClass::battery);
     if (!batteries.empty() && batteries.front().properties)
         now = integer(*batteries.front().properties, key).value_or(-1);
     number->setValue(int(now));

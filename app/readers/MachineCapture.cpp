@@ -1,10 +1,12 @@
 #include "app/readers/MachineCapture.h"
 
-#include "app/readers/Readers.h"
 #include "kit/hardware/RegistryNames.h"
-#include "kit/support/Text.h"
 
+#include "app/readers/Readers.h"
+
+#include <cmath>
 #include <future>
+#include <utility>
 
 namespace tessivo {
 
@@ -13,55 +15,38 @@ namespace {
 constexpr std::uint32_t global = fourCharCode("glob");
 constexpr std::uint32_t output = fourCharCode("outp");
 
-PropertyMap operatingSystem(const MachineFacts& facts) {
-    const OperatingSystem system = facts.operatingSystem();
-    PropertyMap map{{"major", system.major}, {"minor", system.minor}, {"patch", system.patch}};
-    if (system.title) map["title"] = *system.title;
-    return map;
-}
-
-PropertyMap sysctls(const MachineFacts& facts) {
-    PropertyMap map;
+std::map<std::string, std::string> sysctls(const MachineFacts& facts) {
+    std::map<std::string, std::string> texts;
     for (const char* name : {SystemFact::model, SystemFact::processor, SystemFact::build})
-        if (const auto value = sysctlText(facts, name)) map[name] = *value;
-    return map;
+        if (auto text = sysctlText(facts, name)) texts.emplace(name, *std::move(text));
+    return texts;
 }
 
-PropertyMap entryMap(const RegistryEntry& entry) {
-    PropertyMap map{{"class", entry.className}};
-    if (entry.properties) map["properties"] = *entry.properties;
-    return map;
-}
-
-PropertyMap registryMap(const Registry& registry) {
-    PropertyMap map;
+std::map<std::string, std::vector<RegistryEntry>> registryEntries(const Registry& registry) {
+    std::map<std::string, std::vector<RegistryEntry>> found;
     const std::string network = RegistryClass::network;
-    for (const char* name :
-         {RegistryClass::machine, RegistryClass::battery, RegistryClass::usbDevice, network.c_str()}) {
-        const auto entries = registry.matchingServices(name);
+    for (const std::string& name : {std::string(RegistryClass::machine), std::string(RegistryClass::battery),
+                                    std::string(RegistryClass::usbDevice), network}) {
+        auto entries = registry.matchingServices(name);
         if (!entries) continue;
-        PropertyList list;
-        for (const RegistryEntry& entry : *entries) {
-            PropertyMap map = entryMap(entry);
+        for (RegistryEntry& entry : *entries) {
             // The one parent that a reading asks for.
             const auto parent = name == network ? entry.parent() : nullptr;
-            if (parent) map["parent"] = entryMap(*parent);
-            list.push_back(map);
+            entry.readParent = nullptr;
+            if (parent) entry.setParent({parent->className, parent->properties, nullptr});
         }
-        map[name] = list;
+        found.emplace(name, *std::move(entries));
     }
-    return map;
+    return found;
 }
 
-PropertyMap toolRuns(const SystemTools& tools) {
-    PropertyMap map;
+std::map<std::string, MachineFile::Tool> toolRuns(const SystemTools& tools) {
     const auto run = std::async(std::launch::async, [&] {
                          return tools.run(enrollmentTool, enrollmentArguments(), std::stop_token());
                      }).get();
-    if (run)
-        map[enrollmentTool] =
-            PropertyMap{{"exitStatus", run->exitStatus}, {"output", Text::repaired(run->standardOutput)}};
-    return map;
+    if (!run) return {};
+    const bool fits = std::in_range<std::uint8_t>(run->exitStatus);
+    return {{enrollmentTool, {std::uint8_t(fits ? run->exitStatus : 255), run->standardOutput}}};
 }
 
 std::optional<std::uint32_t> number(const AudioObjects& audio, std::uint32_t object,
@@ -71,90 +56,74 @@ std::optional<std::uint32_t> number(const AudioObjects& audio, std::uint32_t obj
     return values->front();
 }
 
-PropertyMap audioDevice(const AudioObjects& audio, ToneEngine* engine, std::uint32_t id) {
-    PropertyMap properties;
-    if (const auto name = audio.text(id, fourCharCode("lnam"), global)) properties["lnam"] = *name;
-    if (const auto transport = number(audio, id, "tran", global))
-        properties["tran"] = fourCharCode(*transport);
-    if (const auto size = audio.propertyDataSize(id, fourCharCode("stm#"), output))
-        properties["stm#"] = std::int64_t(*size);
-    if (const auto jack = number(audio, id, "jack", output)) properties["jack"] = std::int64_t(*jack);
-    if (const auto source = number(audio, id, "ssrc", output)) {
-        properties["ssrc"] = fourCharCode(*source);
+std::optional<MachineFile::AudioCode> code(std::optional<std::uint32_t> number) {
+    if (!number) return std::nullopt;
+    return MachineFile::AudioCode{*number};
+}
+
+MachineFile::AudioDevice audioDevice(const AudioObjects& audio, ToneEngine* engine, std::uint32_t id) {
+    MachineFile::AudioProperties properties;
+    properties.name = audio.text(id, fourCharCode("lnam"), global);
+    properties.transport = code(number(audio, id, "tran", global));
+    properties.streamsSize = audio.propertyDataSize(id, fourCharCode("stm#"), output);
+    properties.jack = number(audio, id, "jack", output);
+    properties.dataSource = code(number(audio, id, "ssrc", output));
+    if (const auto source = properties.dataSource)
         if (const auto name = audio.translatedText(id, fourCharCode("lscn"), output, *source))
-            properties["lscn"] = PropertyMap{{fourCharCode(*source), *name}};
-    }
-    PropertyMap device{{"id", std::int64_t(id)}, {"properties", properties}};
+            properties.sources = {{*source, *name}};
+    MachineFile::AudioDevice device{id, properties, std::nullopt};
     if (engine && engine->setDevice(id)) {
         const OutputFormat format = engine->outputFormat();
-        device["format"] = PropertyMap{{"sampleRate", format.sampleRate},
-                                       {"channelCount", std::int64_t(format.channelCount)}};
+        device.format = {{std::isfinite(format.sampleRate) ? format.sampleRate : 0}, format.channelCount};
     }
     return device;
 }
 
-PropertyMap audioMap(const AudioObjects& audio, ToneOutput& tones) {
-    PropertyMap map;
-    if (const auto id = number(audio, AudioObjects::systemObject, "dOut", global))
-        map["defaultOutput"] = std::int64_t(*id);
+MachineFile::Audio audioDevices(const AudioObjects& audio, ToneOutput& tones) {
+    MachineFile::Audio found;
+    found.defaultOutput = number(audio, AudioObjects::systemObject, "dOut", global);
     if (const auto ids = audio.numbers(AudioObjects::systemObject, fourCharCode("dev#"), global)) {
         const auto engine = tones.makeEngine();
-        PropertyList devices;
+        found.devices.emplace();
         for (const std::uint32_t id : *ids)
-            devices.push_back(audioDevice(audio, engine.get(), id));
-        map["devices"] = devices;
+            found.devices->push_back(audioDevice(audio, engine.get(), id));
     }
-    return map;
+    return found;
 }
 
-std::optional<PropertyList> captureList(const CaptureDevices& capture, MediaType type) {
+MachineFile::CaptureEntries captureEntries(const CaptureDevices& capture, MediaType type) {
     const CaptureList found = capture.devices(type);
     if (!found.devices) return std::nullopt;
-    PropertyList list;
+    std::vector<MachineFile::CaptureEntry> entries;
     for (const CaptureDevice& device : *found.devices)
-        list.push_back(PropertyMap{{"uniqueID", device.uniqueID}, {"localizedName", device.localizedName}});
-    return list;
-}
-
-const char* statusName(AuthorizationStatus status) {
-    switch (status) {
-    case AuthorizationStatus::notDetermined:
-        return "notDetermined";
-    case AuthorizationStatus::restricted:
-        return "restricted";
-    case AuthorizationStatus::denied:
-        return "denied";
-    case AuthorizationStatus::authorized:
-        return "authorized";
-    }
-    return "notDetermined";
+        entries.push_back({device.uniqueID, device.localizedName, std::nullopt});
+    return entries;
 }
 
 } // namespace
 
-PropertyMap captureFacts(const MachineFacts& facts, const Registry& registry, const PowerSources& sources) {
-    PropertyMap map{
-        {"operatingSystem", operatingSystem(facts)},
-        {"sysctl", sysctls(facts)},
-        {"physicalMemory", std::int64_t(facts.physicalMemory())},
-        {"registry", registryMap(registry)},
-    };
-    if (const auto capacity = readStartupCapacity(facts)) map["startupVolumeTotalCapacity"] = *capacity;
-    if (const auto descriptions = sources.descriptions()) map["powerSources"] = *descriptions;
-    return map;
+MachineFile captureFacts(const MachineFacts& facts, const Registry& registry, const PowerSources& sources) {
+    MachineFile file;
+    file.operatingSystem = facts.operatingSystem();
+    file.sysctl = sysctls(facts);
+    file.physicalMemory = facts.physicalMemory();
+    file.startupVolumeTotalCapacity = readStartupCapacity(facts);
+    file.registry = registryEntries(registry);
+    file.powerSources = sources.descriptions();
+    return file;
 }
 
-PropertyMap captureMachine(Platform& platform) {
+MachineFile captureMachine(Platform& platform) {
     platform.waitForDevices();
     const CaptureDevices& capture = platform.captureDevices();
-    PropertyMap map = captureFacts(platform.machineFacts(), platform.registry(), platform.powerSources());
-    map["tools"] = toolRuns(platform.systemTools());
-    map["audio"] = audioMap(platform.audioObjects(), platform.toneOutput());
-    if (const auto list = captureList(capture, MediaType::audio)) map["microphones"] = *list;
-    if (const auto list = captureList(capture, MediaType::video)) map["cameras"] = *list;
-    map["access"] = PropertyMap{{"audio", statusName(capture.authorizationStatus(MediaType::audio))},
-                                {"video", statusName(capture.authorizationStatus(MediaType::video))}};
-    return map;
+    MachineFile file = captureFacts(platform.machineFacts(), platform.registry(), platform.powerSources());
+    file.tools = toolRuns(platform.systemTools());
+    file.audio = audioDevices(platform.audioObjects(), platform.toneOutput());
+    file.microphones = captureEntries(capture, MediaType::audio);
+    file.cameras = captureEntries(capture, MediaType::video);
+    file.access = {capture.authorizationStatus(MediaType::audio),
+                   capture.authorizationStatus(MediaType::video)};
+    return file;
 }
 
 } // namespace tessivo

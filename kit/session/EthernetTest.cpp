@@ -8,8 +8,8 @@
 namespace tessivo {
 namespace {
 
-constexpr std::int64_t linkUp = 3; ///< "IOLinkStatus": bit 0 is valid, bit 1 is active
-constexpr std::int64_t isUp = 1;   ///< of "IOInterfaceFlags"
+constexpr std::int64_t linkUp = 3; ///< RegistryKey::linkStatus: bit 0 is valid, bit 1 is active
+constexpr std::int64_t isUp = 1;   ///< of RegistryKey::interfaceFlags
 
 /// A number that the system keeps without a sign; a negative one is no reading.
 std::optional<std::int64_t> unsignedInteger(const PropertyMap& map, const std::string& key) {

@@ -26,5 +26,15 @@ enum class DateForm { number, iso8601 };
 /// One line without blanks, or indented by two blanks with the keys sorted at every level.
 enum class Layout { compact, prettySorted };
 
+class Path;
+class Writer;
+struct Value;
+
+/// The form of a type that no description tells. A specialisation holds both ways, side by side:
+///     static T read(const Value& value, const Path& path);
+///     static void write(Writer& writer, const T& value);
+template <class T>
+struct Form;
+
 } // namespace Json
 } // namespace tessivo

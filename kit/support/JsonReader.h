@@ -58,7 +58,9 @@ template <class T>
 class Reader {
 public:
     static T read(const Value& value, const Path& path, DateForm form) {
-        if constexpr (std::same_as<T, bool>) {
+        if constexpr (requires { Form<T>::read(value, path); }) {
+            return Form<T>::read(value, path);
+        } else if constexpr (std::same_as<T, bool>) {
             return readBool(value, path);
         } else if constexpr (std::integral<T>) {
             return readWhole(value, path);

@@ -84,6 +84,12 @@ public:
         close('}');
     }
 
+    template <class T>
+        requires requires(Writer& writer, const T& value) { Form<T>::write(writer, value); }
+    void write(const T& value) {
+        Form<T>::write(*this, value);
+    }
+
     // The pieces of an object or a list, for values that no record describes.
     void open(char bracket);
     void writeKey(std::string_view key);

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "kit/support/Json.h"
+#include "kit/support/JsonReader.h"
+#include "kit/support/JsonWriter.h"
 #include "kit/support/Property.h"
-
-#include <string_view>
 
 namespace tessivo {
 
@@ -15,5 +14,18 @@ PropertyMap parsePropertyMap(std::string_view json);
 /// The map as pretty JSON with sorted keys, which reads back as an equal map. A double that isn't finite,
 /// for which JSON has no word, becomes null.
 std::string prettyText(const PropertyMap& map);
+
+/// A raw value, and with the next a raw map, as a member of a described record.
+template <>
+struct Json::Form<Property> {
+    static Property read(const Value& value, const Path& path);
+    static void write(Writer& writer, const Property& property);
+};
+
+/// Unlike in other maps, null is a value here.
+template <>
+struct Json::Reader<PropertyMap> {
+    static PropertyMap read(const Value& value, const Path& path, DateForm form);
+};
 
 } // namespace tessivo

@@ -2,213 +2,174 @@
 
 #include "kit/hardware/AudioOutputInfo.h"
 #include "kit/support/Files.h"
-#include "kit/support/Json.h"
 #include "kit/support/PropertyJson.h"
 #include "kit/support/Text.h"
 
-#include <limits>
+#include <algorithm>
+#include <charconv>
 #include <system_error>
 
 namespace tessivo {
 
 namespace {
 
-template <class T>
-constexpr const char* typeName = "";
-template <>
-constexpr const char* typeName<bool> = "a boolean";
-template <>
-constexpr const char* typeName<std::int64_t> = "a whole number";
-template <>
-constexpr const char* typeName<std::string> = "a text";
-template <>
-constexpr const char* typeName<PropertyMap> = "an object";
-template <>
-constexpr const char* typeName<PropertyList> = "an array";
+using AudioCode = MachineFile::AudioCode;
+using AudioProperties = MachineFile::AudioProperties;
+using AudioSources = std::map<AudioCode, std::string>;
 
-std::string joinedPath(const std::string& path, const std::string& key) {
-    return path.empty() ? key : path + "." + key;
+AudioCode codeOf(std::string_view text, const Json::Path& path) {
+    AudioCode code;
+    if (text.size() == 4) {
+        for (const char letter : text)
+            code.number = code.number << 8 | std::uint8_t(letter);
+        return code;
+    }
+    const auto end = text.data() + text.size();
+    if (text.size() != 10 || !text.starts_with("0x") ||
+        std::from_chars(text.data() + 2, end, code.number, 16).ptr != end)
+        path.fail("not a code of four letters but " + Json::quoted(text));
+    return code;
 }
 
-/// A value and where it stands in the file.
-struct Value {
-    const Property& property;
-    std::string path;
-
-    template <class T>
-    const T& as() const {
-        if (const auto* value = std::get_if<T>(&property.value)) return *value;
-        throw DecodingError(path, std::string("expected ") + typeName<T>);
-    }
-
-    /// The value of a key of an object; null and a missing key are nothing.
-    std::optional<Value> find(const std::string& key) const {
-        const auto& map = as<PropertyMap>();
-        const auto entry = map.find(key);
-        if (entry == map.end() || std::holds_alternative<std::monostate>(entry->second.value))
-            return std::nullopt;
-        return Value{entry->second, joinedPath(path, key)};
-    }
-
-    Value need(const std::string& key) const {
-        if (auto value = find(key)) return *value;
-        throw DecodingError(joinedPath(path, key), "missing");
-    }
-
-    template <class T>
-    std::optional<T> optional(const std::string& key) const {
-        if (const auto value = find(key)) return value->as<T>();
-        return std::nullopt;
-    }
-
-    template <class Action>
-    void forEachEntry(Action action) const {
-        const auto& list = as<PropertyList>();
-        for (std::size_t i = 0; i < list.size(); ++i)
-            action(Value{list[i], path + "[" + std::to_string(i) + "]"});
-    }
-
-    template <class Action>
-    void forEachKey(Action action) const {
-        for (const auto& entry : as<PropertyMap>())
-            if (const auto value = find(entry.first)) action(entry.first, *value);
-    }
-
-    std::uint32_t number() const {
-        const std::int64_t value = as<std::int64_t>();
-        if (value < 0 || value > std::numeric_limits<std::uint32_t>::max())
-            throw DecodingError(path, "out of range");
-        return std::uint32_t(value);
-    }
-};
-
-std::uint32_t code(const std::string& letters, const std::string& path) {
-    if (letters.size() != 4) throw DecodingError(path, "expected a code of four letters");
-    char text[5] = {letters[0], letters[1], letters[2], letters[3], 0};
-    return fourCharCode(text);
+std::string textOf(AudioCode code) {
+    const std::string letters = fourCharCode(code.number);
+    if (std::ranges::all_of(letters, [](char letter) { return std::uint8_t(letter) < 0x80; })) return letters;
+    char text[11];
+    std::snprintf(text, sizeof text, "0x%08x", unsigned(code.number));
+    return text;
 }
 
-OperatingSystem decodeOperatingSystem(const Value& value) {
-    return {value.optional<std::string>("title"), value.need("major").as<std::int64_t>(),
-            value.need("minor").as<std::int64_t>(), value.need("patch").as<std::int64_t>()};
-}
-
-RegistryEntry decodeEntry(const Value& value) {
-    RegistryEntry entry;
-    entry.className = value.optional<std::string>("class").value_or("");
-    entry.properties = value.optional<PropertyMap>("properties");
-    if (const auto parent = value.find("parent")) entry.setParent(decodeEntry(*parent));
-    return entry;
-}
-
-ToolRun decodeTool(const Value& value) {
-    const Value status = value.need("exitStatus");
-    const auto exitStatus = status.as<std::int64_t>();
-    if (exitStatus < 0 || exitStatus > 255) throw DecodingError(status.path, "out of range");
-    return {int(exitStatus), value.optional<std::string>("output").value_or("")};
-}
-
-MachineFile::AudioDevice decodeAudioDevice(const Value& value) {
-    MachineFile::AudioDevice device;
-    device.id = value.need("id").number();
-    if (const auto properties = value.find("properties")) {
-        device.name = properties->optional<std::string>("lnam");
-        for (const char* selector : {"tran", "ssrc"})
-            if (const auto letters = properties->find(selector))
-                device.numbers[selector] = code(letters->as<std::string>(), letters->path);
-        for (const char* selector : {"stm#", "jack"})
-            if (const auto number = properties->find(selector)) device.numbers[selector] = number->number();
-        if (const auto names = properties->find("lscn"))
-            names->forEachKey([&](const std::string& letters, const Value& name) {
-                device.sources[code(letters, name.path)] = name.as<std::string>();
-            });
-    }
-    if (const auto format = value.find("format")) {
-        device.format.channelCount = format->need("channelCount").number();
-        const Value rate = format->need("sampleRate");
-        device.format.sampleRate = std::holds_alternative<double>(rate.property.value)
-                                       ? rate.as<double>()
-                                       : double(rate.as<std::int64_t>());
-    }
-    return device;
-}
-
-MachineFile::Audio decodeAudio(const Value& value) {
-    MachineFile::Audio audio;
-    if (const auto output = value.find("defaultOutput")) audio.defaultOutput = output->number();
-    if (const auto devices = value.find("devices")) {
-        audio.devices.emplace();
-        devices->forEachEntry(
-            [&](const Value& entry) { audio.devices->push_back(decodeAudioDevice(entry)); });
-    }
-    return audio;
-}
-
-std::vector<MachineFile::CaptureEntry> decodeCaptureDevices(const Value& value) {
-    std::vector<MachineFile::CaptureEntry> devices;
-    value.forEachEntry([&](const Value& entry) {
-        devices.push_back({{entry.need("uniqueID").as<std::string>(),
-                            entry.optional<std::string>("localizedName").value_or("")},
-                           entry.optional<bool>("opens").value_or(true)});
-    });
-    return devices;
-}
-
-AuthorizationStatus decodeStatus(const Value& value) {
-    static const std::map<std::string, AuthorizationStatus> statuses = {
-        {"notDetermined", AuthorizationStatus::notDetermined},
-        {"restricted", AuthorizationStatus::restricted},
-        {"denied", AuthorizationStatus::denied},
-        {"authorized", AuthorizationStatus::authorized}};
-    const auto& word = value.as<std::string>();
-    const auto status = statuses.find(word);
-    if (status == statuses.end()) throw DecodingError(value.path, "unknown case \"" + word + "\"");
-    return status->second;
+/// Every property with its selector, in the order of these.
+template <class Properties, class Visit>
+void forEachProperty(Properties& properties, Visit visit) {
+    visit("jack", properties.jack);
+    visit("lnam", properties.name);
+    visit("lscn", properties.sources);
+    visit("ssrc", properties.dataSource);
+    visit("stm#", properties.streamsSize);
+    visit("tran", properties.transport);
 }
 
 } // namespace
 
-MachineFile MachineFile::decode(const PropertyMap& map) {
-    const Property whole(map);
-    const Value root{whole, ""};
-    MachineFile file;
-    if (const auto value = root.find("operatingSystem")) file.operatingSystem = decodeOperatingSystem(*value);
-    if (const auto value = root.find("sysctl"))
-        value->forEachKey(
-            [&](const std::string& name, const Value& text) { file.sysctl[name] = text.as<std::string>(); });
-    if (const auto value = root.find("physicalMemory")) {
-        const auto bytes = value->as<std::int64_t>();
-        if (bytes < 0) throw DecodingError(value->path, "out of range");
-        file.physicalMemory = std::uint64_t(bytes);
+namespace Json {
+
+template <>
+struct Form<AudioCode> {
+    static AudioCode read(const Value& value, const Path& path) {
+        return codeOf(readText(value, path), path);
     }
-    file.startupVolumeTotalCapacity = root.optional<std::int64_t>("startupVolumeTotalCapacity");
-    if (const auto value = root.find("registry"))
-        value->forEachKey([&](const std::string& className, const Value& entries) {
-            auto& list = file.registry[className];
-            entries.forEachEntry([&](const Value& entry) { list.push_back(decodeEntry(entry)); });
+    static void write(Writer& writer, AudioCode code) { writer.write(textOf(code)); }
+};
+
+template <>
+struct Form<AudioSources> {
+    static AudioSources read(const Value& value, const Path& path) {
+        AudioSources sources;
+        for (auto& [letters, name] : Reader<std::map<std::string, std::string>>::read(value, path, {}))
+            sources.emplace(codeOf(letters, Path(path, letters)), name);
+        return sources;
+    }
+    static void write(Writer& writer, const AudioSources& sources) {
+        std::map<std::string, std::string> texts;
+        for (const auto& [code, name] : sources)
+            texts.emplace(textOf(code), name);
+        writer.write(texts);
+    }
+};
+
+template <>
+struct Form<AudioProperties> {
+    static AudioProperties read(const Value& value, const Path& path) {
+        AudioProperties properties;
+        for (const Value& field : readObject(value, path))
+            forEachProperty(properties, [&](std::string_view selector, auto& property) {
+                using Read = typename std::remove_reference_t<decltype(property)>::value_type;
+                if (field.key != selector) return;
+                property.reset();
+                if (field.type != Value::Type::null)
+                    property = Reader<Read>::read(field, Path(path, selector), {});
+            });
+        return properties;
+    }
+    static void write(Writer& writer, const AudioProperties& properties) {
+        writer.open('{');
+        forEachProperty(properties, [&](std::string_view selector, const auto& property) {
+            if (!property) return;
+            writer.writeKey(selector);
+            writer.write(*property);
         });
-    file.powerSources = root.optional<PropertyList>("powerSources");
-    if (const auto value = root.find("tools"))
-        value->forEachKey(
-            [&](const std::string& path, const Value& tool) { file.tools[path] = decodeTool(tool); });
-    if (const auto value = root.find("audio")) file.audio = decodeAudio(*value);
-    if (const auto value = root.find("microphones"))
-        file.captureDevices[MediaType::audio] = decodeCaptureDevices(*value);
-    if (const auto value = root.find("cameras"))
-        file.captureDevices[MediaType::video] = decodeCaptureDevices(*value);
-    if (const auto value = root.find("access")) {
-        if (const auto audio = value->find("audio")) file.access[MediaType::audio] = decodeStatus(*audio);
-        if (const auto video = value->find("video")) file.access[MediaType::video] = decodeStatus(*video);
+        writer.close('}');
     }
-    return file;
+};
+
+template <>
+struct Form<MachineFile::Fraction> {
+    static MachineFile::Fraction read(const Value& value, const Path& path) {
+        return {readDouble(value, path)};
+    }
+    static void write(Writer& writer, MachineFile::Fraction number) { writer.writeFraction(number.value); }
+};
+
+/// The entry above stands in the entry, and so on.
+template <>
+struct Form<RegistryEntry> {
+    static RegistryEntry read(const Value& value, const Path& path) {
+        RegistryEntry entry;
+        for (const Value& field : readObject(value, path)) {
+            if (field.type == Value::Type::null) continue;
+            const Path here(path, field.key);
+            if (field.key == "class") entry.className = readText(field, here);
+            if (field.key == "parent") entry.setParent(read(field, here));
+            if (field.key == "properties") entry.properties = Reader<PropertyMap>::read(field, here, {});
+        }
+        return entry;
+    }
+    static void write(Writer& writer, const RegistryEntry& entry) {
+        writer.open('{');
+        writer.writeKey("class");
+        writer.write(entry.className);
+        if (const auto parent = entry.parent()) {
+            writer.writeKey("parent");
+            write(writer, *parent);
+        }
+        if (entry.properties) {
+            writer.writeKey("properties");
+            writer.write(*entry.properties);
+        }
+        writer.close('}');
+    }
+};
+
+} // namespace Json
+
+std::optional<std::uint32_t> AudioProperties::number(std::uint32_t selector) const {
+    switch (selector) {
+    case fourCharCode("jack"):
+        return jack;
+    case fourCharCode("ssrc"):
+        return dataSource;
+    case fourCharCode("stm#"):
+        return streamsSize;
+    case fourCharCode("tran"):
+        return transport;
+    default:
+        return std::nullopt;
+    }
 }
 
-PropertyMap loadMachineFile(const std::filesystem::path& path) {
+MachineFile MachineFile::decode(std::string_view json) {
+    return Json::read<MachineFile>(json, Json::DateForm::iso8601);
+}
+
+std::string MachineFile::encode() const {
+    return Json::write(*this, Json::Layout::prettySorted, Json::DateForm::iso8601);
+}
+
+MachineFile loadMachineFile(const std::filesystem::path& path) {
     std::string fault;
     try {
-        PropertyMap map = parsePropertyMap(Files::read(path, MachineFile::largestFile));
-        MachineFile::decode(map);
-        return map;
+        return MachineFile::decode(Files::read(path, MachineFile::largestFile));
     } catch (const std::system_error& error) {
         fault = error.code().message();
     } catch (const DecodingError& error) {

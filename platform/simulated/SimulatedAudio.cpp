@@ -25,7 +25,8 @@ public:
 
     OutputFormat outputFormat() const override {
         const auto* device = currentDevice();
-        return device ? device->format : OutputFormat{};
+        if (!device || !device->format) return {};
+        return {device->format->sampleRate.value, device->format->channelCount};
     }
     bool isRunning() const override { return m_running; }
     bool start() override {
@@ -60,22 +61,15 @@ private:
 
 } // namespace
 
-const MachineFile::AudioDevice* SimulatedMac::audioDevice(std::uint32_t id) const {
-    if (!facts.audio || !facts.audio->devices) return nullptr;
-    const auto device = std::ranges::find(*facts.audio->devices, id, &MachineFile::AudioDevice::id);
-    return device == facts.audio->devices->end() ? nullptr : &*device;
-}
-
-const MachineFile::AudioDevice* SimulatedAudioObjects::device(std::uint32_t object) const {
-    return m_mac.reads(SimulatedReading::audio) ? m_mac.audioDevice(object) : nullptr;
+const MachineFile::AudioProperties* SimulatedAudioObjects::device(std::uint32_t object) const {
+    const auto* device = m_mac.reads(SimulatedReading::audio) ? m_mac.audioDevice(object) : nullptr;
+    return device && device->properties ? &*device->properties : nullptr;
 }
 
 std::optional<std::uint32_t> SimulatedAudioObjects::number(std::uint32_t object, std::uint32_t selector,
                                                            std::uint32_t scope) const {
     const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
-    if (!found) return std::nullopt;
-    const auto value = found->numbers.find(fourCharCode(selector));
-    return value == found->numbers.end() ? std::nullopt : std::optional(value->second);
+    return found ? found->number(selector) : std::nullopt;
 }
 
 bool SimulatedAudioObjects::hasProperty(std::uint32_t object, std::uint32_t selector,
@@ -121,9 +115,9 @@ std::optional<std::string> SimulatedAudioObjects::translatedText(std::uint32_t o
                                                                  std::uint32_t scope,
                                                                  std::uint32_t code) const {
     const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
-    if (!found || selector != fourCharCode("lscn")) return std::nullopt;
-    const auto name = found->sources.find(code);
-    if (name == found->sources.end()) return std::nullopt;
+    if (!found || selector != fourCharCode("lscn") || !found->sources) return std::nullopt;
+    const auto name = found->sources->find({code});
+    if (name == found->sources->end()) return std::nullopt;
     return name->second;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/AudioObjects.h"
 #include "platform/simulated/SimulatedMac.h"
 
 namespace tessivo {
@@ -20,7 +21,7 @@ public:
                                               std::uint32_t scope, std::uint32_t code) const override;
 
 private:
-    const MachineFile::AudioDevice* device(std::uint32_t object) const;
+    const MachineFile::AudioProperties* device(std::uint32_t object) const;
     std::optional<std::uint32_t> number(std::uint32_t object, std::uint32_t selector,
                                         std::uint32_t scope) const;
 

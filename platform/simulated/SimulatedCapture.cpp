@@ -39,6 +39,7 @@ struct SimulatedCapture::Line {
     std::size_t number = 0;
     bool opening = false;
     bool open = false;
+    bool cancelled = false; ///< a start that is under way or still to come ends at once
     bool closing = false;
 
     bool sends() const {
@@ -54,7 +55,7 @@ struct SimulatedCapture::Line {
     /// Waits until the device has opened; false if it was closed instead.
     bool waitUntilOpen(std::unique_lock<std::mutex>& lock) {
         const auto begin = Clock::now();
-        while (!closing) {
+        while (!closing && !cancelled) {
             if (!behaviour.opening) {
                 changed.wait(lock);
             } else if (const auto due = begin + *behaviour.opening; due > Clock::now()) {
@@ -104,7 +105,7 @@ public:
 
     void startRunning() override {
         std::unique_lock lock(m_line->mutex);
-        if (m_line->opening || m_line->open || m_line->closing) return;
+        if (m_line->opening || m_line->open || m_line->closing || m_line->cancelled) return;
         m_line->opening = true;
         const bool opened = m_line->waitUntilOpen(lock);
         const auto fault = m_line->behaviour.fault;
@@ -134,7 +135,7 @@ public:
 
     void cancelStart() override {
         const std::lock_guard lock(m_line->mutex);
-        m_line->closing = true;
+        m_line->cancelled = true;
         m_line->changed.notify_all();
     }
 
@@ -157,18 +158,17 @@ CaptureList SimulatedCapture::devices(MediaType type) const {
     if (const auto fault = m_mac.listFaults.find(type); fault != m_mac.listFaults.end())
         return {.fault = fault->second};
     CaptureList list;
-    if (const auto entries = m_mac.facts.captureDevices.find(type);
-        entries != m_mac.facts.captureDevices.end()) {
+    if (const auto& entries = m_mac.facts.captureEntries(type)) {
         list.devices.emplace();
-        for (const auto& entry : entries->second)
-            list.devices->push_back(entry.device);
+        for (const auto& entry : *entries)
+            list.devices->push_back({entry.uniqueID, entry.localizedName.value_or("")});
     }
     return list;
 }
 
 AuthorizationStatus SimulatedCapture::authorizationStatus(MediaType type) const {
-    const auto status = m_mac.facts.access.find(type);
-    return status == m_mac.facts.access.end() ? AuthorizationStatus::notDetermined : status->second;
+    auto access = m_mac.facts.access.value_or(MachineFile::Access());
+    return access.of(type).value_or(AuthorizationStatus::notDetermined);
 }
 
 void SimulatedCapture::requestAccess(MediaType type, std::function<void(bool)> answer) {
@@ -178,36 +178,32 @@ void SimulatedCapture::requestAccess(MediaType type, std::function<void(bool)> a
             m_prompts.push_back({type, std::move(answer)});
             return;
         }
-        status = m_mac.facts.access[type] = AuthorizationStatus::authorized;
+        status = AuthorizationStatus::authorized;
+        setAccess(type, status);
     }
     answerSoon(std::move(answer), status == AuthorizationStatus::authorized);
 }
 
 void SimulatedCapture::answerSoon(std::function<void(bool)> answer, bool allowed) {
-    m_answers.remove_if([](const Answer& given) { return given.done; });
-    Answer& given = m_answers.emplace_back();
-    given.scheduled = m_scheduler.after(0ms, [&given, answer = std::move(answer), allowed] {
-        answer(allowed);
-        given.done = true;
-    });
+    m_answers.push_back(m_scheduler.after(0ms, [answer = std::move(answer), allowed] { answer(allowed); }));
 }
 
 std::shared_ptr<CaptureSession> SimulatedCapture::makeSession(MediaType type, const std::string& deviceID,
                                                               std::shared_ptr<CaptureDelegate> delegate) {
     if (authorizationStatus(type) != AuthorizationStatus::authorized) return nullptr;
     if (!devices(type).devices) return nullptr;
-    const auto& entries = m_mac.facts.captureDevices.at(type);
-    const auto entry = std::ranges::find_if(
-        entries, [&](const auto& candidate) { return candidate.device.uniqueID == deviceID; });
-    if (entry == entries.end() || !entry->opens) return nullptr;
-    auto line = std::make_shared<Line>(type, std::move(delegate), behaviour(deviceID));
+    const auto& entries = *m_mac.facts.captureEntries(type);
+    const auto entry = std::ranges::find(entries, deviceID, &MachineFile::CaptureEntry::uniqueID);
+    if (entry == entries.end() || !entry->opens.value_or(true)) return nullptr;
+    auto line = std::make_shared<Line>(type, std::move(delegate), m_behaviours[deviceID]);
     std::erase_if(m_lines, [](const auto& known) { return known.second.expired(); });
     m_lines.emplace_back(deviceID, line);
     return std::make_shared<Session>(std::move(line));
 }
 
 void SimulatedCapture::setAccess(MediaType type, AuthorizationStatus status) {
-    m_mac.facts.access[type] = status;
+    if (!m_mac.facts.access) m_mac.facts.access.emplace();
+    m_mac.facts.access->of(type) = status;
     if (status == AuthorizationStatus::notDetermined) return;
     for (auto& prompt : std::exchange(m_prompts, {})) {
         if (prompt.type == type)
@@ -226,11 +222,6 @@ void SimulatedCapture::setBehaviour(const std::string& deviceID, const CaptureBe
     }
 }
 
-CaptureBehaviour SimulatedCapture::behaviour(const std::string& deviceID) const {
-    const auto known = m_behaviours.find(deviceID);
-    return known == m_behaviours.end() ? CaptureBehaviour{} : known->second;
-}
-
 bool SimulatedCapture::deliver(const std::string& deviceID, std::function<void(CaptureDelegate&)> action) {
     const auto candidates = lines(deviceID);
     if (candidates.empty()) return false;
@@ -238,8 +229,8 @@ bool SimulatedCapture::deliver(const std::string& deviceID, std::function<void(C
     const auto& line = candidates.back();
     const auto until = Clock::now() + longestWait;
     std::unique_lock lock(line->mutex);
-    if (!line->changed.wait_until(lock, until, [&] { return line->open || line->closing; }) || line->closing)
-        return false;
+    line->changed.wait_until(lock, until, [&] { return line->open || line->closing || line->cancelled; });
+    if (!line->open || line->closing) return false;
     line->actions.push_back(std::move(action));
     const auto due = ++line->posted;
     line->changed.notify_all();

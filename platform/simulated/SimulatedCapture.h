@@ -3,8 +3,6 @@
 #include "platform/Scheduler.h"
 #include "platform/simulated/SimulatedMac.h"
 
-#include <list>
-
 namespace tessivo {
 
 /// How a simulated microphone or camera behaves once it is asked to open.
@@ -37,7 +35,13 @@ public:
     /// While prompts are held, a question for access waits for `setAccess`; else it is answered with yes.
     void holdPrompts(bool held) { m_promptsHeld = held; }
     void setBehaviour(const std::string& deviceID, const CaptureBehaviour& behaviour);
-    CaptureBehaviour behaviour(const std::string& deviceID) const;
+    /// Changes one thing about a device.
+    template <class T>
+    void behave(const std::string& deviceID, T CaptureBehaviour::* what, T how) {
+        CaptureBehaviour behaviour = m_behaviours[deviceID];
+        behaviour.*what = how;
+        setBehaviour(deviceID, behaviour);
+    }
     /// Runs the action on the thread of the device's session and waits for its end. False if no session
     /// is open on the device within 2 seconds.
     bool deliver(const std::string& deviceID, std::function<void(CaptureDelegate&)> action);
@@ -51,10 +55,6 @@ private:
         MediaType type;
         std::function<void(bool)> answer;
     };
-    struct Answer {
-        std::unique_ptr<Scheduled> scheduled;
-        bool done = false;
-    };
 
     void answerSoon(std::function<void(bool)> answer, bool allowed);
     std::vector<std::shared_ptr<Line>> lines(const std::string& deviceID) const;
@@ -62,7 +62,7 @@ private:
     SimulatedMac& m_mac;
     Scheduler& m_scheduler;
     std::vector<Prompt> m_prompts;
-    std::list<Answer> m_answers;
+    std::vector<std::unique_ptr<Scheduled>> m_answers;
     bool m_promptsHeld = false;
     std::map<std::string, CaptureBehaviour> m_behaviours;
     std::vector<std::pair<std::string, std::weak_ptr<Line>>> m_lines;

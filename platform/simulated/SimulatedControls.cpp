@@ -1,8 +1,8 @@
 #include "platform/simulated/SimulatedControls.h"
 
-#include "kit/hardware/AudioOutputInfo.h"
 #include "kit/hardware/RegistryNames.h"
-#include "platform/simulated/SimulatedTools.h"
+
+#include "kit/hardware/AudioOutputInfo.h"
 
 #include <algorithm>
 
@@ -10,6 +10,7 @@ namespace tessivo {
 
 namespace {
 
+using AudioCode = MachineFile::AudioCode;
 using AudioDevice = MachineFile::AudioDevice;
 
 constexpr std::int64_t linkUp = 3;   // valid and active
@@ -33,10 +34,8 @@ void set(PropertyMap& map, const std::string& key, Property value) {
 }
 
 bool isBuiltInOutput(const AudioDevice& device) {
-    const auto transport = device.numbers.find("tran");
-    const auto streams = device.numbers.find("stm#");
-    return transport != device.numbers.end() && transport->second == fourCharCode("bltn") &&
-           streams != device.numbers.end() && streams->second > 0;
+    return device.properties && device.properties->number(fourCharCode("tran")) == fourCharCode("bltn") &&
+           device.properties->streamsSize.value_or(0) > 0;
 }
 
 } // namespace
@@ -49,9 +48,13 @@ void SimulatedControls::mendReading(SimulatedReading reading) {
     mac().broken.erase(reading);
 }
 
+std::vector<RegistryEntry>& SimulatedControls::entries(const std::string& className) {
+    if (!facts().registry) facts().registry.emplace();
+    return (*facts().registry)[className];
+}
+
 void SimulatedControls::plugUSB(PropertyMap properties) {
-    facts().registry[RegistryClass::usbDevice].push_back(
-        {RegistryClass::usbDevice, std::move(properties), nullptr});
+    entries(RegistryClass::usbDevice).push_back({RegistryClass::usbDevice, std::move(properties), nullptr});
 }
 
 void SimulatedControls::plugUSB(const std::string& name, std::int64_t vendorID, std::int64_t productID,
@@ -65,7 +68,7 @@ void SimulatedControls::plugUSB(const std::string& name, std::int64_t vendorID, 
 }
 
 bool SimulatedControls::unplugUSB(std::uint32_t locationID) {
-    return std::erase_if(facts().registry[RegistryClass::usbDevice], [&](const RegistryEntry& entry) {
+    return std::erase_if(entries(RegistryClass::usbDevice), [&](const RegistryEntry& entry) {
                const auto location =
                    entry.properties ? integer(*entry.properties, RegistryKey::locationID) : std::nullopt;
                return location && (*location == locationID || isBehind(*location, locationID));
@@ -81,7 +84,7 @@ bool SimulatedControls::dropLink(const std::string& bsdName) {
 }
 
 bool SimulatedControls::setLink(const std::string& bsdName, std::int64_t status, std::int64_t bitsPerSecond) {
-    auto& interfaces = facts().registry[RegistryClass::network];
+    auto& interfaces = entries(RegistryClass::network);
     const auto entry = std::ranges::find_if(interfaces, [&](const RegistryEntry& candidate) {
         return candidate.properties && text(*candidate.properties, RegistryKey::interfaceName) == bsdName;
     });
@@ -96,7 +99,7 @@ bool SimulatedControls::setLink(const std::string& bsdName, std::int64_t status,
 }
 
 void SimulatedControls::setBattery(const std::string& key, Property value) {
-    auto& batteries = facts().registry[RegistryClass::battery];
+    auto& batteries = entries(RegistryClass::battery);
     if (batteries.empty()) batteries.push_back({RegistryClass::battery, PropertyMap{}, nullptr});
     auto& properties = batteries.front().properties;
     if (!properties) properties.emplace();
@@ -111,7 +114,7 @@ void SimulatedControls::setPowerSource(const std::string& key, Property value) {
 }
 
 void SimulatedControls::removeBattery() {
-    facts().registry[RegistryClass::battery].clear();
+    entries(RegistryClass::battery).clear();
     facts().powerSources = PropertyList{};
 }
 
@@ -121,15 +124,15 @@ void SimulatedControls::setEnrolled(bool enrolled) {
 }
 
 void SimulatedControls::setEnrollmentAnswer(std::string output, int exitStatus) {
-    m_platform.tools().answer(enrollmentTool, {exitStatus, std::move(output)});
+    tools().answer(enrollmentTool, {exitStatus, std::move(output)});
 }
 
 void SimulatedControls::removeEnrollmentTool() {
-    m_platform.tools().remove(enrollmentTool);
+    tools().remove(enrollmentTool);
 }
 
 void SimulatedControls::hangEnrollmentTool() {
-    m_platform.tools().hang(enrollmentTool);
+    tools().hang(enrollmentTool);
 }
 
 void SimulatedControls::floodEnrollmentTool() {
@@ -137,7 +140,7 @@ void SimulatedControls::floodEnrollmentTool() {
 }
 
 std::size_t SimulatedControls::enrollmentRuns() const {
-    return m_platform.tools().runs().size();
+    return tools().runs().size();
 }
 
 void SimulatedControls::insertHeadphones(JackForm form) {
@@ -152,20 +155,22 @@ void SimulatedControls::insertHeadphones(JackForm form) {
     if (form == JackForm::dataSource) {
         const auto output = std::ranges::find_if(devices, isBuiltInOutput);
         if (output == devices.end()) return;
-        output->numbers["ssrc"] = fourCharCode("hdpn");
-        output->sources.emplace(fourCharCode("hdpn"), "Headphones");
+        output->properties->dataSource = {fourCharCode("hdpn")};
+        if (!output->properties->sources) output->properties->sources.emplace();
+        output->properties->sources->emplace(AudioCode{fourCharCode("hdpn")}, "Headphones");
         return;
     }
-    auto jack = std::ranges::find(devices, jackDeviceName, &AudioDevice::name);
+    auto jack = std::ranges::find_if(devices, [](const AudioDevice& device) {
+        return device.properties && device.properties->name == jackDeviceName;
+    });
     if (jack == devices.end()) {
         std::uint32_t id = AudioObjects::systemObject;
         for (const auto& device : devices)
             id = std::max(id, device.id);
-        devices.push_back(
-            {id + 1, {{"tran", fourCharCode("bltn")}, {"stm#", 4}}, jackDeviceName, {}, {48000, 2}});
-        jack = devices.end() - 1;
+        jack = devices.insert(jack, {.id = id + 1, .format = {{48000, 2}}});
+        jack->properties = {.name = jackDeviceName, .streamsSize = 4, .transport = {{fourCharCode("bltn")}}};
     }
-    jack->numbers["jack"] = 1;
+    jack->properties->jack = 1;
     audio.defaultOutput = jack->id;
 }
 
@@ -174,13 +179,15 @@ void SimulatedControls::pullHeadphones() {
 }
 
 void SimulatedControls::addDevice(MediaType type, CaptureDevice device) {
-    facts().captureDevices[type].push_back({std::move(device), true});
+    auto& entries = facts().captureEntries(type);
+    if (!entries) entries.emplace();
+    entries->push_back({std::move(device.uniqueID), std::move(device.localizedName), std::nullopt});
 }
 
 void SimulatedControls::removeDevice(MediaType type, const std::string& deviceID) {
-    if (const auto list = facts().captureDevices.find(type); list != facts().captureDevices.end())
-        std::erase_if(list->second, [&](const auto& entry) { return entry.device.uniqueID == deviceID; });
-    m_platform.capture().setBehaviour(deviceID, {});
+    if (auto& entries = facts().captureEntries(type))
+        std::erase_if(*entries, [&](const auto& entry) { return entry.uniqueID == deviceID; });
+    capture().setBehaviour(deviceID, {});
 }
 
 void SimulatedControls::failList(MediaType type, std::optional<CaptureList::Fault> fault) {
@@ -191,22 +198,9 @@ void SimulatedControls::failList(MediaType type, std::optional<CaptureList::Faul
 }
 
 void SimulatedControls::setOpens(MediaType type, const std::string& deviceID, bool opens) {
-    if (const auto list = facts().captureDevices.find(type); list != facts().captureDevices.end())
-        for (auto& entry : list->second)
-            if (entry.device.uniqueID == deviceID) entry.opens = opens;
-}
-
-void SimulatedControls::setOpening(const std::string& deviceID,
-                                   std::optional<std::chrono::milliseconds> delay) {
-    auto behaviour = m_platform.capture().behaviour(deviceID);
-    behaviour.opening = delay;
-    m_platform.capture().setBehaviour(deviceID, behaviour);
-}
-
-void SimulatedControls::failOpening(const std::string& deviceID, std::optional<OpenFault> fault) {
-    auto behaviour = m_platform.capture().behaviour(deviceID);
-    behaviour.fault = fault;
-    m_platform.capture().setBehaviour(deviceID, behaviour);
+    if (auto& entries = facts().captureEntries(type))
+        for (auto& entry : *entries)
+            if (entry.uniqueID == deviceID) entry.opens = opens;
 }
 
 bool SimulatedControls::speak(const std::string& microphoneID, double level) {
@@ -214,29 +208,17 @@ bool SimulatedControls::speak(const std::string& microphoneID, double level) {
 }
 
 bool SimulatedControls::feed(const std::string& microphoneID, std::vector<float> samples, int channelCount) {
-    return m_platform.capture().deliver(
-        microphoneID, [samples = std::move(samples), channelCount](CaptureDelegate& delegate) {
-            delegate.audio({samples, channelCount});
-        });
+    return capture().deliver(microphoneID,
+                             [samples = std::move(samples), channelCount](CaptureDelegate& delegate) {
+                                 delegate.audio({samples, channelCount});
+                             });
 }
 
 bool SimulatedControls::sendFrames(const std::string& cameraID, std::size_t count) {
-    return m_platform.capture().deliver(cameraID, [count](CaptureDelegate& delegate) {
+    return capture().deliver(cameraID, [count](CaptureDelegate& delegate) {
         for (std::size_t frame = 0; frame < count; ++frame)
             delegate.video(testPicture(frame));
     });
-}
-
-void SimulatedControls::keepSpeaking(const std::string& microphoneID, std::optional<double> level) {
-    auto behaviour = m_platform.capture().behaviour(microphoneID);
-    behaviour.level = level;
-    m_platform.capture().setBehaviour(microphoneID, behaviour);
-}
-
-void SimulatedControls::keepSending(const std::string& cameraID, bool sends) {
-    auto behaviour = m_platform.capture().behaviour(cameraID);
-    behaviour.sendsFrames = sends;
-    m_platform.capture().setBehaviour(cameraID, behaviour);
 }
 
 void SimulatedControls::touch(const std::vector<FingerPosition>& fingers) {

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "kit/hardware/RegistryNames.h"
-#include "platform/simulated/SimulatedCapture.h"
 #include "platform/simulated/SimulatedPlatform.h"
-#include "platform/simulated/SimulatedWording.h"
 
 namespace tessivo {
 
@@ -27,6 +24,8 @@ public:
     void setHardwareKeys(std::optional<HardwareKeys> keys) { mac().hardwareKeys = std::move(keys); }
     /// The raw facts themselves; what is changed here is read from now on.
     MachineFile& facts() { return mac().facts; }
+    /// The entries of a class of the registry, which can be searched from now on.
+    std::vector<RegistryEntry>& entries(const std::string& className);
 
     // USB
     /// A device by its raw registry properties.
@@ -61,11 +60,10 @@ public:
     const std::vector<ScheduledTone>& tones() const { return mac().tones; }
 
     // Microphones and cameras
-    void setAccess(MediaType type, AuthorizationStatus status) {
-        m_platform.capture().setAccess(type, status);
-    }
+    void setAccess(MediaType type, AuthorizationStatus status) { capture().setAccess(type, status); }
+    AuthorizationStatus access(MediaType type) const { return capture().authorizationStatus(type); }
     /// While held, a question for access waits for `setAccess`; else it is answered with yes.
-    void holdPrompts(bool held) { m_platform.capture().holdPrompts(held); }
+    void holdPrompts(bool held) { capture().holdPrompts(held); }
     void addDevice(MediaType type, CaptureDevice device);
     /// A session on the device gets nothing more.
     void removeDevice(MediaType type, const std::string& deviceID);
@@ -74,19 +72,27 @@ public:
     /// Whether the device can be opened at all.
     void setOpens(MediaType type, const std::string& deviceID, bool opens);
     /// How long the device takes to open; nothing: it never does.
-    void setOpening(const std::string& deviceID, std::optional<std::chrono::milliseconds> delay);
+    void setOpening(const std::string& deviceID, std::optional<std::chrono::milliseconds> delay) {
+        capture().behave(deviceID, &CaptureBehaviour::opening, delay);
+    }
     /// What a session on the device finds when it opens; nothing: it opens.
-    void failOpening(const std::string& deviceID, std::optional<OpenFault> fault);
+    void failOpening(const std::string& deviceID, std::optional<OpenFault> fault) {
+        capture().behave(deviceID, &CaptureBehaviour::fault, fault);
+    }
     /// A session is open or opening on the device.
-    bool isOpen(const std::string& deviceID) const { return m_platform.capture().isOpen(deviceID); }
+    bool isOpen(const std::string& deviceID) const { return capture().isOpen(deviceID); }
     /// One buffer of 20 ms at the level in dB. This and the next two return when the session's thread has
     /// delivered, with false if no session is open on the device.
     bool speak(const std::string& microphoneID, double level);
     bool feed(const std::string& microphoneID, std::vector<float> samples, int channelCount);
     bool sendFrames(const std::string& cameraID, std::size_t count);
     /// Buffers at the level without end, as long as a session is open; nothing: no more.
-    void keepSpeaking(const std::string& microphoneID, std::optional<double> level);
-    void keepSending(const std::string& cameraID, bool sends);
+    void keepSpeaking(const std::string& microphoneID, std::optional<double> level) {
+        capture().behave(microphoneID, &CaptureBehaviour::level, level);
+    }
+    void keepSending(const std::string& cameraID, bool sends) {
+        capture().behave(cameraID, &CaptureBehaviour::sendsFrames, sends);
+    }
 
     // Trackpad; both do nothing while nobody listens
     bool trackpadIsWatched() const { return bool(mac().fingers.touches); }
@@ -110,10 +116,12 @@ public:
     void setPaper(std::optional<Paper> paper) { mac().paper = paper; }
     void setFeedURL(std::optional<std::string> url) { mac().feedURL = std::move(url); }
     std::size_t updateChecks() const { return mac().updateChecks; }
-    SimulatedWording& wording() { return m_platform.wording(); }
+    SimulatedWording& wording() { return m_platform.m_wordingService; }
 
 private:
-    SimulatedMac& mac() const { return m_platform.mac(); }
+    SimulatedMac& mac() const { return m_platform.m_mac; }
+    SimulatedCapture& capture() const { return m_platform.m_captureDevices; }
+    SimulatedTools& tools() const { return m_platform.m_systemTools; }
     bool setLink(const std::string& bsdName, std::int64_t status, std::int64_t bitsPerSecond);
 
     SimulatedPlatform& m_platform;

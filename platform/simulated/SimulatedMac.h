@@ -62,6 +62,15 @@ struct SimulatedMac {
     std::size_t updateChecks = 0;
 
     bool reads(SimulatedReading reading) const { return !broken.contains(reading); }
+    /// Whether the reading that a name of the system belongs to works.
+    bool reads(const std::string& name) const;
+    /// What a part of the facts holds under a name that can be read; else null.
+    template <class Entry>
+    const Entry* find(const std::optional<std::map<std::string, Entry>>& part,
+                      const std::string& name) const {
+        const bool has = part && part->contains(name) && reads(name);
+        return has ? &part->at(name) : nullptr;
+    }
     /// Null if there is no such device.
     const MachineFile::AudioDevice* audioDevice(std::uint32_t id) const;
 };

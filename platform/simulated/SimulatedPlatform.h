@@ -1,13 +1,18 @@
 #pragma once
 
+#include "platform/KeyCodeTable.h"
 #include "platform/Platform.h"
-#include "platform/simulated/SimulatedMac.h"
+#include "platform/simulated/SimulatedAudio.h"
+#include "platform/simulated/SimulatedCapture.h"
+#include "platform/simulated/SimulatedDefaults.h"
+#include "platform/simulated/SimulatedDesk.h"
+#include "platform/simulated/SimulatedFolders.h"
+#include "platform/simulated/SimulatedMachineFacts.h"
+#include "platform/simulated/SimulatedRegistry.h"
+#include "platform/simulated/SimulatedTools.h"
+#include "platform/simulated/SimulatedWording.h"
 
 namespace tessivo {
-
-class SimulatedCapture;
-class SimulatedTools;
-class SimulatedWording;
 
 /// A Mac from a machine file. It gives back what the file holds and records what it is asked to do; it
 /// holds no arithmetic and no wording. `SimulatedControls` changes it while it runs; a change is signalled
@@ -21,37 +26,47 @@ public:
     };
 
     /// The scheduler outlives the platform: one moved by hand in tests, the event loop's in the demo.
-    /// Throws DecodingError if the map isn't a machine file.
-    SimulatedPlatform(const PropertyMap& machine, Scheduler& scheduler, const Storage& storage = {});
-    ~SimulatedPlatform() override;
+    SimulatedPlatform(MachineFile machine, Scheduler& scheduler, const Storage& storage = {})
+        : m_scheduler(scheduler),
+          m_mac{std::move(machine)},
+          m_defaults(m_mac, storage.defaults),
+          m_folders(storage.applicationSupport) {}
 
-    Scheduler& scheduler() override;
-    MachineFacts& machineFacts() override;
-    Registry& registry() override;
-    PowerSources& powerSources() override;
-    SystemTools& systemTools() override;
-    AudioObjects& audioObjects() override;
-    ToneOutput& toneOutput() override;
-    CaptureDevices& captureDevices() override;
-    KeyCodes& keyCodes() override;
-    FingerTouches& fingerTouches() override;
-    Defaults& defaults() override;
-    Folders& folders() override;
-    Desktop& desktop() override;
-    UpdateFramework& updateFramework() override;
-    WordingService& wordingService() override;
+    Scheduler& scheduler() override { return m_scheduler; }
+    MachineFacts& machineFacts() override { return m_machineFacts; }
+    Registry& registry() override { return m_registry; }
+    PowerSources& powerSources() override { return m_powerSources; }
+    SystemTools& systemTools() override { return m_systemTools; }
+    AudioObjects& audioObjects() override { return m_audioObjects; }
+    ToneOutput& toneOutput() override { return m_toneOutput; }
+    CaptureDevices& captureDevices() override { return m_captureDevices; }
+    KeyCodes& keyCodes() override { return m_keyCodes; }
+    FingerTouches& fingerTouches() override { return m_fingerTouches; }
+    Defaults& defaults() override { return m_defaults; }
+    Folders& folders() override { return m_folders; }
+    Desktop& desktop() override { return m_desktop; }
+    UpdateFramework& updateFramework() override { return m_updateFramework; }
+    WordingService& wordingService() override { return m_wordingService; }
 
 private:
     friend class SimulatedControls;
-    struct Parts;
-
-    SimulatedMac& mac();
-    SimulatedCapture& capture();
-    SimulatedTools& tools();
-    SimulatedWording& wording();
 
     Scheduler& m_scheduler;
-    std::unique_ptr<Parts> m_parts;
+    SimulatedMac m_mac;
+    SimulatedMachineFacts m_machineFacts{m_mac};
+    SimulatedRegistry m_registry{m_mac};
+    SimulatedPowerSources m_powerSources{m_mac};
+    SimulatedTools m_systemTools{m_mac.facts};
+    SimulatedAudioObjects m_audioObjects{m_mac};
+    SimulatedToneOutput m_toneOutput{m_mac};
+    SimulatedCapture m_captureDevices{m_mac, m_scheduler};
+    KeyCodeTable m_keyCodes;
+    SimulatedFingers m_fingerTouches{m_mac};
+    SimulatedDefaults m_defaults;
+    SimulatedFolders m_folders;
+    SimulatedDesktop m_desktop{m_mac};
+    SimulatedUpdates m_updateFramework{m_mac};
+    SimulatedWording m_wordingService;
 };
 
 } // namespace tessivo

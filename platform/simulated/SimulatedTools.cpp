@@ -2,9 +2,10 @@
 
 namespace tessivo {
 
-SimulatedTools::SimulatedTools(const std::map<std::string, ToolRun>& tools) {
-    for (const auto& [path, run] : tools)
-        answer(path, run);
+SimulatedTools::SimulatedTools(const MachineFile& machine) {
+    if (!machine.tools) return;
+    for (const auto& [path, tool] : *machine.tools)
+        answer(path, {tool.exitStatus, tool.output.value_or("")});
 }
 
 std::optional<ToolRun> SimulatedTools::run(const std::string& executable,

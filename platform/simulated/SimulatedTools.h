@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/SystemTools.h"
+#include "platform/simulated/MachineFile.h"
 
 #include <condition_variable>
-#include <map>
 #include <mutex>
 
 namespace tessivo {
@@ -11,7 +11,7 @@ namespace tessivo {
 /// The system tools of a simulated Mac, by path. Any thread.
 class SimulatedTools final : public SystemTools {
 public:
-    explicit SimulatedTools(const std::map<std::string, ToolRun>& tools);
+    explicit SimulatedTools(const MachineFile& machine);
 
     std::optional<ToolRun> run(const std::string& executable, const std::vector<std::string>& arguments,
                                std::stop_token stop) const override;

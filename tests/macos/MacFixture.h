@@ -22,8 +22,7 @@ protected:
         system.reset();
         static std::map<std::string, MachineFile> machines;
         if (!machines.contains(machine))
-            machines[machine] =
-                MachineFile::decode(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / machine));
+            machines[machine] = loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / machine);
         system.load(machines.at(machine));
     }
     StandIn::Service& addService(const std::string& name, const std::string& className,

@@ -106,7 +106,7 @@ protected:
 TEST_F(Playing, followsThePersonsChoiceUntilADeviceIsNamed) {
     const auto engine = MacToneOutput().makeEngine();
     for (auto& each : *system.audio.devices)
-        each.format = {.sampleRate = 44100.0 + each.id, .channelCount = each.id};
+        each.format = {.sampleRate = {44100.0 + each.id}, .channelCount = each.id};
     EXPECT_EQ(engine->outputFormat().channelCount, *system.audio.defaultOutput);
     ASSERT_TRUE(engine->start());
     EXPECT_TRUE(engine->isRunning());

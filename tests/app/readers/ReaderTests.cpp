@@ -14,7 +14,7 @@ namespace {
 using testing::ElementsAre;
 
 struct Mac {
-    explicit Mac(const std::string& json) : platform(parsePropertyMap(json), clock) {}
+    explicit Mac(const std::string& json) : platform(MachineFile::decode(json), clock) {}
 
     ManualScheduler clock;
     SimulatedPlatform platform;
@@ -94,11 +94,75 @@ TEST(Readers, audioOutputsComeInThePlatformsOrderWithWhatCanBeRead) {
 
 TEST(MachineCapture, aListThatCouldntBeReadIsLeftOut) {
     Mac unread{"{}"}, none{R"({"microphones": [], "cameras": []})"};
-    const PropertyMap left = captureMachine(unread.platform), empty = captureMachine(none.platform);
+    const PropertyMap left = parsePropertyMap(captureMachine(unread.platform).encode()),
+                      empty = parsePropertyMap(captureMachine(none.platform).encode());
     for (const char* kind : {"microphones", "cameras"}) {
         EXPECT_FALSE(left.contains(kind));
         EXPECT_EQ(empty.at(kind), Property(PropertyList{}));
     }
+}
+
+TEST(MachineCapture, whatIsReadIsWrittenAgainToTheLetter) {
+    std::vector<std::pair<std::string, std::string>> files;
+    for (const auto& entry : std::filesystem::directory_iterator(TESSIVO_MACHINES))
+        files.emplace_back(entry.path().filename(), prettyText(parsePropertyMap(bytesOf(entry.path()))));
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::path(TESSIVO_TEST_DATA) / "trees")) {
+        if (entry.path().extension() != ".tree") continue;
+        const CapturedTree tree(entry.path().stem());
+        const auto record = std::make_shared<SourceRecord>();
+        LinuxPlatform computer(tree.path(), record);
+        MachineFile captured = captureMachine(computer);
+        captured.sources = record->sources();
+        captured.sourcesLeftOut = record->leftOut();
+        files.emplace_back(entry.path().filename(), captured.encode());
+    }
+    // Codes that aren't letters, and numbers of every kind.
+    files.emplace_back("odd", R"({
+  "audio": {
+    "devices": [
+      {
+        "id": 4294967295,
+        "properties": {
+          "lscn": {
+            "0xc8000001": "Optical"
+          },
+          "ssrc": "0xc8000001",
+          "tran": "\u0000\u0000\u0000\u0000"
+        }
+      }
+    ]
+  },
+  "physicalMemory": 18446744073709551615,
+  "registry": {
+    "A": [
+      {
+        "class": "",
+        "parent": {
+          "class": "B",
+          "parent": {
+            "class": "C"
+          }
+        },
+        "properties": {
+          "empty": null,
+          "fraction": 3.0,
+          "list": [
+            true,
+            [],
+            {}
+          ],
+          "whole": -9223372036854775808,
+          "wide": 1.8446744073709552e19
+        }
+      }
+    ]
+  }
+}
+)");
+    for (const auto& [name, text] : files)
+        EXPECT_EQ(MachineFile::decode(text).encode(), text) << name;
+    EXPECT_GE(files.size(), 35u);
 }
 
 TEST(MachineCapture, aReplayedComputerReadsLikeItself) {
@@ -107,9 +171,9 @@ TEST(MachineCapture, aReplayedComputerReadsLikeItself) {
         SCOPED_TRACE(name);
         const CapturedTree tree(name);
         LinuxPlatform computer(tree.path());
-        const PropertyMap captured = parsePropertyMap(prettyText(captureMachine(computer)));
+        const std::string captured = captureMachine(computer).encode();
         ManualScheduler clock;
-        SimulatedPlatform replayed(captured, clock);
+        SimulatedPlatform replayed(MachineFile::decode(captured), clock);
 
         EXPECT_EQ(readMachineInfo(replayed.machineFacts(), replayed.registry()),
                   readMachineInfo(computer.machineFacts(), computer.registry()));
@@ -117,7 +181,7 @@ TEST(MachineCapture, aReplayedComputerReadsLikeItself) {
                   readBattery(computer.registry(), computer.powerSources()));
         EXPECT_EQ(readUSBDevices(replayed.registry()), readUSBDevices(computer.registry()));
         EXPECT_EQ(readWiredInterfaces(replayed.registry()), readWiredInterfaces(computer.registry()));
-        EXPECT_EQ(prettyText(captureMachine(replayed)), prettyText(captured));
+        EXPECT_EQ(captureMachine(replayed).encode(), captured);
     }
 }
 

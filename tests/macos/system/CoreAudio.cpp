@@ -52,11 +52,12 @@ std::optional<std::string> data(std::uint32_t object, const AudioObjectPropertyA
     const auto* device = deviceOf(object);
     const bool isGlobal = selector == "tran" || selector == "lnam";
     if (!device || address.mScope != (isGlobal ? global : output)) return std::nullopt;
-    if (selector == "lnam" && device->name) return std::string(sizeof(CFStringRef), '\0');
+    const auto properties = device->properties.value_or(MachineFile::AudioProperties());
+    if (selector == "lnam" && properties.name) return std::string(sizeof(CFStringRef), '\0');
     if (selector == "lscn") return std::string(sizeof(AudioValueTranslation), '\0');
-    const auto value = device->numbers.find(selector);
-    if (value == device->numbers.end()) return std::nullopt;
-    return selector == "stm#" ? std::string(value->second, '\0') : numbers({value->second});
+    const auto value = properties.number(address.mSelector);
+    if (!value) return std::nullopt;
+    return selector == "stm#" ? std::string(*value, '\0') : numbers({*value});
 }
 
 void give(const std::string& text, const char* call, void* to) {
@@ -100,13 +101,15 @@ OSStatus AudioObjectGetPropertyData(AudioObjectID object, const AudioObjectPrope
     if (!bytes) return unknownProperty;
     const auto* device = deviceOf(object);
     if (address->mSelector == kAudioObjectPropertyName) {
-        give(*device->name, "AudioObjectGetPropertyData", to);
+        give(*device->properties->name, "AudioObjectGetPropertyData", to);
     } else if (address->mSelector == kAudioDevicePropertyDataSourceNameForIDCFString) {
         const auto* translation = static_cast<const AudioValueTranslation*>(to);
         std::uint32_t code = 0;
         std::memcpy(&code, translation->mInputData, sizeof code);
-        const auto name = device->sources.find(code);
-        if (name == device->sources.end()) return unknownProperty;
+        const auto sources =
+            device->properties->sources.value_or(std::map<MachineFile::AudioCode, std::string>());
+        const auto name = sources.find({code});
+        if (name == sources.end()) return unknownProperty;
         give(name->second, "the translation", translation->mOutputData);
     } else {
         *size = std::min(*size, UInt32(bytes->size()));
@@ -181,8 +184,9 @@ OSStatus AudioUnitGetProperty(AudioUnit unit, UInt32 property, UInt32 scope, Aud
         return badProperty;
     AudioStreamBasicDescription format{};
     // The side of the device; on the other one is what the program set.
-    format.mSampleRate = scope == kAudioUnitScope_Output ? device->format.sampleRate : unit->clientRate;
-    format.mChannelsPerFrame = scope == kAudioUnitScope_Output ? device->format.channelCount : 2;
+    format.mSampleRate =
+        scope == kAudioUnitScope_Output ? device->format->sampleRate.value : unit->clientRate;
+    format.mChannelsPerFrame = scope == kAudioUnitScope_Output ? device->format->channelCount : 2;
     std::memcpy(value, &format, sizeof format);
     return noErr;
 }

@@ -22,13 +22,13 @@ void StandIn::reset() {
 }
 
 void StandIn::load(const MachineFile& machine) {
-    const auto& system = machine.operatingSystem;
-    for (const auto& [name, value] : machine.sysctl)
+    const OperatingSystem system = machine.operatingSystem.value_or(OperatingSystem());
+    const std::uint64_t memory = machine.physicalMemory.value_or(0);
+    for (const auto& [name, value] : machine.sysctl.value_or(std::map<std::string, std::string>()))
         sysctl[name] = value + '\0';
     sysctl["kern.osproductversion"] = std::to_string(system.major) + "." + std::to_string(system.minor) +
                                       (system.patch ? "." + std::to_string(system.patch) : "") + '\0';
-    sysctl["hw.memsize"] =
-        std::string(reinterpret_cast<const char*>(&machine.physicalMemory), sizeof machine.physicalMemory);
+    sysctl["hw.memsize"] = std::string(reinterpret_cast<const char*>(&memory), sizeof memory);
     if (machine.startupVolumeTotalCapacity) capacity = keep(*machine.startupVolumeTotalCapacity);
     const std::function<std::shared_ptr<Service>(const RegistryEntry&)> service =
         [&](const RegistryEntry& entry) {
@@ -38,9 +38,10 @@ void StandIn::load(const MachineFile& machine) {
             if (const auto parent = entry.parent()) out->parent = service(*parent);
             return out;
         };
-    for (const auto& [name, entries] : machine.registry)
-        for (const RegistryEntry& entry : entries)
-            services[name].push_back(service(entry));
+    if (machine.registry)
+        for (const auto& [name, entries] : *machine.registry)
+            for (const RegistryEntry& entry : entries)
+                services[name].push_back(service(entry));
     if (machine.powerSources) {
         powerSources.emplace();
         for (const Property& source : *machine.powerSources)

@@ -18,7 +18,7 @@ TEST_F(ReadingPagesTests, aLinkThatComesUpWhileThePageIsOpenReadsSo) {
     EXPECT_TRUE(shown("Ethernet (en0)"));
     EXPECT_TRUE(shown("No link: plug in a cable"));
     EXPECT_TRUE(shown("Plug in a cable from a router or switch"));
-    auto& flags = (*controls->facts().registry["IONetworkInterface"].front().properties)["IOInterfaceFlags"];
+    auto& flags = (*controls->entries("IONetworkInterface").front().properties)["IOInterfaceFlags"];
     flags = 0x1002;
     pass(1s);
     EXPECT_TRUE(shown("The port is switched off in the system's settings."));

@@ -56,7 +56,7 @@ TEST_F(SpeakersTests, whatIsToldFitsWhatIsHeard) {
     open(Page::speakers);
     press("Left speaker", "Heard it clearly?");
     for (const std::string& name : oddNames) {
-        output().name = name;
+        output().properties->name = name;
         press("Left speaker", "Play Tone");
         EXPECT_EQ(state().speakers.outputName, name);
         EXPECT_TRUE(shown("Left speaker was answered for another output: MacBook Air Speakers"));
@@ -76,8 +76,8 @@ TEST_F(SpeakersTests, anOutputThatComesWhileThePageIsOpenChangesNothingBeforeATo
     open(Page::speakers);
     press("Left speaker", "Heard it clearly?");
     pass(5s);
-    output().name = "Headset";
-    output().format.channelCount = 1;
+    output().properties->name = "Headset";
+    output().format->channelCount = 1;
     const auto writes = controls->defaultsWrites();
     pass(60s);
     EXPECT_TRUE(shown("Playing through: MacBook Air Speakers"));
@@ -91,13 +91,13 @@ TEST_F(SpeakersTests, anOutputThatComesWhileThePageIsOpenChangesNothingBeforeATo
     press("Right speaker", "Heard it clearly?");
     EXPECT_EQ(elsewhere(), "Left speaker was answered for another output: MacBook Air Speakers");
 
-    output().name = "MacBook Air Speakers";
+    output().properties->name = "MacBook Air Speakers";
     close();
     open(Page::speakers);
     EXPECT_EQ(elsewhere(), "Your answers were given for another output: Headset");
     EXPECT_EQ(state().speakers.channels, 1) << "read as the page appears";
     EXPECT_EQ(state().speakers.left, ManualAnswer::works);
-    output().format.channelCount = 2;
+    output().format->channelCount = 2;
     model->change([](SessionState& session) { session.speakers.left = session.speakers.right = {}; });
     EXPECT_EQ(elsewhere(), "");
     press("Speaker", "Play Tone");
@@ -122,11 +122,11 @@ TEST_F(SpeakersTests, theOutputIsReadUntilItsChannelsAreKnown) {
     EXPECT_EQ(state().speakers.outputName, "Old Speakers") << "what was answered for is kept";
     EXPECT_EQ(state().speakers.channels, 2);
     controls->facts().audio = audio;
-    output().format.channelCount = 1;
+    output().format->channelCount = 1;
     pass(1s);
     EXPECT_EQ(state().speakers.channels, 1);
     EXPECT_TRUE(shown("Playing through: MacBook Air Speakers"));
-    output().format.channelCount = 2;
+    output().format->channelCount = 2;
     pass(60s);
     EXPECT_EQ(state().speakers.channels, 1) << "read once";
     model->reset();
@@ -137,7 +137,7 @@ TEST_F(SpeakersTests, theOutputIsReadUntilItsChannelsAreKnown) {
     open(Page::speakers);
     close();
     controls->facts().audio = audio;
-    output().name = "Another Speaker";
+    output().properties->name = "Another Speaker";
     pass(5s);
     EXPECT_NE(state().speakers.outputName, "Another Speaker") << "nothing is read while the page is closed";
 }
