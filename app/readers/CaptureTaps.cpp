@@ -8,6 +8,16 @@
 
 namespace tessivo {
 
+void CaptureTap::openFailed(OpenFault fault) {
+    const std::lock_guard lock(m_mutex);
+    m_fault = fault;
+}
+
+std::optional<OpenFault> CaptureTap::fault() const {
+    const std::lock_guard lock(m_mutex);
+    return m_fault;
+}
+
 void LevelTap::audio(const AudioBuffer& buffer) {
     const auto level = LevelMeter::loudestChannel(buffer.samples, buffer.channelCount);
     if (!level) return;
@@ -24,31 +34,11 @@ std::optional<float> LevelTap::take() {
     return std::exchange(m_peak, std::nullopt);
 }
 
-void LevelTap::openFailed(OpenFault fault) {
-    const std::lock_guard lock(m_mutex);
-    m_fault = fault;
-}
-
-std::optional<OpenFault> LevelTap::fault() const {
-    const std::lock_guard lock(m_mutex);
-    return m_fault;
-}
-
 void FrameTap::video(const QImage& frame) {
     QImage old; // let go of outside the lock
     const std::lock_guard lock(m_mutex);
     ++m_frames;
     old = std::exchange(m_newest, frame);
-}
-
-void FrameTap::openFailed(OpenFault fault) {
-    const std::lock_guard lock(m_mutex);
-    m_fault = fault;
-}
-
-std::optional<OpenFault> FrameTap::fault() const {
-    const std::lock_guard lock(m_mutex);
-    return m_fault;
 }
 
 std::int64_t FrameTap::frames() const {

@@ -24,14 +24,13 @@ std::map<std::string, std::string> sysctls(const MachineFacts& facts) {
 
 std::map<std::string, std::vector<RegistryEntry>> registryEntries(const Registry& registry) {
     std::map<std::string, std::vector<RegistryEntry>> found;
-    const std::string network = RegistryClass::network;
-    for (const std::string& name : {std::string(RegistryClass::machine), std::string(RegistryClass::battery),
-                                    std::string(RegistryClass::usbDevice), network}) {
+    for (const std::string name :
+         {RegistryClass::machine, RegistryClass::battery, RegistryClass::usbDevice, RegistryClass::network}) {
         auto entries = registry.matchingServices(name);
         if (!entries) continue;
         for (RegistryEntry& entry : *entries) {
             // The one parent that a reading asks for.
-            const auto parent = name == network ? entry.parent() : nullptr;
+            const auto parent = name == RegistryClass::network ? entry.parent() : nullptr;
             entry.readParent = nullptr;
             if (parent) entry.setParent({parent->className, parent->properties, nullptr});
         }
@@ -56,18 +55,13 @@ std::optional<std::uint32_t> number(const AudioObjects& audio, std::uint32_t obj
     return values->front();
 }
 
-std::optional<MachineFile::AudioCode> code(std::optional<std::uint32_t> number) {
-    if (!number) return std::nullopt;
-    return MachineFile::AudioCode{*number};
-}
-
 MachineFile::AudioDevice audioDevice(const AudioObjects& audio, ToneEngine* engine, std::uint32_t id) {
     MachineFile::AudioProperties properties;
     properties.name = audio.text(id, fourCharCode("lnam"), global);
-    properties.transport = code(number(audio, id, "tran", global));
+    properties.transport = number(audio, id, "tran", global);
     properties.streamsSize = audio.propertyDataSize(id, fourCharCode("stm#"), output);
     properties.jack = number(audio, id, "jack", output);
-    properties.dataSource = code(number(audio, id, "ssrc", output));
+    properties.dataSource = number(audio, id, "ssrc", output);
     if (const auto source = properties.dataSource)
         if (const auto name = audio.translatedText(id, fourCharCode("lscn"), output, *source))
             properties.sources = {{*source, *name}};

@@ -20,9 +20,10 @@ struct MachineFile {
     /// A number of the audio system that stands for four letters, such as "bltn". One that isn't of ASCII
     /// letters is written "0x000000c8".
     struct AudioCode {
-        std::uint32_t number = 0;
-
+        AudioCode(std::uint32_t number = 0) : number(number) {}
         operator std::uint32_t() const { return number; }
+
+        std::uint32_t number;
     };
     /// What an audio device tells under its selectors.
     struct AudioProperties {

@@ -116,7 +116,7 @@ std::optional<std::string> SimulatedAudioObjects::translatedText(std::uint32_t o
                                                                  std::uint32_t code) const {
     const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
     if (!found || selector != fourCharCode("lscn") || !found->sources) return std::nullopt;
-    const auto name = found->sources->find({code});
+    const auto name = found->sources->find(code);
     if (name == found->sources->end()) return std::nullopt;
     return name->second;
 }

@@ -25,10 +25,12 @@ constexpr auto longestWait = 2s;
 
 /// What a session, its thread and the controls share.
 struct SimulatedCapture::Line {
-    Line(MediaType type, std::shared_ptr<CaptureDelegate> delegate, CaptureBehaviour behaviour)
-        : type(type), delegate(std::move(delegate)), behaviour(behaviour) {}
+    Line(MediaType type, std::string device, std::shared_ptr<CaptureDelegate> delegate,
+         CaptureBehaviour behaviour)
+        : type(type), device(std::move(device)), delegate(std::move(delegate)), behaviour(behaviour) {}
 
     const MediaType type;
+    const std::string device;
     const std::shared_ptr<CaptureDelegate> delegate;
     std::mutex mutex;
     std::condition_variable changed;
@@ -145,7 +147,7 @@ private:
 };
 
 SimulatedCapture::~SimulatedCapture() {
-    for (const auto& [id, weak] : m_lines)
+    for (const auto& weak : m_lines)
         if (const auto line = weak.lock()) {
             std::unique_lock lock(line->mutex);
             line->closing = true;
@@ -195,9 +197,9 @@ std::shared_ptr<CaptureSession> SimulatedCapture::makeSession(MediaType type, co
     const auto& entries = *m_mac.facts.captureEntries(type);
     const auto entry = std::ranges::find(entries, deviceID, &MachineFile::CaptureEntry::uniqueID);
     if (entry == entries.end() || !entry->opens.value_or(true)) return nullptr;
-    auto line = std::make_shared<Line>(type, std::move(delegate), m_behaviours[deviceID]);
-    std::erase_if(m_lines, [](const auto& known) { return known.second.expired(); });
-    m_lines.emplace_back(deviceID, line);
+    auto line = std::make_shared<Line>(type, deviceID, std::move(delegate), m_behaviours[deviceID]);
+    std::erase_if(m_lines, [](const auto& known) { return known.expired(); });
+    m_lines.push_back(line);
     return std::make_shared<Session>(std::move(line));
 }
 
@@ -248,8 +250,8 @@ bool SimulatedCapture::isOpen(const std::string& deviceID) const {
 std::vector<std::shared_ptr<SimulatedCapture::Line>>
 SimulatedCapture::lines(const std::string& deviceID) const {
     std::vector<std::shared_ptr<Line>> found;
-    for (const auto& [id, weak] : m_lines)
-        if (auto line = id == deviceID ? weak.lock() : nullptr) found.push_back(std::move(line));
+    for (const auto& weak : m_lines)
+        if (auto line = weak.lock(); line && line->device == deviceID) found.push_back(std::move(line));
     return found;
 }
 

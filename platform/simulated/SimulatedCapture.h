@@ -65,7 +65,7 @@ private:
     std::vector<std::unique_ptr<Scheduled>> m_answers;
     bool m_promptsHeld = false;
     std::map<std::string, CaptureBehaviour> m_behaviours;
-    std::vector<std::pair<std::string, std::weak_ptr<Line>>> m_lines;
+    std::vector<std::weak_ptr<Line>> m_lines;
 };
 
 /// One frame of a test picture that moves with its number.

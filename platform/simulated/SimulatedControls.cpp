@@ -10,11 +10,8 @@ namespace tessivo {
 
 namespace {
 
-using AudioCode = MachineFile::AudioCode;
 using AudioDevice = MachineFile::AudioDevice;
 
-constexpr std::int64_t linkUp = 3;   // valid and active
-constexpr std::int64_t linkDown = 1; // valid
 constexpr const char* jackDeviceName = "External Headphones";
 
 /// Whether the location lies behind the hub's: a device's place has its hub's places in front.
@@ -39,14 +36,6 @@ bool isBuiltInOutput(const AudioDevice& device) {
 }
 
 } // namespace
-
-void SimulatedControls::breakReading(SimulatedReading reading) {
-    mac().broken.insert(reading);
-}
-
-void SimulatedControls::mendReading(SimulatedReading reading) {
-    mac().broken.erase(reading);
-}
 
 std::vector<RegistryEntry>& SimulatedControls::entries(const std::string& className) {
     if (!facts().registry) facts().registry.emplace();
@@ -73,14 +62,6 @@ bool SimulatedControls::unplugUSB(std::uint32_t locationID) {
                    entry.properties ? integer(*entry.properties, RegistryKey::locationID) : std::nullopt;
                return location && (*location == locationID || isBehind(*location, locationID));
            }) > 0;
-}
-
-bool SimulatedControls::raiseLink(const std::string& bsdName, std::int64_t bitsPerSecond) {
-    return setLink(bsdName, linkUp, bitsPerSecond);
-}
-
-bool SimulatedControls::dropLink(const std::string& bsdName) {
-    return setLink(bsdName, linkDown, 0);
 }
 
 bool SimulatedControls::setLink(const std::string& bsdName, std::int64_t status, std::int64_t bitsPerSecond) {
@@ -123,26 +104,6 @@ void SimulatedControls::setEnrolled(bool enrolled) {
                                  : "Enrolled via DEP: No\nMDM enrollment: No\n");
 }
 
-void SimulatedControls::setEnrollmentAnswer(std::string output, int exitStatus) {
-    tools().answer(enrollmentTool, {exitStatus, std::move(output)});
-}
-
-void SimulatedControls::removeEnrollmentTool() {
-    tools().remove(enrollmentTool);
-}
-
-void SimulatedControls::hangEnrollmentTool() {
-    tools().hang(enrollmentTool);
-}
-
-void SimulatedControls::floodEnrollmentTool() {
-    setEnrollmentAnswer(std::string(2 * SystemTools::largestOutput, 'y'));
-}
-
-std::size_t SimulatedControls::enrollmentRuns() const {
-    return tools().runs().size();
-}
-
 void SimulatedControls::insertHeadphones(JackForm form) {
     pullHeadphones();
     if (!facts().audio) facts().audio.emplace();
@@ -155,9 +116,9 @@ void SimulatedControls::insertHeadphones(JackForm form) {
     if (form == JackForm::dataSource) {
         const auto output = std::ranges::find_if(devices, isBuiltInOutput);
         if (output == devices.end()) return;
-        output->properties->dataSource = {fourCharCode("hdpn")};
+        output->properties->dataSource = fourCharCode("hdpn");
         if (!output->properties->sources) output->properties->sources.emplace();
-        output->properties->sources->emplace(AudioCode{fourCharCode("hdpn")}, "Headphones");
+        output->properties->sources->emplace(fourCharCode("hdpn"), "Headphones");
         return;
     }
     auto jack = std::ranges::find_if(devices, [](const AudioDevice& device) {
@@ -168,7 +129,7 @@ void SimulatedControls::insertHeadphones(JackForm form) {
         for (const auto& device : devices)
             id = std::max(id, device.id);
         jack = devices.insert(jack, {.id = id + 1, .format = {{48000, 2}}});
-        jack->properties = {.name = jackDeviceName, .streamsSize = 4, .transport = {{fourCharCode("bltn")}}};
+        jack->properties = {.name = jackDeviceName, .streamsSize = 4, .transport = fourCharCode("bltn")};
     }
     jack->properties->jack = 1;
     audio.defaultOutput = jack->id;
@@ -201,10 +162,6 @@ void SimulatedControls::setOpens(MediaType type, const std::string& deviceID, bo
     if (auto& entries = facts().captureEntries(type))
         for (auto& entry : *entries)
             if (entry.uniqueID == deviceID) entry.opens = opens;
-}
-
-bool SimulatedControls::speak(const std::string& microphoneID, double level) {
-    return feed(microphoneID, testSamples(level, 960), 2);
 }
 
 bool SimulatedControls::feed(const std::string& microphoneID, std::vector<float> samples, int channelCount) {

@@ -18,8 +18,8 @@ public:
     explicit SimulatedControls(SimulatedPlatform& platform) : m_platform(platform) {}
 
     // Readings
-    void breakReading(SimulatedReading reading);
-    void mendReading(SimulatedReading reading);
+    void breakReading(SimulatedReading reading) { mac().broken.insert(reading); }
+    void mendReading(SimulatedReading reading) { mac().broken.erase(reading); }
     /// From the next launch on; absent, as at the start, the serial number alone tells this Mac from others.
     void setHardwareKeys(std::optional<HardwareKeys> keys) { mac().hardwareKeys = std::move(keys); }
     /// The raw facts themselves; what is changed here is read from now on.
@@ -36,8 +36,10 @@ public:
     bool unplugUSB(std::uint32_t locationID);
 
     // Ethernet; false if no interface has the name
-    bool raiseLink(const std::string& bsdName, std::int64_t bitsPerSecond);
-    bool dropLink(const std::string& bsdName);
+    bool raiseLink(const std::string& bsdName, std::int64_t bitsPerSecond) {
+        return setLink(bsdName, linkUp, bitsPerSecond);
+    }
+    bool dropLink(const std::string& bsdName) { return setLink(bsdName, linkDown, 0); }
 
     // Battery: a raw key of the registry's entry or of the first power source; an empty value removes it
     void setBattery(const std::string& key, Property value);
@@ -46,12 +48,14 @@ public:
 
     // Enrollment tool
     void setEnrolled(bool enrolled);
-    void setEnrollmentAnswer(std::string output, int exitStatus = 0);
-    void removeEnrollmentTool();
-    void hangEnrollmentTool();
+    void setEnrollmentAnswer(std::string output, int exitStatus = 0) {
+        tools().answer(enrollmentTool, {exitStatus, std::move(output)});
+    }
+    void removeEnrollmentTool() { tools().remove(enrollmentTool); }
+    void hangEnrollmentTool() { tools().hang(enrollmentTool); }
     /// The tool prints far more than is kept of it, then ends well.
-    void floodEnrollmentTool();
-    std::size_t enrollmentRuns() const;
+    void floodEnrollmentTool() { setEnrollmentAnswer(std::string(2 * SystemTools::largestOutput, 'y')); }
+    std::size_t enrollmentRuns() const { return tools().runs().size(); }
 
     // Sound
     void insertHeadphones(JackForm form);
@@ -83,7 +87,9 @@ public:
     bool isOpen(const std::string& deviceID) const { return capture().isOpen(deviceID); }
     /// One buffer of 20 ms at the level in dB. This and the next two return when the session's thread has
     /// delivered, with false if no session is open on the device.
-    bool speak(const std::string& microphoneID, double level);
+    bool speak(const std::string& microphoneID, double level) {
+        return feed(microphoneID, testSamples(level, 960), 2);
+    }
     bool feed(const std::string& microphoneID, std::vector<float> samples, int channelCount);
     bool sendFrames(const std::string& cameraID, std::size_t count);
     /// Buffers at the level without end, as long as a session is open; nothing: no more.
@@ -119,6 +125,9 @@ public:
     SimulatedWording& wording() { return m_platform.m_wordingService; }
 
 private:
+    static constexpr std::int64_t linkUp = 3;   // valid and active
+    static constexpr std::int64_t linkDown = 1; // valid
+
     SimulatedMac& mac() const { return m_platform.m_mac; }
     SimulatedCapture& capture() const { return m_platform.m_captureDevices; }
     SimulatedTools& tools() const { return m_platform.m_systemTools; }

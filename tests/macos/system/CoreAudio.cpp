@@ -1,4 +1,5 @@
 #include "kit/hardware/AudioOutputInfo.h"
+#include "platform/AudioObjects.h"
 #include "tests/macos/system/StandIn.h"
 
 #include <AudioToolbox/AudioToolbox.h>
@@ -108,7 +109,7 @@ OSStatus AudioObjectGetPropertyData(AudioObjectID object, const AudioObjectPrope
         std::memcpy(&code, translation->mInputData, sizeof code);
         const auto sources =
             device->properties->sources.value_or(std::map<MachineFile::AudioCode, std::string>());
-        const auto name = sources.find({code});
+        const auto name = sources.find(code);
         if (name == sources.end()) return unknownProperty;
         give(name->second, "the translation", translation->mOutputData);
     } else {
