@@ -1,7 +1,6 @@
 #include "app/controls/GrowingTextField.h"
 
 #include "app/look/Metrics.h"
-#include "app/look/OverlayScrollBar.h"
 #include "app/look/Paint.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -84,7 +83,7 @@ GrowingTextField::GrowingTextField(const QString& prompt, QWidget* parent)
     setAccessibleDescription(prompt);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(0);
-    new OverlayScrollBar(this);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     applyTheme();
     connect(&theme(), &Theme::changed, this, &GrowingTextField::applyTheme);
     connect(document(), &QTextDocument::contentsChange, this,

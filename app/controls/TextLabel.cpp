@@ -139,7 +139,7 @@ double TextLabel::baseline() const {
 double TextLabel::naturalWidth() const {
     if (m_naturalWidth < 0) {
         if (m_tabular) {
-            m_naturalWidth = tabularWidth();
+            m_naturalWidth = drawTabular(nullptr, {});
         } else {
             breakAt(endless);
             m_naturalWidth = 0;
@@ -188,7 +188,10 @@ void TextLabel::paintEvent(QPaintEvent*) {
     painter.setOpacity(opacityOf(*this));
     painter.setPen(theme().color(m_color));
     if (m_tabular) {
-        drawTabular(painter);
+        double left = 0;
+        if (m_alignment & Qt::AlignHCenter) left = (width() - naturalWidth()) / 2;
+        if (m_alignment & Qt::AlignRight) left = width() - naturalWidth();
+        drawTabular(&painter, {left, baseline() + topOf()});
         return;
     }
     breakAt(width());
@@ -200,49 +203,24 @@ int TextLabel::topOf() const {
     return std::max(0, (height() - heightForWidth(width())) / 2);
 }
 
-/// The font offers no way to its tabular digits here, so each digit is centred in the widest one's cell.
-void TextLabel::drawTabular(QPainter& painter) const {
+/// The font offers no way to its tabular digits here, so each digit is centred in the widest one's cell and
+/// what stands between them is drawn as a whole. Draws nothing without a painter; returns the width.
+double TextLabel::drawTabular(QPainter* painter, const QPointF& start) const {
     const QFont font = theme().font(m_role);
     const QFontMetricsF metrics(font);
     const double cell = metrics.horizontalAdvance(QLatin1Char('0'));
-    painter.setFont(font);
-    double x = 0;
-    if (m_alignment & Qt::AlignHCenter) x = (width() - naturalWidth()) / 2;
-    if (m_alignment & Qt::AlignRight) x = width() - naturalWidth();
-    const double y = baseline() + topOf();
-    for (qsizetype i = 0; i < m_text.size();) {
-        if (m_text.at(i).isDigit()) {
-            const QString digit = m_text.mid(i++, 1);
-            painter.drawText(QPointF(x + (cell - metrics.horizontalAdvance(digit)) / 2, y), digit);
-            x += cell;
-            continue;
-        }
-        qsizetype end = i;
-        while (end < m_text.size() && !m_text.at(end).isDigit())
+    if (painter) painter->setFont(font);
+    double x = start.x();
+    for (qsizetype i = 0, end = 0; i < m_text.size(); i = end) {
+        const bool digit = m_text.at(i).isDigit();
+        for (end = i + 1; !digit && end < m_text.size() && !m_text.at(end).isDigit();)
             ++end;
-        const QString words = m_text.mid(i, end - i);
-        painter.drawText(QPointF(x, y), words);
-        x += metrics.horizontalAdvance(words);
-        i = end;
+        const QString piece = m_text.mid(i, end - i);
+        const double width = metrics.horizontalAdvance(piece);
+        if (painter) painter->drawText(QPointF(x + (digit ? (cell - width) / 2 : 0), start.y()), piece);
+        x += digit ? cell : width;
     }
-}
-
-double TextLabel::tabularWidth() const {
-    const QFontMetricsF metrics(theme().font(m_role));
-    QString words = m_text;
-    for (QChar& character : words)
-        if (character.isDigit()) character = QLatin1Char('0');
-    // Measured in the same pieces as it is drawn, since kerning differs across them.
-    double width = 0;
-    for (qsizetype i = 0; i < words.size();) {
-        const bool digit = words.at(i).isDigit();
-        qsizetype end = i + 1;
-        while (!digit && end < words.size() && !words.at(end).isDigit())
-            ++end;
-        width += metrics.horizontalAdvance(words.mid(i, end - i));
-        i = end;
-    }
-    return width;
+    return x - start.x();
 }
 
 QAccessible::Role TextLabel::spokenRole() const {

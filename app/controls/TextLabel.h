@@ -56,8 +56,7 @@ private:
     void updateToolTip();
     int topOf() const;
     double naturalWidth() const;
-    void drawTabular(QPainter& painter) const;
-    double tabularWidth() const;
+    double drawTabular(QPainter* painter, const QPointF& start) const;
 
     QString m_text;
     TextRole m_role;

@@ -1,10 +1,9 @@
 #include "app/dialogs/Sheet.h"
 
-#include "app/look/Theme.h"
+#include "app/look/Paint.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace tessivo {
@@ -28,10 +27,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Theme::current().color(ColorRole::card));
-        painter.drawRoundedRect(rect(), Corner::sheet, Corner::sheet);
+        paintRounded(painter, rect(), Corner::sheet, theme().color(ColorRole::card));
     }
 };
 
@@ -55,9 +51,8 @@ void Sheet::dismiss() {
 
 void Sheet::place() {
     setGeometry(parentWidget()->rect());
-    const Theme& theme = Theme::current();
-    const QSize card(std::min(theme.scaled(Width::sheet), width() - windowInset),
-                     std::min(theme.scaled(Height::sheet), height() - windowInset));
+    const QSize card(std::min(theme().scaled(Width::sheet), width() - windowInset),
+                     std::min(theme().scaled(Height::sheet), height() - windowInset));
     m_card->setGeometry(QRect(QPoint((width() - card.width()) / 2, (height() - card.height()) / 2), card));
 }
 
@@ -100,7 +95,7 @@ void Sheet::mousePressEvent(QMouseEvent* event) {
 
 void Sheet::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), Theme::current().color(ColorRole::scrim, scrimOpacity));
+    painter.fillRect(rect(), theme().color(ColorRole::scrim, scrimOpacity));
 }
 
 } // namespace tessivo

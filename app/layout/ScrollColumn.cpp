@@ -1,7 +1,5 @@
 #include "app/layout/ScrollColumn.h"
 
-#include "app/look/OverlayScrollBar.h"
-
 #include <QApplication>
 #include <QEvent>
 
@@ -53,7 +51,7 @@ ScrollColumn::ScrollColumn(QWidget* parent, int maximumWidth, int padding)
     viewport()->setAutoFillBackground(false);
     m_content->setAutoFillBackground(false);
     m_content->installEventFilter(this);
-    new OverlayScrollBar(this);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalScrollBar()->setSingleStep(Space::xxl);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepInView(now); });
 }

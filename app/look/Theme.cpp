@@ -172,6 +172,8 @@ Theme::Theme(QApplication& application) : m_application(application) {
         if (!m_ring) m_ring = new QFocusFrame;
         auto* shape = dynamic_cast<FocusShape*>(now);
         m_ring->setWidget(shape ? shape->focusShapeWidget() : nullptr);
+        // It stays hidden around what is yet to be scrolled into sight.
+        m_ring->setVisible(m_ring->widget());
     });
 }
 

@@ -106,6 +106,8 @@ void ThemeStyle::polish(QPalette& palette) {
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
     case PM_ScrollBarExtent:
+    case PM_ScrollView_ScrollBarOverlap: // the thumb lies over the contents, so that nothing shifts when it
+                                         // comes
         return thumbWidth + 2 * thumbGap;
     case PM_ScrollBarSliderMin:
         return thumbLeast;
@@ -113,10 +115,12 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
     case PM_ButtonShiftVertical:
         return 0;
     case PM_FocusFrameHMargin:
-    case PM_FocusFrameVMargin:
-        // Item views and others measure by it too.
-        if (qobject_cast<const QFocusFrame*>(widget)) return ringReach;
+    case PM_FocusFrameVMargin: {
+        // Item views measure by it too; a frame asks with its option alone.
+        const QObject* asking = widget || !option ? widget : option->styleObject;
+        if (!asking || qobject_cast<const QFocusFrame*>(asking)) return ringReach;
         break;
+    }
     default:
         break;
     }

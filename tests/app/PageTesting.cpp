@@ -2,7 +2,6 @@
 
 #include "app/controls/TextLabel.h"
 #include "app/look/Accessible.h"
-#include "app/look/OverlayScrollBar.h"
 #include "app/look/Theme.h"
 
 #include <QAbstractButton>
@@ -150,7 +149,7 @@ QStringList clippedControls(QWidget* root) {
     QStringList found;
     for (QWidget* widget : root->findChildren<QWidget*>()) {
         if (!widget->isVisibleTo(root) || widget->isWindow()) continue;
-        if (qobject_cast<QFocusFrame*>(widget) || dynamic_cast<OverlayScrollBar*>(widget)) continue;
+        if (qobject_cast<QFocusFrame*>(widget)) continue;
         QWidget* parent = widget->parentWidget();
         const auto* area = qobject_cast<QAbstractScrollArea*>(parent->parentWidget());
         const bool scrolled = area && area->viewport() == parent;
@@ -173,7 +172,7 @@ QStringList clippedControls(QWidget* root) {
 QStringList unnamedControls(QWidget* root) {
     QStringList found;
     for (QWidget* widget : root->findChildren<QWidget*>()) {
-        if (!widget->isVisibleTo(root) || dynamic_cast<OverlayScrollBar*>(widget)) continue;
+        if (!widget->isVisibleTo(root)) continue;
         const bool acts = widget->focusPolicy() & Qt::TabFocus || qobject_cast<QAbstractButton*>(widget);
         if (acts && accessibleNameOf(widget).isEmpty()) found.append(describe(widget));
     }

@@ -1,7 +1,6 @@
 #include "app/pages/writeup/ListingText.h"
 
 #include "app/look/Metrics.h"
-#include "app/look/OverlayScrollBar.h"
 
 #include <QPainter>
 #include <QScrollBar>
@@ -28,7 +27,6 @@ ListingText::ListingText(const QString& name, QWidget* parent) : QTextEdit(paren
     setFont(Theme::current().font(TextRole::body));
     document()->setDocumentMargin(Space::l);
     viewport()->setAutoFillBackground(false);
-    new OverlayScrollBar(this);
 }
 
 void ListingText::setListing(const QString& text) {

@@ -12,7 +12,6 @@
 #include "app/controls/TextLabel.h"
 #include "app/controls/TileGrid.h"
 #include "app/layout/ScrollColumn.h"
-#include "app/look/OverlayScrollBar.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -226,8 +225,10 @@ TEST(ScrollColumn, centresItsColumnAndKeepsTheFocusInSight) {
     settle();
     EXPECT_EQ(first->mapTo(&page, QPoint()), QPoint(28, 28));
     EXPECT_EQ(first->width(), 620 - 2 * 28) << "the thumb lies in the padding";
-    const auto* bar = page.findChild<OverlayScrollBar*>();
-    ASSERT_TRUE(bar && bar->isVisible());
+    const QScrollBar* bar = page.verticalScrollBar();
+    ASSERT_TRUE(bar->isVisible());
+    EXPECT_EQ(bar->mapTo(&page, bar->rect().topRight()), QPoint(619, 0));
+    EXPECT_EQ(page.viewport()->width(), 620) << "over the contents";
     EXPECT_EQ(bar->pageStep(), 400) << "as long as what is seen of the whole";
     EXPECT_EQ(bar->pageStep() + bar->maximum(), page.widget()->height());
 
