@@ -1,6 +1,9 @@
 #include "app/controls/FactGrid.h"
 
 #include "app/controls/SelectableText.h"
+#include "app/controls/TextLabel.h"
+#include "app/layout/TileLayout.h"
+#include "app/look/Accessible.h"
 #include "app/look/Paint.h"
 
 namespace tessivo {
@@ -62,68 +65,17 @@ private:
     TextLabel* m_value;
 };
 
-class FactGrid::GridLayout final : public FlowingLayout {
-public:
-    GridLayout(QWidget* parent, const Look& look)
-        : FlowingLayout(parent), m_twoColumns(look.twoColumns), m_dividerRoom(look.dividerRoom) {}
-
-    const QList<QRect>& dividers() const { return m_dividers; }
-
-protected:
-    int naturalWidth() const override {
-        int width = 0;
-        for (const QLayoutItem* item : m_items)
-            width = std::max(width, item->sizeHint().width());
-        return m_twoColumns ? 2 * width + columnGap : width;
-    }
-
-    int arrange(const QRect& rect, bool apply) const override {
-        const int columns = m_twoColumns && rect.width() >= Width::twoColumns ? 2 : 1;
-        const int width = (rect.width() - (columns - 1) * columnGap) / columns;
-        std::vector<QLayoutItem*> shown;
-        for (QLayoutItem* item : m_items)
-            if (!item->isEmpty()) shown.push_back(item);
-        int y = rect.top();
-        if (apply) m_dividers.clear();
-        for (size_t start = 0; start < shown.size(); start += size_t(columns)) {
-            const size_t end = std::min(shown.size(), start + size_t(columns));
-            int height = 0;
-            if (start > 0) {
-                for (size_t i = start; apply && i < end; ++i)
-                    m_dividers.append(
-                        visual(rect, {rect.left() + int(i - start) * (width + columnGap), y, width, 1}));
-                y += m_dividerRoom;
-            }
-            for (size_t i = start; i < end; ++i)
-                height = std::max(height, itemHeight(shown[i], width));
-            for (size_t i = start; apply && i < end; ++i) {
-                const QRect cell(rect.left() + int(i - start) * (width + columnGap), y, width, height);
-                put(shown[i], visual(rect, cell));
-            }
-            y += height;
-        }
-        return y - rect.top();
-    }
-
-private:
-    QRect visual(const QRect& rect, const QRect& place) const {
-        return QStyle::visualRect(parentWidget()->layoutDirection(), rect, place);
-    }
-
-    bool m_twoColumns;
-    int m_dividerRoom;
-    mutable QList<QRect> m_dividers;
-};
-
-FactGrid::FactGrid(const Look& look, QWidget* parent)
-    : QWidget(parent), m_look(look), m_grid(new GridLayout(this, look)) {}
+FactGrid::FactGrid(const Look& look, QWidget* parent) : QWidget(parent), m_look(look) {
+    new TileLayout(this, (Width::twoColumns - columnGap) / 2, columnGap, look.twoColumns ? 2 : 1,
+                   look.dividerRoom);
+}
 
 FactGrid::FactGrid(QWidget* parent) : FactGrid(Look{}, parent) {}
 
 int FactGrid::addFact(const QString& label, const QString& value, bool monospaced) {
     auto* row = new Row(label, value, monospaced, m_look, this);
     m_rows.append(row);
-    m_grid->addWidget(row);
+    layout()->addWidget(row);
     return int(m_rows.size()) - 1;
 }
 
@@ -141,8 +93,9 @@ void FactGrid::setFactVisible(int index, bool visible) {
 
 void FactGrid::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    for (const QRect& divider : m_grid->dividers())
-        painter.fillRect(divider, theme().divider());
+    for (const Row* row : m_rows)
+        if (!row->isHidden() && row->y() > contentsRect().top())
+            paintHairline(painter, QRect(row->x(), row->y() - m_look.dividerRoom, row->width(), 1));
 }
 
 QString FactGrid::value(int index) const {

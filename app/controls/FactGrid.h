@@ -1,10 +1,8 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
-#include "app/look/Accessible.h"
 #include "app/look/Metrics.h"
 
-#include <QStringList>
+#include <QWidget>
 
 namespace tessivo {
 
@@ -39,9 +37,7 @@ protected:
 
 private:
     class Row;
-    class GridLayout;
     Look m_look;
-    GridLayout* m_grid;
     QList<Row*> m_rows;
 };
 

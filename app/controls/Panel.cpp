@@ -1,37 +1,23 @@
 #include "app/controls/Panel.h"
 
+#include "app/controls/Divider.h"
+#include "app/look/Metrics.h"
 #include "app/look/Paint.h"
 
 #include <QPaintEvent>
 
 namespace tessivo {
-Divider::Divider(QWidget* parent) : QWidget(parent) {
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setMinimumHeight(1);
-}
-
-void Divider::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), theme().divider());
-}
 
 Panel::Panel(Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind), m_layout(new ColumnLayout(this)) {
     if (kind != Kind::list) setPadding(Space::block, Space::block);
 }
 
-void Panel::add(QWidget* widget, int gapAbove, Qt::Alignment alignment) {
-    m_layout->add(widget, gapAbove, alignment);
-}
-
-void Panel::addRow(QWidget* row, int dividerInset) {
+void Panel::addRow(QWidget* row, int left, int right) {
     if (m_layout->count() > 0) {
-        auto* inset = new QWidget(this);
-        auto* line = new ColumnLayout(inset);
-        line->setContentsMargins(dividerInset, 0, dividerInset, 0);
-        line->add(new Divider);
-        m_layout->add(inset);
+        auto* divider = new Divider(left, right < 0 ? left : right);
+        m_layout->add(divider);
         row->installEventFilter(this);
-        m_dividers.append(std::pair<QWidget*, QWidget*>(row, inset));
+        m_dividers.append(std::pair<QWidget*, QWidget*>(row, divider));
     }
     m_layout->add(row);
 }

@@ -1,21 +1,8 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
-#include "app/look/Metrics.h"
-#include "app/look/Theme.h"
+#include "app/layout/ColumnLayout.h"
 
 namespace tessivo {
-
-/// A hairline across the width it is given.
-class Divider final : public QWidget {
-    Q_OBJECT
-public:
-    explicit Divider(QWidget* parent = nullptr);
-    QSize sizeHint() const override { return {1, 1}; }
-
-protected:
-    void paintEvent(QPaintEvent*) override;
-};
 
 /// The one card style: a column on a rounded surface. `list` has no padding of its own and puts dividers
 /// between what `addRow` adds; `inner` stands inside another panel.
@@ -26,9 +13,12 @@ public:
 
     explicit Panel(Kind kind = Kind::card, QWidget* parent = nullptr);
 
-    void add(QWidget* widget, int gapAbove = 0, Qt::Alignment alignment = {});
-    /// One row of a list card, after a divider inset from the left by `dividerInset`.
-    void addRow(QWidget* row, int dividerInset = 0);
+    void add(QWidget* widget, int gapAbove = 0, Qt::Alignment alignment = {}) {
+        m_layout->add(widget, gapAbove, alignment);
+    }
+    /// One row of a list card, after a divider that ends so far from the edges, in logical pixels; a `right`
+    /// of -1 is as far as `left`.
+    void addRow(QWidget* row, int left = 0, int right = -1);
     /// Takes all rows out and deletes them.
     void clear();
     ColumnLayout& column() { return *m_layout; }

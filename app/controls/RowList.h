@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/controls/SidebarRow.h"
-#include "app/layout/WrapRow.h"
+#include "app/layout/Column.h"
 
 namespace tessivo {
 

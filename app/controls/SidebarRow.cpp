@@ -1,6 +1,6 @@
 #include "app/controls/SidebarRow.h"
 
-#include "app/controls/StatusBadge.h"
+#include "app/controls/StatusColors.h"
 #include "app/look/Metrics.h"
 #include "app/look/Paint.h"
 #include "app/look/Symbols.h"

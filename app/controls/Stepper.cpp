@@ -1,6 +1,7 @@
 #include "app/controls/Stepper.h"
 
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "app/look/Paint.h"
 #include "app/look/Symbols.h"
 

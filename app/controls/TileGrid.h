@@ -1,56 +1,21 @@
 #pragma once
 
-#include "app/controls/ClickControl.h"
-#include "app/layout/Layouts.h"
+#include "app/layout/TileLayout.h"
 #include "app/look/Metrics.h"
-#include "kit/vocabulary/TestStatus.h"
-
-#include <optional>
+#include "app/look/Theme.h"
 
 namespace tessivo {
 
-class TextLabel;
-
-/// A clickable card of This Mac: symbol, title, summary of at most two lines, status glyph. Its accessible
-/// name is the title, the status word and the summary: "Keyboard: Works. Every key works".
-class Tile final : public ClickControl {
-    Q_OBJECT
-public:
-    Tile(const QString& title, const QString& symbol, QWidget* parent = nullptr);
-
-    void setStatus(TestStatus status, const QString& summary);
-    QString title() const { return m_title; }
-    QString summary() const;
-    TestStatus status() const { return m_status; }
-
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override;
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    QString spokenName() const override;
-    bool isOneElement() const override { return true; }
-
-protected:
-    void paintEvent(QPaintEvent*) override;
-    void resizeEvent(QResizeEvent*) override;
-
-private:
-    int textLeft() const;
-    QRect glyphPlace() const;
-    QString m_title;
-    QString m_symbol;
-    TestStatus m_status = TestStatus::notRun;
-    TextLabel* m_heading;
-    TextLabel* m_summary;
-};
-
-/// As many columns of at least `minimumWidth` as fit; the last row stays ragged.
+/// Equal columns of at least `minimumWidth` at text scale 1, as many as fit and at most `maximumColumns` (0:
+/// no limit); the last row stays ragged.
 class TileGrid final : public QWidget {
     Q_OBJECT
 public:
     explicit TileGrid(QWidget* parent = nullptr, int minimumWidth = Width::tileMinimum, int gap = Space::tile,
-                      int maximumColumns = 0);
-    void add(QWidget* tile) { m_layout->addWidget(tile); }
+                      int maximumColumns = 0)
+        : QWidget(parent),
+          m_layout(new TileLayout(this, theme().scaled(minimumWidth), gap, maximumColumns, gap)) {}
+    void add(QWidget* tile) { m_layout->add(tile); }
     int columns() const { return m_layout->columnsFor(width()); }
 
 private:

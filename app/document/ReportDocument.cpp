@@ -9,8 +9,6 @@ namespace tessivo::ReportDocument {
 
 namespace {
 
-static_assert(unitsPerPoint == ReportWriter::unitsPerPoint);
-
 using Face = ReportWriter::Face;
 
 const QColor black(Qt::black);

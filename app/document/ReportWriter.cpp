@@ -13,6 +13,8 @@ namespace tessivo {
 
 namespace {
 
+using ReportDocument::unitsPerPoint;
+
 const QColor boxBackground = QColor::fromRgbF(0.92f, 0.97f, 0.94f);
 const QColor boxBorder = QColor::fromRgbF(0.55f, 0.78f, 0.64f);
 constexpr double boxPadding = 10;
@@ -56,7 +58,7 @@ protected:
         case PdmDpiY:
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY:
-            return 72 * ReportWriter::unitsPerPoint;
+            return 72 * unitsPerPoint;
         case PdmWidth:
         case PdmHeight:
             return 1 << 20;
@@ -91,7 +93,7 @@ double point() {
         QTextBlockFormat format;
         format.setTopMargin(probe);
         cursor.setBlockFormat(format);
-        const double grown = (document.size().height() - before) / ReportWriter::unitsPerPoint;
+        const double grown = (document.size().height() - before) / unitsPerPoint;
         return grown > 0 ? probe / grown : 1.0;
     }();
     return factor;

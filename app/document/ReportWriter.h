@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/document/ReportDocument.h"
+
 #include <QColor>
 #include <QFont>
 #include <QSizeF>
@@ -15,9 +17,6 @@ namespace tessivo {
 /// Writes styled paragraphs into a text document. Main thread.
 class ReportWriter final {
 public:
-    /// Positions and sizes of the finished layout are in units of so many to the point.
-    static constexpr int unitsPerPoint = 2;
-
     enum class Face { regular, italic, monospaced };
 
     /// Distances in points. `indent` moves every line, `hanging` all lines but the first.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
+#include "app/layout/Column.h"
 #include "app/look/Metrics.h"
 
 #include <QScrollArea>
@@ -21,9 +21,13 @@ public:
                           int padding = Space::page);
     ~ScrollColumn() override;
 
-    void add(QWidget* widget, int gapAbove = 0, Qt::Alignment alignment = {});
-    ColumnLayout& column() { return *m_column; }
-    void setPadding(int horizontal, int top, int bottom);
+    void add(QWidget* widget, int gapAbove = 0, Qt::Alignment alignment = {}) {
+        column().add(widget, gapAbove, alignment);
+    }
+    ColumnLayout& column() { return m_content->column(); }
+    void setPadding(int horizontal, int top, int bottom) {
+        column().setContentsMargins(horizontal, top, horizontal, bottom);
+    }
 
     QSize minimumSizeHint() const override { return {120, 80}; }
 
@@ -31,11 +35,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    class Content;
     void keepInView(QWidget* focused);
 
-    Content* m_content;
-    ColumnLayout* m_column;
+    Column* m_content;
 };
 
 } // namespace tessivo

@@ -26,7 +26,7 @@ QFont menuBarFont(const QStyleOptionMenuItem& item, const QWidget* bar) {
 /// The bar's ground and the hairline under it.
 void fillMenuBar(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect, theme().color(ColorRole::sidebar));
-    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), theme().divider());
+    paintHairline(painter, QRect(rect.left(), rect.bottom(), rect.width(), 1));
 }
 
 void drawMenuBarItem(const QStyleOptionMenuItem& item, QPainter& painter, const QWidget* bar) {
@@ -42,8 +42,8 @@ void drawMenuBarItem(const QStyleOptionMenuItem& item, QPainter& painter, const 
 void drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) {
     const QRect rect = item.rect;
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
-        painter.fillRect(QRect(rect.left() + padding, rect.center().y(), rect.width() - 2 * padding, 1),
-                         theme().divider());
+        paintHairline(painter,
+                      QRect(rect.left() + padding, rect.center().y(), rect.width() - 2 * padding, 1));
         return;
     }
     const bool enabled = item.state & QStyle::State_Enabled;

@@ -39,7 +39,7 @@ inline constexpr int sheet = 640;
 
 namespace Height {
 inline constexpr int control = 30, prominent = 34, field = 32, notes = 110;
-inline constexpr int checkbox = 18, badge = 24, progress = 6, meter = 10;
+inline constexpr int checkbox = 18, badge = 24, lowTag = 20, chip = 30, progress = 6, meter = 10;
 inline constexpr int sidebarRow = 32, portRow = 52, connectedRow = 44, factRow = 38, identityRow = 30;
 inline constexpr int historyRow = 50, pickupRow = 58, microphoneRow = 76, sheet = 660;
 inline constexpr int menuBar = 28, menuItem = 28;

@@ -43,6 +43,11 @@ inline QColor controlFill(bool accented, bool pressed, bool hovered, ColorRole r
     return theme().color(accented ? ColorRole::accentFill : resting);
 }
 
+/// The hairline between two parts.
+inline void paintHairline(QPainter& painter, const QRect& line) {
+    painter.fillRect(line, theme().color(ColorRole::text1, theme().isDark() ? 12 : 10));
+}
+
 /// A card's surface and the line inside its edge. Where what changed lies within the edge, as a badge does,
 /// only that much of the surface.
 inline void paintCard(QPainter& painter, const QWidget& card, const QRect& changed, double corner,

@@ -25,132 +25,86 @@ namespace {
 constexpr const char* ownerProperty = "tessivoTheme";
 
 struct Shades {
+    ColorRole role;
     QRgb light, dark;
 };
 
-constexpr Shades shades(ColorRole role) {
-    switch (role) {
-    case ColorRole::sidebar:
-        return {0xECEDF1, 0x17181B};
-    case ColorRole::window:
-        return {0xF6F6F8, 0x1D1E22};
-    case ColorRole::card:
-        return {0xFFFFFF, 0x27282E};
-    case ColorRole::well:
-        return {0xE4E5EA, 0x131417};
-    case ColorRole::control:
-        return {0xFFFFFF, 0x363840};
-    case ColorRole::controlHover:
-        return {0xF1F2F5, 0x3D3F47};
-    case ColorRole::controlPressed:
-        return {0xE4E5EA, 0x2E3037};
-    case ColorRole::controlBorder:
-        return {0xC9CBD3, 0x4B4E58};
-    case ColorRole::field:
-        return {0xFFFFFF, 0x1E1F23};
-    case ColorRole::fieldBorder:
-        return {0x868994, 0x767984};
-    case ColorRole::track:
-        return {0xE9EAEE, 0x1B1C20};
-    case ColorRole::segment:
-        return {0xFFFFFF, 0x474A54};
-    case ColorRole::text1:
-        return {0x1A1B1F, 0xECEDF1};
-    case ColorRole::text2:
-        return {0x555862, 0xB0B3BD};
-    case ColorRole::text3:
-        return {0x666974, 0x9A9DA8};
-    case ColorRole::accent:
-        return {0x4250C4, 0xA0AAFF};
-    case ColorRole::accentFill:
-        return {0x4655D2, 0x5460DB};
-    case ColorRole::accentFillHover:
-        return {0x3D4BC2, 0x5A66DF};
-    case ColorRole::accentFillPressed:
-        return {0x3340A8, 0x4852C4};
-    case ColorRole::onAccent:
-        return {0xFFFFFF, 0xFFFFFF};
-    case ColorRole::focus:
-        return {0x5B68E6, 0x8E99FF};
-    case ColorRole::green:
-        return {0x17743B, 0x5CC580};
-    case ColorRole::red:
-        return {0xBE2419, 0xFF8A80};
-    case ColorRole::orange:
-        return {0x954A00, 0xF3A650};
-    case ColorRole::blue:
-        return {0x0A5FAD, 0x7ABAF8};
-    case ColorRole::gray:
-        return {0x555862, 0xB0B3BD};
-    case ColorRole::greenGlyph:
-        return {0x188A4A, 0x5CC580};
-    case ColorRole::redGlyph:
-        return {0xDB3B2E, 0xFF8A80};
-    case ColorRole::orangeGlyph:
-        return {0xB95F00, 0xF3A650};
-    case ColorRole::blueGlyph:
-        return {0x1A7AD4, 0x7ABAF8};
-    case ColorRole::grayGlyph:
-        return {0x6A6D78, 0x9A9DA8};
-    case ColorRole::keyCap:
-        return {0xFFFFFF, 0x26282D};
-    case ColorRole::keyDone:
-        return {0x1B7F43, 0x21824A};
-    case ColorRole::onKeyDone:
-        return {0xFFFFFF, 0xFFFFFF};
-    case ColorRole::meter:
-        return {0x1F8E4D, 0x4DB873};
-    case ColorRole::scrim:
-        return {0x16171C, 0x000000};
-    }
-    return {};
-}
+constexpr Shades colors[] = {
+    {ColorRole::sidebar, 0xECEDF1, 0x17181B},
+    {ColorRole::window, 0xF6F6F8, 0x1D1E22},
+    {ColorRole::card, 0xFFFFFF, 0x27282E},
+    {ColorRole::well, 0xE4E5EA, 0x131417},
+    {ColorRole::control, 0xFFFFFF, 0x363840},
+    {ColorRole::controlHover, 0xF1F2F5, 0x3D3F47},
+    {ColorRole::controlPressed, 0xE4E5EA, 0x2E3037},
+    {ColorRole::controlBorder, 0xC9CBD3, 0x4B4E58},
+    {ColorRole::field, 0xFFFFFF, 0x1E1F23},
+    {ColorRole::fieldBorder, 0x868994, 0x767984},
+    {ColorRole::track, 0xE9EAEE, 0x1B1C20},
+    {ColorRole::segment, 0xFFFFFF, 0x474A54},
+    {ColorRole::text1, 0x1A1B1F, 0xECEDF1},
+    {ColorRole::text2, 0x555862, 0xB0B3BD},
+    {ColorRole::text3, 0x666974, 0x9A9DA8},
+    {ColorRole::accent, 0x4250C4, 0xA0AAFF},
+    {ColorRole::accentFill, 0x4655D2, 0x5460DB},
+    {ColorRole::accentFillHover, 0x3D4BC2, 0x5A66DF},
+    {ColorRole::accentFillPressed, 0x3340A8, 0x4852C4},
+    {ColorRole::onAccent, 0xFFFFFF, 0xFFFFFF},
+    {ColorRole::focus, 0x5B68E6, 0x8E99FF},
+    {ColorRole::green, 0x17743B, 0x5CC580},
+    {ColorRole::red, 0xBE2419, 0xFF8A80},
+    {ColorRole::orange, 0x954A00, 0xF3A650},
+    {ColorRole::blue, 0x0A5FAD, 0x7ABAF8},
+    {ColorRole::gray, 0x555862, 0xB0B3BD},
+    {ColorRole::greenGlyph, 0x188A4A, 0x5CC580},
+    {ColorRole::redGlyph, 0xDB3B2E, 0xFF8A80},
+    {ColorRole::orangeGlyph, 0xB95F00, 0xF3A650},
+    {ColorRole::blueGlyph, 0x1A7AD4, 0x7ABAF8},
+    {ColorRole::grayGlyph, 0x6A6D78, 0x9A9DA8},
+    {ColorRole::keyCap, 0xFFFFFF, 0x26282D},
+    {ColorRole::keyDone, 0x1B7F43, 0x21824A},
+    {ColorRole::onKeyDone, 0xFFFFFF, 0xFFFFFF},
+    {ColorRole::meter, 0x1F8E4D, 0x4DB873},
+    {ColorRole::scrim, 0x16171C, 0x000000},
+};
 
 struct Type {
+    TextRole role;
     int size, line, weight;
     double spacing = 0;
 };
 
-constexpr Type type(TextRole role) {
-    switch (role) {
-    case TextRole::pageTitle:
-        return {26, 34, QFont::Bold, -0.4};
-    case TextRole::sheetTitle:
-        return {20, 26, QFont::Bold, -0.2};
-    case TextRole::sectionHeading:
-        return {17, 24, QFont::DemiBold};
-    case TextRole::resultSummary:
-        return {16, 22, QFont::Medium};
-    case TextRole::headline:
-        return {14, 20, QFont::DemiBold};
-    case TextRole::tally:
-        return {14, 20, QFont::Medium};
-    case TextRole::body:
-        return {13, 20, QFont::Normal};
-    case TextRole::control:
-        return {13, 16, QFont::Medium};
-    case TextRole::controlStrong:
-        return {13, 16, QFont::DemiBold};
-    case TextRole::callout:
-        return {12, 18, QFont::Normal};
-    case TextRole::badge:
-        return {12, 16, QFont::DemiBold};
-    case TextRole::progressCaption:
-        return {12, 16, QFont::Normal};
-    case TextRole::sidebarSection:
-        return {11, 16, QFont::DemiBold};
-    case TextRole::sidebarRow:
-        return {13, 16, QFont::Normal};
-    case TextRole::sidebarRowSelected:
-        return {13, 16, QFont::DemiBold};
-    case TextRole::monospaced:
-        return {13, 20, QFont::Medium};
-    }
-    return {13, 20, QFont::Normal};
+constexpr Type types[] = {
+    {TextRole::pageTitle, 26, 34, QFont::Bold, -0.4},
+    {TextRole::sheetTitle, 20, 26, QFont::Bold, -0.2},
+    {TextRole::sectionHeading, 17, 24, QFont::DemiBold},
+    {TextRole::resultSummary, 16, 22, QFont::Medium},
+    {TextRole::headline, 14, 20, QFont::DemiBold},
+    {TextRole::tally, 14, 20, QFont::Medium},
+    {TextRole::body, 13, 20, QFont::Normal},
+    {TextRole::control, 13, 16, QFont::Medium},
+    {TextRole::controlStrong, 13, 16, QFont::DemiBold},
+    {TextRole::callout, 12, 18, QFont::Normal},
+    {TextRole::badge, 12, 16, QFont::DemiBold},
+    {TextRole::progressCaption, 12, 16, QFont::Normal},
+    {TextRole::sidebarSection, 11, 16, QFont::DemiBold},
+    {TextRole::sidebarRow, 13, 16, QFont::Normal},
+    {TextRole::sidebarRowSelected, 13, 16, QFont::DemiBold},
+    {TextRole::monospaced, 13, 20, QFont::Medium},
+};
+
+/// Whether every role has its row, in the order of the roles.
+template <class Row, size_t count>
+constexpr bool isWhole(const Row (&rows)[count], size_t roles) {
+    size_t at = 0;
+    for (const Row& row : rows)
+        if (size_t(row.role) != at++) return false;
+    return at == roles;
 }
+static_assert(isWhole(colors, colorRoleCount) && isWhole(types, textRoleCount));
 
 QColor shade(ColorRole role, bool dark) {
-    const Shades both = shades(role);
+    const Shades& both = colors[size_t(role)];
     return QColor::fromRgb(dark ? both.dark : both.light);
 }
 
@@ -199,12 +153,8 @@ QColor Theme::color(ColorRole role, double percent) const {
     return color;
 }
 
-QColor Theme::divider() const {
-    return color(ColorRole::text1, m_dark ? 12 : 10);
-}
-
 int Theme::lineHeight(TextRole role) const {
-    return scaled(type(role).line);
+    return scaled(types[size_t(role)].line);
 }
 
 int Theme::textWidth(TextRole role, const QString& text) const {
@@ -281,9 +231,8 @@ void Theme::makeFonts() {
     const QStringList monospaced{QStringLiteral("JetBrains Mono"),
                                  QFontDatabase::systemFont(QFontDatabase::FixedFont).family()};
     for (size_t i = 0; i < m_fonts.size(); ++i) {
-        const auto role = TextRole(i);
-        const Type look = type(role);
-        QFont font(role == TextRole::monospaced ? monospaced : families);
+        const Type& look = types[i];
+        QFont font(look.role == TextRole::monospaced ? monospaced : families);
         font.setPixelSize(scaled(look.size));
         font.setWeight(QFont::Weight(look.weight));
         font.setHintingPreference(QFont::PreferNoHinting);

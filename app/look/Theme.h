@@ -54,6 +54,7 @@ enum class ColorRole {
     meter,
     scrim,
 };
+inline constexpr size_t colorRoleCount = size_t(ColorRole::scrim) + 1;
 
 /// What a text is for; gives its font and the height of its line.
 enum class TextRole {
@@ -93,8 +94,6 @@ public:
     QColor color(ColorRole role) const;
     /// The role's colour at `percent` (0 to 100) opacity: `text1@8`.
     QColor color(ColorRole role, double percent) const;
-    /// A hairline between two parts.
-    QColor divider() const;
 
     QFont font(TextRole role) const { return m_fonts[size_t(role)]; }
     int lineHeight(TextRole role) const;

@@ -6,8 +6,12 @@
 #include "app/controls/SectionHeading.h"
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
+#include "app/controls/Tile.h"
 #include "app/controls/TileGrid.h"
+#include "app/layout/SplitRow.h"
+#include "app/layout/WrapRow.h"
 #include "kit/rules/RuleTexts.h"
 
 #include <QHBoxLayout>
@@ -106,7 +110,7 @@ void OverviewView::addEnrollment() {
     words->add(m_enrollmentSummary);
     words->add(m_enrollmentDetails, Space::xxs);
     auto* body = new SplitRow(words, m_readAgain);
-    body->setTrailingAlignment(Qt::AlignBottom);
+    body->layout()->setAlignment(m_readAgain, Qt::AlignBottom);
     auto* panel = new Panel;
     panel->add(headline(TestID::enrollment, m_enrollment));
     panel->add(body, underHeadline);
@@ -134,7 +138,7 @@ void OverviewView::addActivationLock() {
     auto* panel = new Panel;
     panel->add(headline(TestID::activationLock, m_lock));
     panel->add(how, underHeadline);
-    panel->column().setMaximumItemWidth(how, theme().scaled(PageHead::howWidth));
+    how->setMaximumWidth(theme().scaled(PageHead::howWidth));
     panel->add(answer, Space::m);
     panel->add(m_lockWarning, Space::m);
     add(panel, Space::overviewCard);

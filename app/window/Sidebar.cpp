@@ -1,10 +1,12 @@
 #include "app/window/Sidebar.h"
 
+#include "app/controls/Divider.h"
 #include "app/controls/Panel.h"
 #include "app/controls/ProgressBar.h"
 #include "app/controls/TextLabel.h"
 #include "app/layout/ScrollColumn.h"
 #include "app/look/Metrics.h"
+#include "app/look/Paint.h"
 #include "kit/rules/Rules.h"
 
 #include <QMouseEvent>
@@ -151,7 +153,7 @@ QSize Sidebar::minimumSizeHint() const {
 void Sidebar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), theme().color(ColorRole::sidebar));
-    painter.fillRect(QRect(width() - 1, 0, 1, height()), theme().divider());
+    paintHairline(painter, QRect(width() - 1, 0, 1, height()));
 }
 
 } // namespace tessivo

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
+#include "app/layout/Column.h"
 #include "app/pages/cameras/CameraPreview.h"
 
 namespace tessivo {
 
 class AnswerButtons;
 class Button;
-class PictureLayout;
+class WrapRow;
 
 /// One camera: its name, the button that opens or closes it, its picture while it is open, and the person's
 /// answer.
@@ -34,10 +34,10 @@ private:
     const CameraMonitor& m_monitor;
     Scheduler& m_scheduler;
     Button* m_button;
-    QWidget* m_stage; ///< picture and note
-    PictureLayout* m_picture;
-    CameraPreview* m_preview = nullptr;
-    QWidget* m_sending;
+    Column* m_stage;
+    WrapRow* m_picture =
+        nullptr; ///< the picture with its note beside it, or under it where the width is small
+    QWidget* m_sending = nullptr;
     AnswerButtons* m_answer;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/controls/Panel.h"
+#include "app/layout/Column.h"
 #include "app/model/AppModel.h"
 #include "platform/Capture.h"
 

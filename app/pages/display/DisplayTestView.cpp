@@ -5,6 +5,7 @@
 #include "app/controls/Picker.h"
 #include "app/controls/TextLabel.h"
 #include "app/controls/TileGrid.h"
+#include "app/layout/WrapRow.h"
 #include "app/pages/display/ColorSwatch.h"
 #include "app/pages/frame/AnswerButtons.h"
 

@@ -1,6 +1,7 @@
 #include "app/pages/frame/AnswerButtons.h"
 
 #include "app/controls/Button.h"
+#include "app/layout/WrapLayout.h"
 #include "app/look/Metrics.h"
 
 namespace tessivo {

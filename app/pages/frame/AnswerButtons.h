@@ -1,16 +1,17 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
 #include "app/look/Accessible.h"
 #include "app/look/Theme.h"
 #include "kit/vocabulary/ManualAnswer.h"
 
 #include <QString>
+#include <QWidget>
 #include <optional>
 
 namespace tessivo {
 
 class AnswerButton;
+class WrapLayout;
 
 /// A person's verdict: two or three buttons, the chosen one tinted. Clicking the chosen one takes the answer
 /// back. It shows what it was last set to; the owner writes the answer into the model and sets it again.

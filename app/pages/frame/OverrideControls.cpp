@@ -2,6 +2,7 @@
 
 #include "app/controls/Checkbox.h"
 #include "app/controls/GrowingTextField.h"
+#include "app/layout/ColumnLayout.h"
 #include "app/look/Metrics.h"
 
 namespace tessivo {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
 #include "kit/vocabulary/TestID.h"
 #include "kit/vocabulary/UserOverride.h"
 
+#include <QWidget>
 #include <optional>
 #include <string>
 

@@ -1,8 +1,11 @@
 #include "app/pages/frame/TestPage.h"
 
+#include "app/controls/Divider.h"
 #include "app/controls/Panel.h"
 #include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitLayout.h"
 #include "app/model/AppModel.h"
 #include "app/pages/frame/OverrideControls.h"
 
@@ -48,7 +51,7 @@ TestPage::TestPage(AppModel& model, TestID test, const QString& how, QWidget* co
     add(m_summary, PageHead::summaryGap);
     auto* instructions = new TextLabel(how, TextRole::body, ColorRole::text2);
     add(instructions, PageHead::howGap);
-    column().setMaximumItemWidth(instructions, theme().scaled(PageHead::howWidth));
+    instructions->setMaximumWidth(theme().scaled(PageHead::howWidth));
     if (content) add(content, PageHead::contentGap);
     add(new Divider, PageHead::dividerGap);
     add(m_overrides, PageHead::overrideGap);

@@ -1,11 +1,12 @@
 #include "app/pages/handover/HandoverRow.h"
 
+#include "app/controls/Capsule.h"
 #include "app/controls/Checkbox.h"
 #include "app/controls/LinkLabel.h"
-#include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
-#include "app/look/Paint.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -17,33 +18,6 @@ namespace {
 
 constexpr int topPadding = 14;
 constexpr int underTitle = 2;
-
-/// A word on a capsule of no colour: what is said of a step beside its title.
-class QuietTag final : public QWidget, public AccessibleTraits {
-public:
-    explicit QuietTag(const QString& text) : m_text(text) {
-        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    }
-
-    QSize sizeHint() const override {
-        const QFontMetrics metrics(theme().font(TextRole::badge));
-        return {metrics.horizontalAdvance(m_text) + 2 * Space::m, theme().lineHeight(TextRole::headline)};
-    }
-    QAccessible::Role spokenRole() const override { return QAccessible::StaticText; }
-    QString spokenName() const override { return m_text; }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        paintRounded(painter, rect(), height() / 2.0, theme().color(ColorRole::text1, 5));
-        painter.setFont(theme().font(TextRole::badge));
-        painter.setPen(theme().color(ColorRole::text2));
-        painter.drawText(rect(), Qt::AlignCenter, m_text);
-    }
-
-private:
-    QString m_text;
-};
 
 /// What stands on the line of the title, as high as that line.
 QWidget* onTitleLine(QWidget* widget) {
@@ -92,7 +66,9 @@ HandoverRow::HandoverRow(HandoverStep step, Kind kind, const PageContext& contex
     if (step == HandoverStep::nvram) {
         auto* line = new WrapRow;
         line->add(heading);
-        line->add(new QuietTag(QStringLiteral("Optional")));
+        const Capsule::Look quiet{
+            {}, QStringLiteral("Optional"), ColorRole::text2, ColorRole::text2, ColorRole::text1, 5};
+        line->add(new Capsule(Capsule::lowTag, quiet));
         m_words->add(line);
     } else {
         m_words->add(heading);

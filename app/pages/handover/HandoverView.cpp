@@ -1,9 +1,11 @@
 #include "app/pages/handover/HandoverView.h"
 
+#include "app/controls/Divider.h"
 #include "app/controls/LinkLabel.h"
 #include "app/controls/Panel.h"
 #include "app/controls/SectionHeading.h"
 #include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
 #include "app/pages/frame/TestPage.h"
 #include "app/pages/shared/ActivationLockPanel.h"
@@ -23,18 +25,9 @@ QString text(const std::string& words) {
     return QString::fromStdString(words);
 }
 
-/// A divider that begins under the symbols of the rows.
-QWidget* rowDivider(HandoverRow::Kind kind) {
-    auto* line = new QWidget;
-    auto* layout = new ColumnLayout(line);
-    layout->setContentsMargins(HandoverRow::symbolLeft(kind), 0, Space::block, 0);
-    layout->add(new Divider);
-    return line;
-}
-
+/// With a divider that begins under the symbols of the rows.
 void addRow(Panel& panel, HandoverRow* row, HandoverRow::Kind kind) {
-    if (panel.column().count() > 0) panel.add(rowDivider(kind));
-    panel.add(row);
+    panel.addRow(row, HandoverRow::symbolLeft(kind), Space::block);
 }
 
 } // namespace
@@ -55,7 +48,7 @@ HandoverView::HandoverView(const PageContext& context, QWidget* parent)
 void HandoverView::addText(const QString& words, int gapAbove) {
     auto* label = new TextLabel(words, TextRole::body, ColorRole::text2);
     add(label, gapAbove);
-    column().setMaximumItemWidth(label, theme().scaled(PageHead::howWidth));
+    label->setMaximumWidth(theme().scaled(PageHead::howWidth));
 }
 
 void HandoverView::addHead() {

@@ -6,6 +6,7 @@
 #include "app/controls/SectionHeading.h"
 #include "app/controls/Stepper.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitRow.h"
 #include "app/look/Metrics.h"
 #include "app/pages/hardware/PortRow.h"
 #include "app/readers/Readers.h"
@@ -42,11 +43,7 @@ PortsView::PortsView(const PageContext& context, QWidget* parent)
       m_noDevices(
           new TextLabel(QStringLiteral("No USB devices connected."), TextRole::body, ColorRole::text2)),
       m_showHubs(new Checkbox(QStringLiteral("Show hubs (including the Mac's own)"))) {
-    auto* controls = new WrapRow;
-    controls->add(m_count);
-    controls->addSpring();
-    controls->add(m_clear);
-    add(controls);
+    add(new SplitRow(m_count, m_clear));
     add(m_slots, Space::block);
     add(new SectionHeading(QStringLiteral("Connected now")), sectionGap);
     add(m_devices, Space::heading);

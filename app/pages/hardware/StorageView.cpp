@@ -6,6 +6,8 @@
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
 #include "kit/catalog/StorageCheck.h"
 #include "kit/hardware/ByteText.h"
@@ -57,7 +59,7 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
         TextRole::callout, ColorRole::text2);
     add(shownLess, Space::heading);
     for (TextLabel* words : {m_note, shownLess})
-        column().setMaximumItemWidth(words, theme().scaled(PageHead::howWidth));
+        words->setMaximumWidth(theme().scaled(PageHead::howWidth));
 
     m_listing->setPreferredWidth(pickerWidth);
     auto* readAgain = new Button(QStringLiteral("Read Again"));
@@ -66,9 +68,7 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
     listingLabel->setMaximumLines(1);
     row->add(listingLabel);
     row->add(m_listing);
-    row->addSpring();
-    row->add(readAgain);
-    add(row, Space::block);
+    add(new SplitRow(row, readAgain), Space::block);
 
     connect(m_source, &LinkLabel::clicked, this, [this] {
         if (const ModelSpec* spec = m_model.state().machine.spec(); spec && !spec->sources.empty())

@@ -1,8 +1,10 @@
 #include "app/pages/history/HistoryDetail.h"
 
 #include "app/controls/Button.h"
+#include "app/controls/Divider.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/Column.h"
 #include "app/look/Metrics.h"
 #include "app/pages/compare/CompareSheet.h"
 #include "app/pages/shared/ReportActions.h"

@@ -1,6 +1,7 @@
 #include "app/pages/history/HistoryView.h"
 
 #include "app/controls/Button.h"
+#include "app/controls/Divider.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
 #include "app/look/Metrics.h"

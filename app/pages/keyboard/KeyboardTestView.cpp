@@ -1,11 +1,16 @@
 #include "app/pages/keyboard/KeyboardTestView.h"
 
 #include "app/controls/Button.h"
+#include "app/controls/Divider.h"
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
 #include "app/controls/SectionHeading.h"
 #include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitRow.h"
+#include "app/layout/WrapRow.h"
+#include "app/look/Metrics.h"
 #include "app/pages/frame/AnswerButtons.h"
 #include "app/pages/keyboard/KeyboardDiagram.h"
 
@@ -89,7 +94,6 @@ QWidget* KeyboardTestView::makeControls() {
     m_count = new TextLabel;
     m_count->setTabularDigits(true);
     row->add(m_count);
-    row->addSpring();
     m_clear = new Button(QStringLiteral("Clear"));
     connect(m_clear, &Button::clicked, this, [this] {
         m_model.change([](SessionState& state) {
@@ -98,8 +102,7 @@ QWidget* KeyboardTestView::makeControls() {
             state.keyboard = fresh;
         });
     });
-    row->add(m_clear);
-    return row;
+    return new SplitRow(row, m_clear);
 }
 
 QWidget* KeyboardTestView::makeRunningLine() {

@@ -1,8 +1,9 @@
 #include "app/pages/report/PickupRow.h"
 
 #include "app/controls/Button.h"
-#include "app/controls/StatusBadge.h"
+#include "app/controls/StatusGlyph.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/Column.h"
 #include "app/look/Metrics.h"
 #include "app/look/Paint.h"
 
@@ -17,7 +18,7 @@ constexpr int trailingGap = 13;
 } // namespace
 
 PickupRow::PickupRow(const PickupStep& step, std::optional<Page> page, QWidget* parent)
-    : QWidget(parent), m_page(page), m_glyph(new StatusGlyph({}, SymbolSize::glyph)) {
+    : QWidget(parent), m_page(page), m_glyph(new StatusGlyph(SymbolSize::glyph)) {
     const QString title = QString::fromStdString(step.title);
     auto* words = new Column;
     words->add(new TextLabel(title, TextRole::headline));

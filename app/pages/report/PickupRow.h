@@ -1,9 +1,10 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
 #include "app/model/Page.h"
 #include "kit/report/ConditionReport.h"
 #include "kit/vocabulary/TestStatus.h"
+
+#include <QWidget>
 
 namespace tessivo {
 

@@ -1,5 +1,6 @@
 #include "app/pages/report/PickupView.h"
 
+#include "app/controls/Divider.h"
 #include "app/controls/FactGrid.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
@@ -34,7 +35,7 @@ PickupView::PickupView(const PageContext& context, QWidget* parent)
                        "with the seller's report. It takes under two minutes."),
         TextRole::body, ColorRole::text2);
     add(how, PageHead::howGap);
-    column().setMaximumItemWidth(how, theme().scaled(PageHead::howWidth));
+    how->setMaximumWidth(theme().scaled(PageHead::howWidth));
 
     auto* facts = new Column;
     facts->column().setContentsMargins(Space::block, aboveFacts, Space::block, Space::m);

@@ -1,6 +1,7 @@
 #include "app/pages/report/ReportPage.h"
 
 #include "app/controls/Button.h"
+#include "app/controls/Divider.h"
 #include "app/controls/GrowingTextField.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"

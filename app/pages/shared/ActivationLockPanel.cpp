@@ -2,7 +2,10 @@
 
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitRow.h"
+#include "app/layout/WrapRow.h"
 #include "kit/rules/RuleTexts.h"
 
 #include <QHBoxLayout>

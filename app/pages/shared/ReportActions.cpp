@@ -1,6 +1,8 @@
 #include "app/pages/shared/ReportActions.h"
 
 #include "app/controls/Button.h"
+#include "app/layout/TileLayout.h"
+#include "app/look/Metrics.h"
 #include "app/pages/shared/ReportFlow.h"
 
 namespace tessivo {
@@ -19,8 +21,8 @@ ReportActions::ReportActions(const PageContext& context, Source report, History 
       m_context(context),
       m_report(std::move(report)),
       m_history(history),
-      m_buttons(new TileLayout(this, shape == Shape::grid ? gridButton : columnButton, Space::button)) {
-    m_buttons->setMaximumColumns(shape == Shape::grid ? 3 : 1);
+      m_buttons(new TileLayout(this, shape == Shape::grid ? gridButton : columnButton, Space::button,
+                               shape == Shape::grid ? 3 : 1, Space::button)) {
     // As high as its rows need: a fixed height would be that of its natural width.
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
@@ -42,7 +44,7 @@ Button* ReportActions::addAction(const QString& text, const char* symbol, void (
 
 void ReportActions::add(Button* button) {
     button->setLeading(true);
-    m_buttons->addWidget(button);
+    m_buttons->add(button);
 }
 
 void ReportActions::savePDF() {

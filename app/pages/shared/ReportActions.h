@@ -1,11 +1,13 @@
 #pragma once
 
-#include "app/controls/TileGrid.h"
 #include "app/pages/PageContext.h"
+
+#include <QWidget>
 
 namespace tessivo {
 
 class Button;
+class TileLayout;
 
 /// The five things that can be done with a report, as buttons. What they did is told in the model's
 /// `message`, or in a dialog where something went wrong.

@@ -1,6 +1,6 @@
 #include "app/pages/tones/HeadphonesView.h"
 
-#include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
 #include "app/look/Metrics.h"
 #include "app/pages/tones/ToneBlock.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
+#include "app/layout/Column.h"
 #include "app/model/Poll.h"
 #include "app/pages/PageContext.h"
 #include "app/readers/TonePlayer.h"

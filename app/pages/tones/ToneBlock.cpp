@@ -2,6 +2,9 @@
 
 #include "app/controls/Button.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitRow.h"
+#include "app/layout/WrapRow.h"
+#include "app/look/Metrics.h"
 #include "app/pages/frame/AnswerButtons.h"
 
 namespace tessivo {
@@ -21,9 +24,7 @@ ToneBlock::ToneBlock(const QString& title, const QString& works, const QString& 
     controls->add(m_answer);
     auto* clear = new Button(QStringLiteral("Clear"));
     clear->setAccessibleDescription(title);
-    controls->addSpring();
-    controls->add(clear);
-    add(controls, Space::heading);
+    add(new SplitRow(controls, clear), Space::heading);
 
     connect(m_play, &Button::clicked, this, &ToneBlock::play);
     connect(m_answer, &AnswerButtons::answered, this, &ToneBlock::answered);

@@ -4,6 +4,8 @@
 #include "app/controls/Chip.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/pages/trackpad/TrackpadArea.h"
 #include "app/pages/trackpad/TrackpadSurface.h"
 
@@ -48,7 +50,7 @@ TrackpadTestView::~TrackpadTestView() {
 
 QWidget* TrackpadTestView::makeChips() {
     auto* chips = new WrapRow(nullptr, Space::button, Space::button);
-    chips->setCentered(true);
+    chips->center();
     for (const auto& step : TrackpadTest().steps()) {
         m_steps.push_back(new Chip(QString::fromStdString(step.name)));
         chips->add(m_steps.back());

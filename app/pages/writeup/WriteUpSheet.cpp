@@ -2,11 +2,14 @@
 
 #include "app/controls/BusyMark.h"
 #include "app/controls/Button.h"
+#include "app/controls/Capsule.h"
 #include "app/controls/Checkbox.h"
-#include "app/controls/Chip.h"
+#include "app/controls/Divider.h"
 #include "app/controls/Panel.h"
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/Column.h"
+#include "app/layout/SplitRow.h"
 #include "app/layout/WrapRow.h"
 #include "app/model/Background.h"
 #include "app/pages/writeup/ListingText.h"
@@ -74,8 +77,13 @@ QWidget* WriteUpSheet::makeHead() {
     auto* head = padded(sheetPadding, 0);
     auto* title = new TextLabel(words("Listing Write-Up"), TextRole::sheetTitle);
     title->setHeading(true);
-    head->add(new SplitRow(
-        title, new Tag(words("Draft: check before posting"), QStringLiteral("exclamationmark.bubble"))));
+    const Capsule::Look draft{QStringLiteral("exclamationmark.bubble"),
+                              words("Draft: check before posting"),
+                              ColorRole::orange,
+                              ColorRole::orange,
+                              ColorRole::orange,
+                              15};
+    head->add(new SplitRow(title, new Capsule(Capsule::tag, draft)));
     head->add(
         new TextLabel(words("Every number, spec and problem is copied from the report. You're responsible "
                             "for what your listing says, so read it before you post."),

@@ -1,3 +1,4 @@
+#include "app/controls/Tile.h"
 #include "tests/app/PageTesting.h"
 
 #include "app/controls/Button.h"
@@ -149,7 +150,8 @@ TEST(Capsules, haveTenAcrossAndFourOrSixDown) {
     };
     StatusBadge badge(TestStatus::works);
     Chip chip(text("Click"));
-    Tag tag(text("Draft"), text("exclamationmark.bubble"));
+    Capsule tag(Capsule::tag, {text("exclamationmark.bubble"), text("Draft"), ColorRole::orange,
+                               ColorRole::orange, ColorRole::orange, 15});
     EXPECT_EQ(around(badge, TextRole::badge, 15, 5), QSize(20, 8));
     EXPECT_EQ(around(chip, TextRole::control, 18, 6), QSize(20, 12));
     EXPECT_EQ(around(tag, TextRole::badge, 16, 6), QSize(20, 8));

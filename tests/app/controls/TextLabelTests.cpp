@@ -1,7 +1,7 @@
 #include "app/controls/TextLabel.h"
 
 #include "app/controls/SelectableText.h"
-#include "app/layout/Layouts.h"
+#include "app/layout/ColumnLayout.h"
 #include "tests/app/PageTesting.h"
 
 #include <QApplication>

@@ -1,8 +1,9 @@
 #include "app/controls/Button.h"
 #include "app/controls/SegmentedPicker.h"
 #include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
-#include "app/controls/TileGrid.h"
+#include "app/controls/Tile.h"
 #include "kit/Samples.h"
 #include "tests/app/pages/PageFixture.h"
 

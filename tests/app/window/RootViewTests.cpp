@@ -1,6 +1,6 @@
+#include "app/controls/Tile.h"
 #include "tests/app/window/WindowFixture.h"
 
-#include "app/controls/TileGrid.h"
 #include "kit/Samples.h"
 
 #include <QApplication>

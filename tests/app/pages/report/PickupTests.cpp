@@ -1,5 +1,5 @@
 #include "app/controls/Button.h"
-#include "app/controls/StatusBadge.h"
+#include "app/controls/StatusGlyph.h"
 #include "app/pages/report/PickupRow.h"
 #include "app/pages/report/PickupView.h"
 #include "kit/Samples.h"

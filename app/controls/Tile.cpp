@@ -1,7 +1,7 @@
-#include "app/controls/TileGrid.h"
-
-#include "app/controls/StatusBadge.h"
+#include "app/controls/Tile.h"
+#include "app/controls/StatusColors.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "app/look/Paint.h"
 #include "app/look/Symbols.h"
 
@@ -98,11 +98,6 @@ void Tile::paintEvent(QPaintEvent* event) {
                theme().color(ColorRole::accent));
     drawSymbol(painter, glyphPlace(), QString::fromUtf8(symbol(m_status)),
                theme().color(glyphColor(m_status)));
-}
-
-TileGrid::TileGrid(QWidget* parent, int minimumWidth, int gap, int maximumColumns)
-    : QWidget(parent), m_layout(new TileLayout(this, theme().scaled(minimumWidth), gap)) {
-    m_layout->setMaximumColumns(maximumColumns);
 }
 
 } // namespace tessivo

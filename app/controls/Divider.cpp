@@ -1,0 +1,16 @@
+#include "app/controls/Divider.h"
+#include "app/look/Paint.h"
+
+namespace tessivo {
+
+Divider::Divider(int left, int right, QWidget* parent) : QWidget(parent), m_left(left), m_right(right) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMinimumHeight(1);
+}
+
+void Divider::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintHairline(painter, mirrored(*this, QRect(m_left, 0, width() - m_left - m_right, 1)));
+}
+
+} // namespace tessivo
