@@ -12,6 +12,15 @@
 
 namespace tessivo::ReportPrinting {
 
+namespace {
+
+/// Without any, letters come out as boxes.
+bool hasFont() {
+    return !QFontInfo(ReportFonts::text(12)).family().isEmpty();
+}
+
+} // namespace
+
 bool print(const ConditionReport& report, QPagedPaintDevice& device, const std::string& timeZone) {
     // The document holds the margins itself, so that each page of it is one whole sheet.
     QPageLayout layout = device.pageLayout();
@@ -26,9 +35,7 @@ bool print(const ConditionReport& report, QPagedPaintDevice& device, const std::
 
 std::string pdf(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages,
                 const std::string& timeZone) {
-    // Without any, letters come out as boxes.
-    if (QFontInfo(ReportFonts::text(12)).family().isEmpty())
-        throw std::runtime_error("there is no font to set the report in");
+    if (!hasFont()) throw std::runtime_error(cause(SaveFault::noFont));
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -51,17 +58,19 @@ std::string pdf(const ConditionReport& report, const QPageSize& paper, const std
     return pdf(report, QPageLayout(paper, QPageLayout::Portrait, {}), {}, timeZone);
 }
 
-bool savePDF(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages,
-             const std::filesystem::path& file) {
+std::optional<SaveFault> savePDF(const ConditionReport& report, const QPageLayout& layout,
+                                 const QPageRanges& pages, const std::filesystem::path& file) {
+    if (!hasFont()) return SaveFault::noFont;
     try {
         Files::writeAtomically(file, pdf(report, layout, pages));
-        return true;
-    } catch (const std::exception&) {
-        return false;
+        return std::nullopt;
+    } catch (const std::exception& error) {
+        return saveFault(error);
     }
 }
 
-bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file) {
+std::optional<SaveFault> savePDF(const ConditionReport& report, const QPageSize& paper,
+                                 const std::filesystem::path& file) {
     return savePDF(report, QPageLayout(paper, QPageLayout::Portrait, {}), {}, file);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/model/SaveFault.h"
 #include "kit/report/ConditionReport.h"
 #include "platform/Desktop.h"
 
@@ -7,6 +8,7 @@
 #include <QPageRanges>
 #include <QPagedPaintDevice>
 #include <filesystem>
+#include <optional>
 
 /// Printing and saving as PDF: one operation with two outlets. Main thread.
 namespace tessivo::ReportPrinting {
@@ -24,10 +26,11 @@ std::string pdf(const ConditionReport& report, const QPageLayout& layout, const 
                 const std::string& timeZone = {});
 std::string pdf(const ConditionReport& report, const QPageSize& paper, const std::string& timeZone = {});
 
-/// The PDF under this name, whole or not at all. False if it couldn't be made or written.
-bool savePDF(const ConditionReport& report, const QPageLayout& layout, const QPageRanges& pages,
-             const std::filesystem::path& file);
-bool savePDF(const ConditionReport& report, const QPageSize& paper, const std::filesystem::path& file);
+/// The PDF under this name, whole or not at all: why it isn't there, or nothing if it is.
+std::optional<SaveFault> savePDF(const ConditionReport& report, const QPageLayout& layout,
+                                 const QPageRanges& pages, const std::filesystem::path& file);
+std::optional<SaveFault> savePDF(const ConditionReport& report, const QPageSize& paper,
+                                 const std::filesystem::path& file);
 
 /// US Letter or A4, as the system's setting has it; without one, as is used where the user is.
 QPageSize defaultPaper(std::optional<Paper> setting);

@@ -45,7 +45,7 @@ AppModel::AppModel(Platform& platform, QObject* parent) : QObject(parent), m_pla
     restoreOrBegin();
     m_historyStore.folder = supportFolder(platform) / "History";
     // The window doesn't wait for a folder of thousands of reports.
-    m_listing = std::async([store = m_historyStore] { return store.list(); });
+    m_listing = std::async(std::launch::async, [store = m_historyStore] { return store.list(); });
 }
 
 AppModel::~AppModel() = default;
@@ -102,6 +102,7 @@ void AppModel::setState(SessionState state) {
     scheduleSave();
     if (state == m_state) return;
     m_state = std::move(state);
+    m_results.reset();
     Q_EMIT stateChanged();
 }
 
@@ -164,13 +165,18 @@ std::optional<TestStatus> AppModel::status(Page page) const {
     return left ? TestStatus::notIncluded : TestStatus::works;
 }
 
+const std::vector<TestResult>& AppModel::results() const {
+    if (!m_results) m_results = Rules::results(m_state);
+    return *m_results;
+}
+
 TestResult AppModel::result(TestID test) const {
-    return Rules::result(test, m_state);
+    const auto found = std::ranges::find(results(), test, &TestResult::test);
+    return found == results().end() ? Rules::result(test, m_state) : *found;
 }
 
 std::int64_t AppModel::doneCount() const {
-    return std::ranges::count_if(Rules::results(m_state),
-                                 [](const TestResult& r) { return isDone(r.status); });
+    return std::ranges::count_if(results(), isDone, &TestResult::status);
 }
 
 std::filesystem::path AppModel::supportFolder(Platform& platform) {
@@ -309,7 +315,21 @@ void AppModel::persist() {
         entries.push_back({shelfKey, Kind::data, m_shelf.encode()});
         if (m_unreadShelf) entries.push_back({unreadShelfKey, Kind::data, *m_unreadShelf});
     }
-    m_platform.defaults().set(entries);
+    const std::error_code error = m_platform.defaults().set(entries);
+    tellWhetherStored(error ? std::optional(saveFault(error)) : std::nullopt);
+}
+
+void AppModel::tellWhetherStored(std::optional<SaveFault> fault) {
+    if (fault == m_saveFault) return;
+    const auto words = [](SaveFault why) {
+        return std::string("Couldn't save your answers: ") + cause(why) +
+               ". Tessivo tries again at the next change.";
+    };
+    if (fault)
+        setMessage(words(*fault));
+    else if (message() == words(*m_saveFault))
+        setMessage(std::nullopt);
+    m_saveFault = fault;
 }
 
 } // namespace tessivo

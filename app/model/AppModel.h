@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/model/Page.h"
+#include "app/model/SaveFault.h"
 #include "kit/report/HistoryStore.h"
 #include "kit/session/SessionShelf.h"
 #include "kit/session/SessionState.h"
@@ -31,7 +32,8 @@ public:
     const std::string& notes() const { return m_notes; }
     std::optional<Page> page() const { return m_page; }
     bool showWriteUp() const { return m_showWriteUp; }
-    bool reading() const { return m_reading; } ///< an enrollment reading is under way
+    /// An enrollment reading is under way.
+    bool reading() const { return m_reading; }
     /// What lies in History. The first asker after the start waits until its folder has been read.
     const std::vector<ConditionReport>& history() const;
     const std::optional<std::string>& message() const { return m_message; }
@@ -49,6 +51,10 @@ public:
     static std::vector<Page> testPages(std::optional<MacKind> kind);
     /// The badge of a page; absent for a page without tests.
     std::optional<TestStatus> status(Page page) const;
+    /// What the rules find in the session as it is: one result for each of its tests, in their order. The
+    /// rules are asked once after a change, by whoever comes first; the next change drops what they said.
+    const std::vector<TestResult>& results() const;
+    /// The result of any test, also of one that this kind of Mac goes without.
     TestResult result(TestID test) const;
     std::int64_t doneCount() const;
     /// Where the platform keeps this application's files. Throws std::runtime_error where there is no such
@@ -73,7 +79,8 @@ public:
     void deleteFromHistory(const Uuid& id);
     void refreshHistory();
 
-    /// Stores the session and the notes at once, and with them whose they are and what was set aside.
+    /// Stores the session and the notes at once, and with them whose they are and what was set aside. Where
+    /// that fails `message` tells why, once until it succeeds or fails for another reason.
     void persist();
 
 Q_SIGNALS:
@@ -91,9 +98,12 @@ private:
     bool restore(const std::string& session, std::string notes, const MachineInfo& machine);
     void scheduleSave();
     void setReading(bool reading);
+    void tellWhetherStored(std::optional<SaveFault> fault);
 
     Platform& m_platform;
     SessionState m_state;
+    mutable std::optional<std::vector<TestResult>>
+        m_results; ///< of this very state, once they were asked for
     std::string m_notes;
     std::optional<HardwareKeys> m_keys;       ///< stored with the session; absent where the platform has none
     SessionShelf m_shelf;                     ///< stored with it too
@@ -106,6 +116,7 @@ private:
     std::optional<std::string> m_message;
     HistoryStore m_historyStore;
     std::unique_ptr<Scheduled> m_saveTask;
+    std::optional<SaveFault> m_saveFault; ///< why the last save failed, if it did
     std::jthread m_enrollmentThread;
 };
 

@@ -1,14 +1,15 @@
 #include "app/window/Commands.h"
 
+#include "app/model/QtText.h"
 #include "app/pages/shared/ReportFlow.h"
+#include "app/window/RootView.h"
 
 #include <QApplication>
-#include <QMainWindow>
 #include <QMenuBar>
 
 namespace tessivo {
 
-Commands::Commands(QMainWindow& window, const PageContext& context, Updater& updater)
+Commands::Commands(RootView& window, const PageContext& context, Updater& updater)
     : QObject(&window), m_window(window), m_context(context) {
     addApplicationMenu(updater);
     addFileMenu();
@@ -28,38 +29,37 @@ void Commands::add(QMenu& menu, const QString& text, Action action, const QKeySe
 }
 
 void Commands::addApplicationMenu(Updater& updater) {
-    QMenu& menu = addMenu(QStringLiteral("&Tessivo"));
-    QAction* about = menu.addAction(QStringLiteral("&About Tessivo"));
+    QMenu& menu = addMenu("&Tessivo");
+    QAction* about = menu.addAction("&About Tessivo");
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, &Commands::about);
-    QAction* check = menu.addAction(QStringLiteral("Check for &Updates…"));
+    QAction* check = menu.addAction("Check for &Updates…");
     check->setMenuRole(QAction::ApplicationSpecificRole);
     connect(check, &QAction::triggered, &updater, &Updater::checkForUpdates);
     menu.addSeparator();
-    QAction* quit = menu.addAction(QStringLiteral("&Quit Tessivo"));
+    QAction* quit = menu.addAction("&Quit Tessivo");
     quit->setMenuRole(QAction::QuitRole);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, &m_window, &QWidget::close);
 }
 
 void Commands::addFileMenu() {
-    QMenu& menu = addMenu(QStringLiteral("&File"));
-    add(menu, QStringLiteral("Start &Over…"), &Commands::startOver);
+    QMenu& menu = addMenu("&File");
+    add(menu, "Start &Over…", &Commands::startOver);
     menu.addSeparator();
-    add(menu, QStringLiteral("&Close"), &Commands::closeKeyWindow, QKeySequence(Qt::CTRL | Qt::Key_W));
+    add(menu, "&Close", &Commands::closeKeyWindow, QKeySequence(Qt::CTRL | Qt::Key_W));
     menu.addSeparator();
-    add(menu, QStringLiteral("&Save Report as PDF…"), &Commands::saveReport,
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    add(menu, QStringLiteral("Copy Report as &Text"), &Commands::copyReport);
+    add(menu, "&Save Report as PDF…", &Commands::saveReport, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    add(menu, "Copy Report as &Text", &Commands::copyReport);
     menu.addSeparator();
-    add(menu, QStringLiteral("&Print Report…"), &Commands::printReport, QKeySequence(Qt::CTRL | Qt::Key_P));
+    add(menu, "&Print Report…", &Commands::printReport, QKeySequence(Qt::CTRL | Qt::Key_P));
 }
 
 void Commands::addGoMenu() {
-    QMenu& menu = addMenu(QStringLiteral("&Go"));
+    QMenu& menu = addMenu("&Go");
     int place = 1;
     for (const Page page : allCases<Page>()) {
-        QAction* item = menu.addAction(QString::fromUtf8(title(page)));
+        QAction* item = menu.addAction(qt(title(page)));
         item->setMenuRole(QAction::NoRole);
         if (place <= 9) item->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_0 + place)));
         connect(item, &QAction::triggered, this, [this, page] { m_context.model.setPage(page); });
@@ -68,21 +68,19 @@ void Commands::addGoMenu() {
 }
 
 void Commands::addHelpMenu() {
-    add(addMenu(QStringLiteral("&Help")), QStringLiteral("Tessivo &Help"), &Commands::openHelp);
+    add(addMenu("&Help"), "Tessivo &Help", &Commands::openHelp);
 }
 
 void Commands::about() {
     m_context.dialogs.inform(
-        &m_window, QStringLiteral("Tessivo %1").arg(QString::fromStdString(AppModel::appVersion())),
-        QStringLiteral(
-            "Tests a used Mac and makes its condition report. Results and reports stay on this computer."));
+        &m_window, QString("Tessivo %1").arg(qt(AppModel::appVersion())),
+        "Tests a used Mac and makes its condition report. Results and reports stay on this computer.");
 }
 
 void Commands::startOver() {
-    if (m_context.dialogs.confirm(
-            &m_window, QStringLiteral("Start over?"),
-            QStringLiteral("This clears every result on this Mac. Reports saved to History stay."),
-            QStringLiteral("Start Over"), QStringLiteral("Cancel")))
+    if (m_context.dialogs.confirm(&m_window, "Start over?",
+                                  "This clears every result on this Mac. Reports saved to History stay.",
+                                  "Start Over", "Cancel"))
         m_context.model.reset();
 }
 
@@ -92,18 +90,15 @@ void Commands::closeKeyWindow() {
 }
 
 void Commands::saveReport() {
-    const ConditionReport report = m_context.model.makeReport();
-    if (ReportFlow::savePDF(m_context, report, &m_window)) m_context.model.saveToHistory(report);
+    ReportFlow::savePDF(m_context, m_window.report(), &m_window, ReportFlow::History::keep);
 }
 
 void Commands::copyReport() {
-    ReportFlow::copyText(m_context, m_context.model.makeReport());
+    ReportFlow::copyText(m_context, m_window.report());
 }
 
 void Commands::printReport() {
-    const ConditionReport report = m_context.model.makeReport();
-    ReportFlow::print(m_context, report, &m_window);
-    m_context.model.saveToHistory(report);
+    ReportFlow::print(m_context, m_window.report(), &m_window, ReportFlow::History::keep);
 }
 
 void Commands::openHelp() {

@@ -6,16 +6,17 @@
 #include <QKeySequence>
 #include <QObject>
 
-class QMainWindow;
 class QMenu;
 
 namespace tessivo {
+
+class RootView;
 
 /// The menus of the window and what they do. Lives as long as its window.
 class Commands final : public QObject {
     Q_OBJECT
 public:
-    Commands(QMainWindow& window, const PageContext& context, Updater& updater);
+    Commands(RootView& window, const PageContext& context, Updater& updater);
 
 private:
     using Action = void (Commands::*)();
@@ -35,7 +36,7 @@ private:
     void printReport();
     void openHelp();
 
-    QMainWindow& m_window;
+    RootView& m_window;
     PageContext m_context;
 };
 

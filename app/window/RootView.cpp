@@ -3,6 +3,7 @@
 #include "app/look/Metrics.h"
 #include "app/look/Theme.h"
 #include "app/pages/Pages.h"
+#include "app/pages/report/ReportPage.h"
 #include "app/window/Commands.h"
 #include "app/window/Sidebar.h"
 
@@ -48,7 +49,7 @@ private:
 
 RootView::RootView(const PageContext& context, Updater& updater, QWidget* parent)
     : QMainWindow(parent), m_context(context), m_sidebar(new Sidebar(context.model)), m_detail(new Detail) {
-    setWindowTitle(QStringLiteral("Tessivo"));
+    setWindowTitle("Tessivo");
     setContextMenuPolicy(Qt::NoContextMenu);
     new Commands(*this, m_context, updater);
 
@@ -90,6 +91,11 @@ void RootView::showPage() {
     m_shown = page;
     m_view = makePage(page, m_context, m_detail);
     m_detail->hold(m_view);
+}
+
+ConditionReport RootView::report() const {
+    auto* page = qobject_cast<ReportPage*>(m_view);
+    return page ? page->shownReport() : m_context.model.makeReport();
 }
 
 void RootView::showEvent(QShowEvent* event) {

@@ -21,6 +21,8 @@ public:
 
     /// The view of the page shown now.
     QWidget* pageView() const { return m_view; }
+    /// The report that the Report page shows, while it is open, or else one that is made now.
+    ConditionReport report() const;
 
 Q_SIGNALS:
     /// The person closed the window, which ends the program.

@@ -55,7 +55,7 @@ QJsonValue LinuxDefaults::value(const std::string& key) const {
     }
 }
 
-void LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
+std::error_code LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
     try {
         const auto bytes = bytesOf(m_file);
         const auto file = bytes ? std::filesystem::canonical(m_file) : m_file; // a link stays one
@@ -67,12 +67,16 @@ void LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
                 entry.kind == DefaultsEntry::Kind::data ? dataValue(QByteArray::fromStdString(entry.value))
                                                         : QJsonValue(QString::fromStdString(entry.value));
         const QByteArray whole = QJsonDocument(*values).toJson();
-        if (std::uintmax_t(whole.size()) > largestFile) return; // it couldn't be read any more
+        if (std::uintmax_t(whole.size()) > largestFile) // it couldn't be read any more
+            return std::make_error_code(std::errc::file_too_large);
         Files::Calls calls;
         Files::createFolders(file.parent_path(), calls);
         Files::writeAtomically(file, whole.toStdString());
+        return {};
+    } catch (const std::system_error& fault) { // the file stands as it was
+        return fault.code();
     } catch (const std::exception&) {
-        // The file stands as it was.
+        return std::make_error_code(std::errc::not_enough_memory);
     }
 }
 
@@ -89,12 +93,12 @@ std::optional<std::string> LinuxDefaults::text(const std::string& key) const {
     return stored.isString() ? std::optional(stored.toString().toStdString()) : std::nullopt;
 }
 
-void LinuxDefaults::setData(const std::string& key, const std::string& bytes) {
-    set({{key, DefaultsEntry::Kind::data, bytes}});
+std::error_code LinuxDefaults::setData(const std::string& key, const std::string& bytes) {
+    return set({{key, DefaultsEntry::Kind::data, bytes}});
 }
 
-void LinuxDefaults::setText(const std::string& key, const std::string& text) {
-    set({{key, DefaultsEntry::Kind::text, text}});
+std::error_code LinuxDefaults::setText(const std::string& key, const std::string& text) {
+    return set({{key, DefaultsEntry::Kind::text, text}});
 }
 
 } // namespace tessivo

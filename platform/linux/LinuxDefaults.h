@@ -15,11 +15,11 @@ public:
 
     std::optional<std::string> data(const std::string& key) const override;
     std::optional<std::string> text(const std::string& key) const override;
-    void setData(const std::string& key, const std::string& bytes) override;
-    void setText(const std::string& key, const std::string& text) override;
+    std::error_code setData(const std::string& key, const std::string& bytes) override;
+    std::error_code setText(const std::string& key, const std::string& text) override;
     /// A file that makes no sense is kept beside the new one as ".damaged"; one that can't be read is left
     /// alone.
-    void set(const std::vector<DefaultsEntry>& entries) override;
+    std::error_code set(const std::vector<DefaultsEntry>& entries) override;
 
 private:
     QJsonValue value(const std::string& key) const;

@@ -21,17 +21,20 @@ CFRef<CFPropertyListRef> stored(const std::string& application, const std::strin
         CFPreferencesCopyValue(name.get(), id.get(), kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
 }
 
-void store(const std::string& application, const std::string& key, CFPropertyListRef value) {
+std::error_code store(const std::string& application, const std::string& key, CFPropertyListRef value) {
     const auto id = string(application);
     const auto name = string(key);
-    if (!id || !name || !value) return;
+    const auto failed = std::make_error_code(std::errc::io_error);
+    if (!id || !name || !value) return failed;
     const auto before = stored(application, key);
     const auto set = [&](CFPropertyListRef property) {
         CFPreferencesSetValue(name.get(), property, id.get(), kCFPreferencesCurrentUser,
                               kCFPreferencesAnyHost);
         return CFPreferencesSynchronize(id.get(), kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
     };
-    if (!set(value)) set(before.get());
+    if (set(value)) return {};
+    set(before.get());
+    return failed;
 }
 
 } // namespace
@@ -50,15 +53,15 @@ std::optional<std::string> MacDefaults::text(const std::string& key) const {
     return PropertyValue::text(static_cast<CFStringRef>(value.get()));
 }
 
-void MacDefaults::setData(const std::string& key, const std::string& bytes) {
+std::error_code MacDefaults::setData(const std::string& key, const std::string& bytes) {
     const CFRef<CFDataRef> value(CFDataCreate(
         kCFAllocatorDefault, reinterpret_cast<const UInt8*>(bytes.data()), CFIndex(bytes.size())));
-    store(m_applicationID, key, value.get());
+    return store(m_applicationID, key, value.get());
 }
 
-void MacDefaults::setText(const std::string& key, const std::string& text) {
+std::error_code MacDefaults::setText(const std::string& key, const std::string& text) {
     const auto value = string(text);
-    store(m_applicationID, key, value.get());
+    return store(m_applicationID, key, value.get());
 }
 
 } // namespace tessivo

@@ -12,8 +12,8 @@ public:
 
     std::optional<std::string> data(const std::string& key) const override;
     std::optional<std::string> text(const std::string& key) const override;
-    void setData(const std::string& key, const std::string& bytes) override;
-    void setText(const std::string& key, const std::string& text) override;
+    std::error_code setData(const std::string& key, const std::string& bytes) override;
+    std::error_code setText(const std::string& key, const std::string& text) override;
 
 private:
     const std::string m_applicationID;

@@ -24,20 +24,21 @@ std::optional<std::string> SimulatedDefaults::text(const std::string& key) const
     return value.toString().toStdString();
 }
 
-void SimulatedDefaults::setData(const std::string& key, const std::string& bytes) {
-    store(key, QByteArray::fromStdString(bytes));
+std::error_code SimulatedDefaults::setData(const std::string& key, const std::string& bytes) {
+    return store(key, QByteArray::fromStdString(bytes));
 }
 
-void SimulatedDefaults::setText(const std::string& key, const std::string& text) {
-    store(key, QString::fromStdString(text));
+std::error_code SimulatedDefaults::setText(const std::string& key, const std::string& text) {
+    return store(key, QString::fromStdString(text));
 }
 
-void SimulatedDefaults::store(const std::string& key, const QVariant& value) {
-    if (m_mac.defaultsFail) return;
+std::error_code SimulatedDefaults::store(const std::string& key, const QVariant& value) {
+    if (m_mac.defaultsFail) return std::make_error_code(std::errc::no_space_on_device);
     ++m_mac.defaultsWrites;
     m_values[QString::fromStdString(key)] = value;
     if (!m_file.isEmpty())
         QSettings(m_file, QSettings::IniFormat).setValue(QString::fromStdString(key), value);
+    return {};
 }
 
 } // namespace tessivo

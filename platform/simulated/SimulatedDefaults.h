@@ -16,11 +16,11 @@ public:
 
     std::optional<std::string> data(const std::string& key) const override;
     std::optional<std::string> text(const std::string& key) const override;
-    void setData(const std::string& key, const std::string& bytes) override;
-    void setText(const std::string& key, const std::string& text) override;
+    std::error_code setData(const std::string& key, const std::string& bytes) override;
+    std::error_code setText(const std::string& key, const std::string& text) override;
 
 private:
-    void store(const std::string& key, const QVariant& value);
+    std::error_code store(const std::string& key, const QVariant& value);
 
     SimulatedMac& m_mac;
     QString m_file;

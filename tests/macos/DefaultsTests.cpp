@@ -16,7 +16,7 @@ TEST_F(MacDefaultsTest, keepsDataAndTextsUnderItsOwnName) {
     EXPECT_EQ(defaults.data("session"), std::nullopt);
     const std::string bytes("{\"a\":\0\xff}", 8);
     defaults.setData("session", bytes);
-    defaults.setText("notes", "N\xC3\xB6tig \xF0\x9F\x94\x8A");
+    EXPECT_FALSE(defaults.setText("notes", "N\xC3\xB6tig \xF0\x9F\x94\x8A"));
     EXPECT_EQ(MacDefaults("test.tessivo").data("session"), bytes);
     EXPECT_EQ(MacDefaults("test.tessivo").text("notes"), "N\xC3\xB6tig \xF0\x9F\x94\x8A");
     EXPECT_EQ(MacDefaults("test.other").data("session"), std::nullopt);
@@ -41,11 +41,11 @@ TEST_F(MacDefaultsTest, aWriteThatFailsLeavesWhatWasThere) {
     system.beforeCall = [&](int number, const std::string& call) {
         if (call == "CFPreferencesSynchronize") system.failCall(number), system.beforeCall = nullptr;
     };
-    defaults.setData("session", "new");
+    EXPECT_TRUE(defaults.setData("session", "new"));
     EXPECT_EQ(defaults.data("session"), "old");
     EXPECT_EQ(stored("session")->bytes, "old");
     // No text at all: nothing is written.
-    defaults.setText("notes", "\xff");
+    EXPECT_TRUE(defaults.setText("notes", "\xff"));
     EXPECT_EQ(stored("notes"), nullptr);
 }
 

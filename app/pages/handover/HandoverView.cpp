@@ -7,6 +7,7 @@
 #include "app/controls/StatusBadge.h"
 #include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
+#include "app/model/QtText.h"
 #include "app/pages/frame/TestPage.h"
 #include "app/pages/shared/ActivationLockPanel.h"
 #include "app/pages/shared/ReportActions.h"
@@ -20,10 +21,6 @@ namespace {
 constexpr int sectionGap = 24;
 constexpr int underHeading = 3;
 constexpr int actionsWidth = 280;
-
-QString text(const std::string& words) {
-    return QString::fromStdString(words);
-}
 
 /// With a divider that begins under the symbols of the rows.
 void addRow(Panel& panel, HandoverRow* row, HandoverRow::Kind kind) {
@@ -52,22 +49,21 @@ void HandoverView::addText(const QString& words, int gapAbove) {
 }
 
 void HandoverView::addHead() {
-    add(new PageHeader(QString::fromUtf8(title(Page::handover)), QString::fromUtf8(symbol(Page::handover))));
-    addText(QStringLiteral(
-                "Apple's steps for handing this Mac to someone else, so none of your data or your Activation "
-                "Lock goes with it. Tick each one as you do it. ") +
-                text(Handover::closingLine(m_context.model.state().machine)) +
-                QStringLiteral(" The report lists them as ticked by you."),
+    add(new PageHeader(qt(title(Page::handover)), qt(symbol(Page::handover))));
+    addText("Apple's steps for handing this Mac to someone else, so none of your data or your Activation "
+            "Lock goes with it. Tick each one as you do it. " +
+                qt(Handover::closingLine(m_context.model.state().machine)) +
+                " The report lists them as ticked by you.",
             PageHead::howGap);
     const HelpLink& guide = Handover::guide();
-    auto* link = new LinkLabel(text(guide.title));
+    auto* link = new LinkLabel(qt(guide.title));
     connect(link, &LinkLabel::clicked, this,
             [this, &guide] { m_context.model.platform().desktop().openURL(guide.url); });
     add(link, Space::xs, Qt::AlignLeft);
 }
 
 void HandoverView::addChecklist() {
-    add(new SectionHeading(QStringLiteral("1. Before you save the report")), sectionGap);
+    add(new SectionHeading("1. Before you save the report"), sectionGap);
     auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine)) {
         if (Handover::comesAfterReport(step)) continue;
@@ -81,13 +77,12 @@ void HandoverView::addChecklist() {
 }
 
 void HandoverView::addReport() {
-    add(new SectionHeading(QStringLiteral("2. Save the report")), sectionGap);
-    addText(QStringLiteral(
-                "The erase removes Tessivo and this report from the Mac, so save or print it now. Ticks you "
-                "change after saving aren't in the saved copy."),
+    add(new SectionHeading("2. Save the report"), sectionGap);
+    addText("The erase removes Tessivo and this report from the Mac, so save or print it now. Ticks you "
+            "change after saving aren't in the saved copy.",
             underHeading);
     auto* actions = new ReportActions(
-        m_context, [this] { return m_context.model.makeReport(); }, ReportActions::History::keep,
+        m_context, [this] { return m_context.model.makeReport(); }, ReportFlow::History::keep,
         ReportActions::Shape::column);
     actions->setFixedWidth(actionsWidth); // larger text wraps, and leaves room beside it
     // Beside the buttons, where nothing moves when it comes.
@@ -102,33 +97,30 @@ void HandoverView::addReport() {
 }
 
 void HandoverView::addErase() {
-    add(new SectionHeading(QStringLiteral("3. Last: erase")), sectionGap);
+    add(new SectionHeading("3. Last: erase"), sectionGap);
     auto* panel = new Panel(Panel::Kind::list);
     for (const HandoverStep step : Handover::steps(m_context.model.state().machine))
         if (Handover::comesAfterReport(step))
             addRow(*panel, new HandoverRow(step, HandoverRow::Kind::plain, m_context),
                    HandoverRow::Kind::plain);
     add(panel, Space::heading);
-    addText(
-        QStringLiteral(
-            "These erase Tessivo and this checklist too, so there's nothing to tick. Tessivo never erases "
-            "or signs out anything itself."),
-        Space::l);
+    addText("These erase Tessivo and this checklist too, so there's nothing to tick. Tessivo never erases "
+            "or signs out anything itself.",
+            Space::l);
 }
 
 void HandoverView::addBuyer() {
-    auto* heading = new TextLabel(QStringLiteral("If you're the buyer"), TextRole::headline);
+    auto* heading = new TextLabel("If you're the buyer", TextRole::headline);
     heading->setHeading(true);
     auto* words = new Column;
     words->add(heading);
-    words->add(new TextLabel(text(Handover::buyerAdvice()), TextRole::body, ColorRole::text2), 2);
+    words->add(new TextLabel(qt(Handover::buyerAdvice()), TextRole::body, ColorRole::text2), 2);
     auto* content = new QWidget;
     auto* row = new QHBoxLayout(content);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Space::l);
-    row->addWidget(
-        new SymbolView(QStringLiteral("person.fill.questionmark"), SymbolSize::row, ColorRole::accent), 0,
-        Qt::AlignTop);
+    row->addWidget(new SymbolView("person.fill.questionmark", SymbolSize::row, ColorRole::accent), 0,
+                   Qt::AlignTop);
     row->addWidget(words, 1);
     auto* panel = new Panel(Panel::Kind::card);
     panel->add(content);
@@ -142,7 +134,7 @@ void HandoverView::follow() {
 }
 
 void HandoverView::showMessage() {
-    m_message->setText(text(m_context.model.message().value_or("")));
+    m_message->setText(qt(m_context.model.message().value_or("")));
 }
 
 } // namespace tessivo

@@ -29,13 +29,13 @@ HistoryDetail::HistoryDetail(const PageContext& context, QWidget* parent)
       m_divider(new Divider),
       m_bar(new QWidget),
       m_actions(new ReportActions(
-          context, [this] { return m_report.value(); }, ReportActions::History::leave,
+          context, [this] { return m_report.value(); }, ReportFlow::History::leave,
           ReportActions::Shape::grid)),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
-    auto* compare = new Button(QStringLiteral("Compare…"), QStringLiteral("arrow.left.arrow.right"));
+    auto* compare = new Button("Compare…", "arrow.left.arrow.right");
     m_actions->add(compare);
     connect(compare, &Button::clicked, this, &HistoryDetail::compare);
-    auto* remove = new Button(QStringLiteral("Delete"), QStringLiteral("trash"), Button::Kind::destructive);
+    auto* remove = new Button("Delete", "trash", Button::Kind::destructive);
     m_actions->add(remove);
     connect(remove, &Button::clicked, this, [this] {
         if (m_report) Q_EMIT deleteRequested(m_report->id);

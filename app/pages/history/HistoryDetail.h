@@ -45,7 +45,7 @@ private:
     QWidget* m_foot; ///< the buttons and the message
     ReportActions* m_actions;
     TextLabel* m_message;
-    QPointer<CompareSheet> m_compare; // it stands in the window
+    QPointer<CompareSheet> m_compare; ///< it stands in the window
 };
 
 } // namespace tessivo

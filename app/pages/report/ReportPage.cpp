@@ -6,6 +6,7 @@
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
 #include "app/layout/ScrollColumn.h"
+#include "app/model/QtText.h"
 #include "app/pages/shared/ReportActions.h"
 #include "app/pages/shared/SheetView.h"
 #include "app/pages/writeup/WriteUpSheet.h"
@@ -29,10 +30,9 @@ ReportPage::ReportPage(const PageContext& context, QWidget* parent)
       m_divider(new Divider(this)),
       m_controls(new ScrollColumn(this, QWIDGETSIZE_MAX, Space::xxxl)),
       m_tally(new TextLabel({}, TextRole::tally)),
-      m_unfinished(new TextLabel(
-          QStringLiteral("Unfinished tests show as not run. You can make the report any time, but "
-                         "buyers trust a complete one."),
-          TextRole::body, ColorRole::text2)),
+      m_unfinished(new TextLabel("Unfinished tests show as not run. You can make the report any time, but "
+                                 "buyers trust a complete one.",
+                                 TextRole::body, ColorRole::text2)),
       m_notes(new GrowingTextField),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)) {
     makeControls();
@@ -55,33 +55,32 @@ ReportPage::~ReportPage() {
 }
 
 void ReportPage::makeControls() {
-    auto* heading = new TextLabel(QStringLiteral("Report"), TextRole::pageTitle);
+    auto* heading = new TextLabel("Report", TextRole::pageTitle);
     heading->setHeading(true);
     m_controls->add(heading);
     m_controls->add(m_tally, Space::xxs);
     m_controls->add(m_unfinished, Space::xs);
 
-    auto* notes = new TextLabel(QStringLiteral("Your notes"), TextRole::headline);
+    auto* notes = new TextLabel("Your notes", TextRole::headline);
     notes->setHeading(true);
     m_notes->setFixedTextHeight(Height::notes);
-    m_notes->setAccessibleName(QStringLiteral("Notes for the report"));
+    m_notes->setAccessibleName("Notes for the report");
     m_controls->add(notes, Space::xl);
     m_controls->add(m_notes, Space::xs);
-    m_controls->add(
-        new TextLabel(QStringLiteral("Marks, what's in the box, battery or anything else to mention."),
-                      TextRole::callout, ColorRole::text2),
-        Space::xs);
+    m_controls->add(new TextLabel("Marks, what's in the box, battery or anything else to mention.",
+                                  TextRole::callout, ColorRole::text2),
+                    Space::xs);
     m_controls->add(new Divider, Space::xl);
 
-    const auto words = [](const char* key) { return QString::fromStdString(Strings::tr(key)); };
-    auto* writeUp = new Button(words("Write Listing Description…"), QStringLiteral("square.and.pencil"),
-                               Button::Kind::prominent);
+    const auto words = [](const char* key) { return qt(Strings::tr(key)); };
+    auto* writeUp =
+        new Button(words("Write Listing Description…"), "square.and.pencil", Button::Kind::prominent);
     writeUp->setLeading(true);
     writeUp->setToolTip(words("An honest listing description made from this report, problems first"));
     connect(writeUp, &Button::clicked, this, [this] { m_context.model.setShowWriteUp(true); });
     m_controls->add(writeUp, Space::xl);
     m_controls->add(new ReportActions(
-                        m_context, [this] { return shownReport(); }, ReportActions::History::keep,
+                        m_context, [this] { return shownReport(); }, ReportFlow::History::keep,
                         ReportActions::Shape::column),
                     Space::l);
     m_message->setReservedLines(messageLines);
@@ -96,21 +95,21 @@ void ReportPage::follow() {
 void ReportPage::rebuild() {
     m_nextRebuild.reset();
     m_report = m_context.model.makeReport();
-    const std::string tally = m_report.countsText();
-    m_tally->setText(tally.empty() ? QStringLiteral("No results yet.") : QString::fromStdString(tally));
-    m_unfinished->setVisible(m_report.count(TestStatus::notRun) + m_report.count(TestStatus::unfinished) > 0);
-    m_notes->setText(QString::fromStdString(m_context.model.notes()));
-    m_sheet->setReport(m_report);
+    const std::string tally = m_report->countsText();
+    m_tally->setText(tally.empty() ? "No results yet." : qt(tally));
+    m_unfinished->setVisible(m_report->count(TestStatus::notRun) + m_report->count(TestStatus::unfinished) >
+                             0);
+    m_notes->setText(qt(m_context.model.notes()));
+    m_sheet->setReport(*m_report);
 }
 
 const ConditionReport& ReportPage::shownReport() {
-    // A change whose frame has not come yet is in it.
-    if (m_nextRebuild) rebuild();
-    return m_report;
+    if (m_nextRebuild || !m_report) rebuild();
+    return *m_report;
 }
 
 void ReportPage::showMessage() {
-    m_message->setText(QString::fromStdString(m_context.model.message().value_or("")));
+    m_message->setText(qt(m_context.model.message().value_or("")));
 }
 
 void ReportPage::showWriteUp() {

@@ -24,6 +24,9 @@ public:
     explicit ReportPage(const PageContext& context, QWidget* parent = nullptr);
     ~ReportPage() override;
 
+    /// The one in the preview, brought up to date with a change whose frame has not come yet.
+    const ConditionReport& shownReport();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -32,13 +35,14 @@ private:
     void makeControls();
     void follow();
     void rebuild();
-    const ConditionReport& shownReport();
     void showMessage();
     void showWriteUp();
 
     PageContext m_context;
     std::unique_ptr<Scheduled> m_nextRebuild;
-    ConditionReport m_report; ///< the one in the preview, which is also what is copied, saved and printed
+    /// The one in the preview, which is also what is copied, saved and printed; absent until the page is
+    /// shown.
+    std::optional<ConditionReport> m_report;
     SheetView* m_sheet;
     Divider* m_divider;
     ScrollColumn* m_controls;

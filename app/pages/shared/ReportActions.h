@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/pages/PageContext.h"
+#include "app/pages/shared/ReportFlow.h"
 
 #include <QWidget>
 
@@ -15,16 +15,13 @@ class ReportActions final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `keep` where a report that is saved as PDF or printed goes to History too; History's own reports are
-    /// there already.
-    enum class History { keep, leave };
     /// `grid`: as many as three buttons a row.
     enum class Shape { column, grid };
 
     /// The report is asked for when a button is pressed, once for all that the button does with it.
     using Source = std::function<ConditionReport()>;
 
-    ReportActions(const PageContext& context, Source report, History history, Shape shape,
+    ReportActions(const PageContext& context, Source report, ReportFlow::History history, Shape shape,
                   QWidget* parent = nullptr);
 
     /// A further button behind the five.
@@ -34,16 +31,6 @@ public:
     int heightForWidth(int width) const override { return layout()->heightForWidth(width); }
 
 private:
-    Button* addAction(const QString& text, const char* symbol, void (ReportActions::*action)());
-    void savePDF();
-    void print();
-    void copyText();
-    void saveToHistory();
-    void saveFile();
-
-    PageContext m_context;
-    Source m_report;
-    History m_history;
     TileLayout* m_buttons;
 };
 

@@ -1,11 +1,10 @@
 #include "app/document/ReportPrinting.h"
+#include "tests/FullDisk.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/document/DocumentTesting.h"
 
 #include <QRegularExpression>
-#include <csignal>
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 
 using namespace tessivo;
 using namespace tessivo::documenttest;
@@ -23,21 +22,6 @@ std::string pdfOf(const ConditionReport& report, const QPageSize& paper = letter
 QString missingIn(const ConditionReport& report, const QPageSize& paper = letter) {
     return firstMissing(readText(pdfOf(report, paper)), linesOf(report, pacific)).left(400);
 }
-
-/// While it lives no file grows beyond this size, as on a disk without room.
-class FullDisk final {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit bound{bytes, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &bound);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
 
 class EveryMachinesPDF : public testing::TestWithParam<std::string> {};
 
@@ -166,7 +150,7 @@ TEST(ReportPDF, breaksPagesWhereTheyAreFullAlsoBehindAHeading) {
     EXPECT_GE(last, 3) << "no break is forced";
 }
 
-TEST(ReportPDF, onAFullDiskNoFileStandsUnderTheNameAndAnOldOneStays) {
+TEST(ReportPDF, aFailedSaveTellsWhyAndLeavesWhatWasThere) {
     const TemporaryFolder folder;
     const auto file = folder / "Report.pdf";
     const auto save = [](const std::filesystem::path& as) {
@@ -174,20 +158,21 @@ TEST(ReportPDF, onAFullDiskNoFileStandsUnderTheNameAndAnOldOneStays) {
     };
     for (const rlim_t room : {0, 1, 4096, 20'000}) {
         const FullDisk disk(room);
-        EXPECT_FALSE(save(file)) << room;
+        EXPECT_EQ(save(file), SaveFault::noRoom) << room;
         EXPECT_THAT(namesIn(folder.path()), testing::IsEmpty()) << room;
     }
     folder.write("Report.pdf", "the one before");
     {
         const FullDisk disk(4096);
-        EXPECT_FALSE(save(file));
+        EXPECT_EQ(save(file), SaveFault::noRoom);
     }
     EXPECT_EQ(bytesOf(file), "the one before");
-    EXPECT_TRUE(save(file));
+    EXPECT_EQ(save(file), std::nullopt);
     EXPECT_TRUE(bytesOf(file).starts_with("%PDF"));
     EXPECT_EQ(namesIn(folder.path()).size(), 1u);
-    EXPECT_FALSE(save(folder / "no such folder" / "a.pdf"));
-    EXPECT_FALSE(save(folder.path()));
+    EXPECT_EQ(save(folder / "no such folder" / "a.pdf"), SaveFault::other);
+    EXPECT_EQ(save(folder.path()), SaveFault::other);
+    EXPECT_EQ(save("/sys/a.pdf"), SaveFault::notAllowed) << "where nobody makes a file, root included";
 }
 
 TEST(ReportPDF, paperTooSmallForTheMarginsIsRefused) {

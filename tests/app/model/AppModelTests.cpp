@@ -128,15 +128,54 @@ TEST_F(AppModelTests, anEqualWriteIsStoredButToldToNobody) {
 }
 
 TEST_F(AppModelTests, aStoreThatFailsLeavesWhatWasStoredAndTheNextSaveHolds) {
+    const std::string told =
+        "Couldn't save your answers: there is no room on the disk. Tessivo tries again at "
+        "the next change.";
     store(answered(), "before");
-    model().setNotes("after");
+    const auto save = [this](const std::string& notes) {
+        model().setNotes(notes);
+        clock.advance(1s);
+        return mac.defaults().text("notes");
+    };
     controls.failDefaults(true);
-    clock.advance(1s);
-    EXPECT_EQ(mac.defaults().text("notes"), "before");
+    EXPECT_EQ(save("after"), "before");
+    EXPECT_EQ(model().message(), told);
+    model().setMessage("Copied.");
+    EXPECT_EQ(save("and on"), "before");
+    EXPECT_EQ(model().message(), "Copied.") << "one cause is told once";
     controls.failDefaults(false);
-    model().setNotes("after that");
-    clock.advance(1s);
-    EXPECT_EQ(mac.defaults().text("notes"), "after that");
+    EXPECT_EQ(save("after that"), "after that");
+    EXPECT_EQ(model().message(), "Copied.");
+
+    controls.failDefaults(true);
+    save("lost");
+    EXPECT_EQ(model().message(), told) << "a new failure";
+    controls.failDefaults(false);
+    EXPECT_EQ(save("kept"), "kept");
+    EXPECT_EQ(model().message(), std::nullopt) << "it is true no more";
+}
+
+TEST_F(AppModelTests, errorsComeDownToWhatAPersonCanMend) {
+    using enum SaveFault;
+    const std::pair<int, SaveFault> rows[] = {{ENOSPC, noRoom},     {EDQUOT, noRoom},    {EFBIG, noRoom},
+                                              {EACCES, notAllowed}, {EPERM, notAllowed}, {EROFS, notAllowed},
+                                              {EIO, other},         {ENOENT, other},     {EISDIR, other}};
+    for (const auto& [error, fault] : rows)
+        EXPECT_EQ(saveFault(std::system_error(error, std::generic_category())), fault) << error;
+    EXPECT_EQ(saveFault(std::invalid_argument("not a number")), other);
+}
+
+TEST_F(AppModelTests, theRulesAreAskedOnceForAChange) {
+    const auto* first = &model().results();
+    EXPECT_EQ(model().results(), Rules::results(model().state()));
+    const auto* data = first->data();
+    model().status(Page::overview);
+    model().doneCount();
+    EXPECT_EQ(model().results().data(), data) << "of one state they stay";
+    model().change([](SessionState& state) { state.activationLock = ActivationLockAnswer::enabled; });
+    EXPECT_EQ(model().results(), Rules::results(model().state())) << "of another they are made anew";
+    EXPECT_EQ(model().result(TestID::ethernet), Rules::result(TestID::ethernet, model().state()))
+        << "no test of a laptop, and still asked for";
 }
 
 TEST_F(AppModelTests, withoutAnApplicationSupportFolderThereIsNoModel) {

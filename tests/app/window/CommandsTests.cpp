@@ -1,6 +1,7 @@
 #include "tests/app/window/WindowFixture.h"
 
 #include "app/controls/GrowingTextField.h"
+#include "app/document/ReportPreview.h"
 #include "kit/Samples.h"
 #include "kit/report/ReportText.h"
 #include "tests/TemporaryFolder.h"
@@ -178,6 +179,22 @@ TEST_F(CommandsTests, theCopiedTextIsTheReportsAndNothingElseHappens) {
     EXPECT_EQ(model().message(), std::nullopt);
     EXPECT_TRUE(model().history().empty());
     EXPECT_TRUE(dialogs.asked.isEmpty());
+}
+
+TEST_F(CommandsTests, onTheReportPageTheyTakeTheReportThatIsShown) {
+    launch();
+    model().setPage(Page::report);
+    settle();
+    const ConditionReport shown = *window().findChild<ReportPreview*>()->report();
+    clock.advance(std::chrono::minutes(3));
+    choose("Copy Report as Text");
+    EXPECT_EQ(controls->pasteboardText(), ReportText::text(shown, {}));
+    choose("Print Report…");
+    EXPECT_EQ(model().history().front(), shown);
+    model().setPage(Page::overview);
+    settle();
+    choose("Print Report…");
+    EXPECT_EQ(model().history().front().created, clock.now()) << "elsewhere it is made now";
 }
 
 TEST_F(CommandsTests, helpAndAboutAndUpdates) {

@@ -39,17 +39,17 @@ TEST(LinuxDefaults, aFailedWriteLeavesTheValueBefore) {
     const TemporaryFolder folder;
     folder.write("file", "");
     LinuxDefaults nowhere(folder / "file/Tessivo.json");
-    nowhere.setText("notes", "lost");
+    EXPECT_TRUE(nowhere.setText("notes", "lost"));
     EXPECT_EQ(nowhere.text("notes"), std::nullopt);
 
     const auto path = folder / "Tessivo.json";
     LinuxDefaults defaults(path);
-    defaults.setText("notes", "kept");
+    EXPECT_FALSE(defaults.setText("notes", "kept"));
     const std::string before = bytesOf(path);
     // Not to be written in place of a folder.
     std::filesystem::rename(path, folder / "aside");
     std::filesystem::create_directories(path / "in the way");
-    defaults.setText("notes", "lost");
+    EXPECT_TRUE(defaults.setText("notes", "lost"));
     std::filesystem::remove_all(path);
     std::filesystem::rename(folder / "aside", path);
     EXPECT_EQ(bytesOf(path), before);
@@ -119,12 +119,14 @@ TEST(LinuxDefaults, aSessionIsTheOldOneOrTheNewOneWhateverRoomIsLeftOnTheDisk) {
         LinuxDefaults defaults(disk.folder() / "Tessivo.json");
         defaults.set({{"session", Kind::data, before}, {"notes", Kind::text, notes}});
         disk.folder().write("filler", std::string(fill, 'x'));
-        defaults.set({{"session", Kind::data, after}, {"notes", Kind::text, "new"}});
+        const auto error = defaults.set({{"session", Kind::data, after}, {"notes", Kind::text, "new"}});
 
         const LinuxDefaults nextLaunch(disk.folder() / "Tessivo.json");
         const auto session = nextLaunch.data("session");
         ASSERT_TRUE(session == before || session == after) << "with " << fill << " bytes in the way";
         EXPECT_EQ(nextLaunch.text("notes"), session == before ? notes : "new") << "both or none";
+        EXPECT_EQ(error, session == before ? std::make_error_code(std::errc::no_space_on_device)
+                                           : std::error_code());
         ++(session == before ? kept : replaced);
         EXPECT_EQ(namesIn(disk.folder().path()), (std::vector<std::string>{"Tessivo.json", "filler"}));
     }

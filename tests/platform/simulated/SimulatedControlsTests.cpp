@@ -148,10 +148,10 @@ TEST(SimulatedStorage, aWriteThatFailsLeavesWhatWasThereAndAnIniFileLivesOn) {
     {
         SimulatedPlatform mac({}, clock, {folder / "defaults.ini", {{folder.path()}}});
         mac.defaults().setData("session", bytes);
-        mac.defaults().setText("notes", "größer\n«2»");
+        EXPECT_FALSE(mac.defaults().setText("notes", "größer\n«2»"));
         SimulatedControls(mac).failDefaults(true);
-        mac.defaults().setData("session", "lost");
-        mac.defaults().setText("notes", "lost");
+        EXPECT_EQ(mac.defaults().setData("session", "lost"), std::errc::no_space_on_device);
+        EXPECT_EQ(mac.defaults().setText("notes", "lost"), std::errc::no_space_on_device);
         EXPECT_EQ(mac.defaults().data("session"), bytes);
         EXPECT_THAT(mac.folders().applicationSupport(), ElementsAre(folder.path()));
     }

@@ -109,6 +109,24 @@ TEST_F(HistoryTests, ofTwoFilesWithOneIdTheSelectedOneIsShownAndTheOddlyNamedOne
     EXPECT_TRUE(shown("No report selected"));
 }
 
+TEST_F(HistoryTests, itsOwnReportIsNotSavedIntoItAnew) {
+    keep(1, "Mac14,2", "SERIAL1");
+    open(Page::history);
+    select(1);
+    model->setMessage(std::nullopt);
+    // What another program took away meanwhile doesn't come back.
+    std::filesystem::remove_all(model->historyStore().folder);
+    const TemporaryFolder folder;
+    dialogs.saveAnswer = folder / "a.pdf";
+    dialogs.printAnswer = true;
+    dialogs.printFile = folder / "b.pdf";
+    EXPECT_TRUE(press("Save as PDF…"));
+    EXPECT_TRUE(press("Print…"));
+    EXPECT_EQ(namesIn(folder.path()), (std::vector<std::string>{"a.pdf", "b.pdf"}));
+    EXPECT_FALSE(std::filesystem::exists(model->historyStore().folder));
+    EXPECT_EQ(model->message(), std::nullopt);
+}
+
 TEST_F(HistoryTests, deletingTheLastReportOfAMacTakesItsHeaderAlong) {
     keep(1, "Mac14,2", "SERIAL1");
     keep(2, "Macmini9,1", "SERIAL2");

@@ -5,6 +5,7 @@
 #include "app/pages/writeup/WriteUpSheet.h"
 #include "kit/Samples.h"
 #include "kit/report/ReportText.h"
+#include "tests/FullDisk.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/document/DocumentTesting.h"
 #include "tests/app/pages/PageFixture.h"
@@ -146,6 +147,32 @@ TEST_F(ReportPageTests, eachActionTellsWhatItDidAndKeepsWhatItShould) {
         EXPECT_EQ(shown(row.message), !message().empty());
         EXPECT_EQ(dialogs.asked.size(), row.dialogs);
     }
+}
+
+TEST_F(ReportPageTests, aSaveThatFailsTellsWhyAndWhatToDo) {
+    open(Page::report);
+    dialogs.printAnswer = true;
+    const auto told = [this](const char* button, const std::filesystem::path& file) {
+        dialogs.saveAnswer = dialogs.printFile = file;
+        press(button);
+        return dialogs.asked.last().toStdString();
+    };
+    const std::string noRoom = "There is no room on the disk. Make room or choose another disk, then ";
+    {
+        const FullDisk disk(2000);
+        EXPECT_EQ(told("Save as PDF…", folder / "a.pdf"),
+                  "The PDF couldn’t be saved | " + noRoom + "save it again.");
+        EXPECT_EQ(told("Save Report File…", folder / "a.json"),
+                  "The report file couldn’t be saved | " + noRoom + "save it again.");
+        EXPECT_EQ(told("Print…", folder / "b.pdf"),
+                  "The report couldn’t be printed | " + noRoom + "print it again.");
+    }
+    EXPECT_EQ(told("Save as PDF…", "/sys/a.pdf"), "The PDF couldn’t be saved | Tessivo may not write there. "
+                                                  "Choose another folder, then save it again.");
+    EXPECT_EQ(
+        told("Save Report File…", folder / "no folder" / "a.json"),
+        "The report file couldn’t be saved | The file could not be written. Check that there is room on the "
+        "disk and that the folder can be written, then save it again.");
 }
 
 TEST_F(ReportPageTests, offersTheMacsOwnNamesAndSavesTheReportThatIsShown) {
