@@ -20,10 +20,9 @@ constexpr QSize panelSize(450, 780);
 
 ControlPanel::ControlPanel(const QStringList& machines, FeedServer& server)
     : m_server(server), m_machine(new QComboBox), m_area(new QScrollArea) {
-    setWindowTitle(QStringLiteral("Simulated Mac"));
+    setWindowTitle("Simulated Mac");
     resize(panelSize);
-    auto* what =
-        new QLabel(QStringLiteral("These controls stand in for the machine. They aren’t part of Tessivo."));
+    auto* what = new QLabel("These controls stand in for the machine. They aren’t part of Tessivo.");
     what->setWordWrap(true);
     m_machine->addItems(machines);
     m_area->setWidgetResizable(true);
@@ -32,7 +31,7 @@ ControlPanel::ControlPanel(const QStringList& machines, FeedServer& server)
     auto* column = new QVBoxLayout(this);
     column->addWidget(what);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Machine"), m_machine);
+    form->addRow("Machine", m_machine);
     column->addLayout(form);
     column->addWidget(m_area, 1);
     connect(m_machine, &QComboBox::activated, this, [this] { Q_EMIT chosen(m_machine->currentText()); });

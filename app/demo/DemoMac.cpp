@@ -1,5 +1,6 @@
 #include "app/demo/DemoMac.h"
 
+#include "app/model/QtText.h"
 #include "platform/simulated/MachineFile.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,7 @@ std::filesystem::path machines() {
 
 SimulatedPlatform::Storage storage(const std::string& name) {
     const std::filesystem::path folder = DemoMac::folder();
-    QDir().mkpath(QString::fromStdString(folder.string()));
+    QDir().mkpath(qt(folder.string()));
     return {.defaults = folder / (name + ".ini"), .applicationSupport = {{folder}}};
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/demo/Groups.h"
 #include "app/demo/Rows.h"
+#include "app/model/QtText.h"
 #include "kit/hardware/RegistryNames.h"
 
 #include <QListWidget>
@@ -36,9 +37,8 @@ void showPlugged(SimulatedControls& mac, QListWidget& list) {
     list.clear();
     for (const RegistryEntry& entry : mac.entries(RegistryClass::usbDevice)) {
         if (!entry.properties) continue;
-        list.addItem(QStringLiteral("%1  at 0x%2")
-                         .arg(QString::fromStdString(
-                             text(*entry.properties, RegistryKey::productName).value_or("no name")))
+        list.addItem(QString("%1  at 0x%2")
+                         .arg(qt(text(*entry.properties, RegistryKey::productName).value_or("no name")))
                          .arg(integer(*entry.properties, RegistryKey::locationID).value_or(0), 8, 16,
                               QLatin1Char('0')));
     }
@@ -47,19 +47,19 @@ void showPlugged(SimulatedControls& mac, QListWidget& list) {
 } // namespace
 
 QGroupBox* usbGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QStringLiteral("USB"));
+    auto* box = new QGroupBox("USB");
     auto* form = formIn(box);
     auto* device = addChoice(
-        form, QStringLiteral("Device"),
+        form, "Device",
         {"Flash drive", "Keyboard (slow)", "SSD (fast)", "Without a name", "Hub", "Hub with two devices"});
     auto* port = new QSpinBox;
     port->setRange(1, mostPorts);
-    form->addRow(QStringLiteral("Port"), port);
+    form->addRow("Port", port);
     auto* list = new QListWidget;
-    list->setAccessibleName(QStringLiteral("Plugged in"));
+    list->setAccessibleName("Plugged in");
     list->setMaximumHeight(80);
     list->setFocusPolicy(Qt::NoFocus);
-    addButtons(form, {{QStringLiteral("Plug In"),
+    addButtons(form, {{"Plug In",
                        [=, &mac] {
                            const std::uint32_t location = portLocation(port->value());
                            mac.unplugUSB(location);
@@ -76,7 +76,7 @@ QGroupBox* usbGroup(SimulatedControls& mac) {
                            }
                            showPlugged(mac, *list);
                        }},
-                      {QStringLiteral("Unplug"), [=, &mac] {
+                      {"Unplug", [=, &mac] {
                            mac.unplugUSB(portLocation(port->value()));
                            showPlugged(mac, *list);
                        }}});
@@ -86,34 +86,32 @@ QGroupBox* usbGroup(SimulatedControls& mac) {
 }
 
 QGroupBox* headphonesGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QStringLiteral("Headphone jack and speakers"));
+    auto* box = new QGroupBox("Headphone jack and speakers");
     auto* form = formIn(box);
-    auto* shape = addChoice(form, QStringLiteral("Shown as"), {"Data source", "Device of its own"});
-    addButtons(form,
-               {{QStringLiteral("Put In"),
-                 [=, &mac] { mac.insertHeadphones(SimulatedControls::JackForm(shape->currentIndex())); }},
-                {QStringLiteral("Pull Out"), [&mac] { mac.pullHeadphones(); }}});
-    addSwitch(form, QStringLiteral("The sound engine can’t start"), [&mac](bool on) { mac.failEngine(on); });
+    auto* shape = addChoice(form, "Shown as", {"Data source", "Device of its own"});
+    addButtons(
+        form,
+        {{"Put In", [=, &mac] { mac.insertHeadphones(SimulatedControls::JackForm(shape->currentIndex())); }},
+         {"Pull Out", [&mac] { mac.pullHeadphones(); }}});
+    addSwitch(form, "The sound engine can’t start", [&mac](bool on) { mac.failEngine(on); });
     return box;
 }
 
 QGroupBox* ethernetGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QStringLiteral("Ethernet"));
+    auto* box = new QGroupBox("Ethernet");
     auto* form = formIn(box);
     QStringList names;
     for (const RegistryEntry& entry : mac.entries(RegistryClass::network))
-        if (entry.properties)
-            names << QString::fromStdString(text(*entry.properties, RegistryKey::interfaceName).value_or(""));
-    auto* port = addChoice(form, QStringLiteral("Interface"), names);
-    auto* speed = addChoice(form, QStringLiteral("Speed"), {"10", "100", "1000", "2500", "10000"});
+        if (entry.properties) names << qt(text(*entry.properties, RegistryKey::interfaceName).value_or(""));
+    auto* port = addChoice(form, "Interface", names);
+    auto* speed = addChoice(form, "Speed", {"10", "100", "1000", "2500", "10000"});
     speed->setCurrentIndex(2);
-    addButtons(
-        form,
-        {{QStringLiteral("Raise Link"),
-          [=, &mac] {
-              mac.raiseLink(port->currentText().toStdString(), speed->currentText().toLongLong() * 1'000'000);
-          }},
-         {QStringLiteral("Drop Link"), [=, &mac] { mac.dropLink(port->currentText().toStdString()); }}});
+    addButtons(form, {{"Raise Link",
+                       [=, &mac] {
+                           mac.raiseLink(port->currentText().toStdString(),
+                                         speed->currentText().toLongLong() * 1'000'000);
+                       }},
+                      {"Drop Link", [=, &mac] { mac.dropLink(port->currentText().toStdString()); }}});
     return box;
 }
 

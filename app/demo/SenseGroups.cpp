@@ -2,6 +2,7 @@
 
 #include "app/demo/Groups.h"
 #include "app/demo/Rows.h"
+#include "app/model/QtText.h"
 
 #include <QLabel>
 #include <QMouseEvent>
@@ -18,43 +19,41 @@ QStringList deviceIDs(SimulatedControls& mac, MediaType type) {
     QStringList ids;
     if (const auto& entries = mac.facts().captureEntries(type))
         for (const auto& entry : *entries)
-            ids << QString::fromStdString(entry.uniqueID);
+            ids << qt(entry.uniqueID);
     return ids;
 }
 
 /// The rows that microphones and cameras have in common: which device, whether it opens, who may use it.
 QComboBox* addDevice(QFormLayout* form, SimulatedControls& mac, MediaType type,
                      const CaptureDevice& external) {
-    auto* device = addChoice(form, QStringLiteral("Device"), deviceIDs(mac, type));
+    auto* device = addChoice(form, "Device", deviceIDs(mac, type));
     const auto chosen = [device] { return device->currentText().toStdString(); };
-    addButtons(form, {{QStringLiteral("Add Another"),
+    addButtons(form, {{"Add Another",
                        [=, &mac] {
                            mac.removeDevice(type, external.uniqueID);
                            mac.addDevice(type, external);
                            device->clear();
                            device->addItems(deviceIDs(mac, type));
                        }},
-                      {QStringLiteral("Remove"), [=, &mac] {
+                      {"Remove", [=, &mac] {
                            mac.removeDevice(type, chosen());
                            device->clear();
                            device->addItems(deviceIDs(mac, type));
                        }}});
-    addChoice(form, QStringLiteral("List"), {"Is read", "Nothing answers", "No driver"},
-              [type, &mac](int index) {
-                  using Fault = CaptureList::Fault;
-                  mac.failList(type, index ? std::optional(Fault(index - 1)) : std::nullopt);
-              });
-    addChoice(form, QStringLiteral("When opened"), {"Opens", "Turns out broken", "Is busy", "Is refused"},
+    addChoice(form, "List", {"Is read", "Nothing answers", "No driver"}, [type, &mac](int index) {
+        using Fault = CaptureList::Fault;
+        mac.failList(type, index ? std::optional(Fault(index - 1)) : std::nullopt);
+    });
+    addChoice(form, "When opened", {"Opens", "Turns out broken", "Is busy", "Is refused"},
               [=, &mac](int index) {
                   mac.failOpening(chosen(), index ? std::optional(OpenFault(index - 1)) : std::nullopt);
               });
-    addSwitch(form, QStringLiteral("Can’t be opened"),
-              [=, &mac](bool on) { mac.setOpens(type, chosen(), !on); });
-    addSwitch(form, QStringLiteral("Never finishes opening"), [=, &mac](bool on) {
+    addSwitch(form, "Can’t be opened", [=, &mac](bool on) { mac.setOpens(type, chosen(), !on); });
+    addSwitch(form, "Never finishes opening", [=, &mac](bool on) {
         mac.setOpening(chosen(), on ? std::nullopt : std::optional(std::chrono::milliseconds(0)));
     });
     const auto access =
-        addChoice(form, QStringLiteral("Access"), {"Not asked yet", "Restricted", "Denied", "Allowed"},
+        addChoice(form, "Access", {"Not asked yet", "Restricted", "Denied", "Allowed"},
                   [type, &mac](int index) { mac.setAccess(type, AuthorizationStatus(index)); });
     access->setCurrentIndex(int(mac.access(type)));
     return device;
@@ -65,7 +64,7 @@ class Pad final : public QWidget {
 public:
     explicit Pad(SimulatedControls& mac) : m_mac(mac) {
         setFixedHeight(120);
-        setAccessibleName(QStringLiteral("Trackpad surface"));
+        setAccessibleName("Trackpad surface");
     }
 
 protected:
@@ -73,7 +72,7 @@ protected:
         QPainter painter(this);
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
-        painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Drag a finger here"));
+        painter.drawText(rect(), Qt::AlignCenter, "Drag a finger here");
     }
     void mousePressEvent(QMouseEvent* event) override { finger(event); }
     void mouseMoveEvent(QMouseEvent* event) override { finger(event); }
@@ -89,22 +88,22 @@ private:
 } // namespace
 
 QGroupBox* microphoneGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QStringLiteral("Microphones"));
+    auto* box = new QGroupBox("Microphones");
     auto* form = formIn(box);
     auto* device = addDevice(form, mac, MediaType::audio, {"demo-microphone", "USB Microphone"});
     auto* level = new QSlider(Qt::Horizontal);
     level->setRange(quietest, loudest);
     level->setValue(spoken);
-    auto* shown = new QLabel(QStringLiteral("%1 dB").arg(spoken));
+    auto* shown = new QLabel(QString("%1 dB").arg(spoken));
     auto* row = new QHBoxLayout;
     row->addWidget(level);
     row->addWidget(shown);
-    form->addRow(QStringLiteral("Level"), row);
-    level->setAccessibleName(QStringLiteral("Level"));
-    auto* speaks = new QCheckBox(QStringLiteral("Speak into it"));
+    form->addRow("Level", row);
+    level->setAccessibleName("Level");
+    auto* speaks = new QCheckBox("Speak into it");
     form->addRow(speaks);
     const auto apply = [=, &mac] {
-        shown->setText(QStringLiteral("%1 dB").arg(level->value()));
+        shown->setText(QString("%1 dB").arg(level->value()));
         mac.keepSpeaking(device->currentText().toStdString(),
                          speaks->isChecked() ? std::optional<double>(level->value()) : std::nullopt);
     };
@@ -114,21 +113,21 @@ QGroupBox* microphoneGroup(SimulatedControls& mac) {
 }
 
 QGroupBox* cameraGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QStringLiteral("Cameras"));
+    auto* box = new QGroupBox("Cameras");
     auto* form = formIn(box);
     auto* device = addDevice(form, mac, MediaType::video, {"demo-camera", "USB Camera"});
     const auto chosen = [device] { return device->currentText().toStdString(); };
-    addSwitch(form, QStringLiteral("Send frames"), [=, &mac](bool on) { mac.keepSending(chosen(), on); });
-    addButtons(form, {{QStringLiteral("Send Three Frames"), [=, &mac] { mac.sendFrames(chosen(), 3); }}});
+    addSwitch(form, "Send frames", [=, &mac](bool on) { mac.keepSending(chosen(), on); });
+    addButtons(form, {{"Send Three Frames", [=, &mac] { mac.sendFrames(chosen(), 3); }}});
     return box;
 }
 
 QGroupBox* trackpadGroup(SimulatedControls& mac) {
-    auto* box = new QGroupBox(QStringLiteral("Trackpad"));
+    auto* box = new QGroupBox("Trackpad");
     auto* form = formIn(box);
     form->addRow(new Pad(mac));
     const auto gesture = [&mac](const char* word) { return [&mac, word] { mac.gesture(word); }; };
-    addButtons(form, {{QStringLiteral("Touch All"),
+    addButtons(form, {{"Touch All",
                        [&mac] {
                            constexpr int steps = 24;
                            for (int y = 0; y < steps; ++y)
@@ -136,15 +135,14 @@ QGroupBox* trackpadGroup(SimulatedControls& mac) {
                                    mac.touch({{(x + 0.5) / steps, (y + 0.5) / steps}});
                            mac.touch({});
                        }},
-                      {QStringLiteral("Two Fingers"), [&mac] {
+                      {"Two Fingers", [&mac] {
                            mac.touch({{0.4, 0.5}, {0.6, 0.5}});
                            mac.touch({});
                        }}});
-    addButtons(form, {{QStringLiteral("Click"), gesture("click")},
-                      {QStringLiteral("Secondary"), gesture("secondary")},
-                      {QStringLiteral("Force"), gesture("force")}});
-    addButtons(form,
-               {{QStringLiteral("Scroll"), gesture("scroll")}, {QStringLiteral("Pinch"), gesture("zoom")}});
+    addButtons(
+        form,
+        {{"Click", gesture("click")}, {"Secondary", gesture("secondary")}, {"Force", gesture("force")}});
+    addButtons(form, {{"Scroll", gesture("scroll")}, {"Pinch", gesture("zoom")}});
     return box;
 }
 

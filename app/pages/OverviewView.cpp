@@ -12,6 +12,7 @@
 #include "app/controls/TileGrid.h"
 #include "app/layout/SplitRow.h"
 #include "app/layout/WrapRow.h"
+#include "app/model/QtText.h"
 #include "kit/rules/RuleTexts.h"
 
 #include <QHBoxLayout>
@@ -29,10 +30,6 @@ constexpr int underHeadline = 2;
 constexpr int underName = -2; // the large line has room to spare below
 constexpr int tilesGap = 24;
 
-QString text(const std::string& words) {
-    return QString::fromStdString(words);
-}
-
 const char* symbolOf(std::optional<MacKind> kind) {
     if (kind == MacKind::laptop) return "laptopcomputer";
     return kind == MacKind::desktop ? "macmini" : "desktopcomputer";
@@ -44,7 +41,7 @@ TextLabel* callout(const QString& words = {}) {
 
 /// A panel's headline with its badge at the far end.
 SplitRow* headline(TestID test, StatusBadge* badge) {
-    auto* label = new TextLabel(QString::fromUtf8(title(test)), TextRole::headline);
+    auto* label = new TextLabel(qt(title(test)), TextRole::headline);
     label->setHeading(true);
     return new SplitRow(label, badge);
 }
@@ -68,10 +65,9 @@ void OverviewView::addHeader() {
     m_name->setHeading(true);
     auto* words = new Column;
     words->add(m_name);
-    words->add(
-        new TextLabel(QStringLiteral("Test it, then make a whole-machine condition report for your listing."),
-                      TextRole::body, ColorRole::text2),
-        underName);
+    words->add(new TextLabel("Test it, then make a whole-machine condition report for your listing.",
+                             TextRole::body, ColorRole::text2),
+               underName);
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
@@ -83,19 +79,19 @@ void OverviewView::addHeader() {
 
 void OverviewView::addIdentity() {
     m_identity = new FactGrid(FactGrid::identity());
-    m_identity->addFact(QStringLiteral("Serial number"), {}, true);
-    m_identity->addFact(QStringLiteral("Model ID"), {}, true);
-    m_identity->addFact(QStringLiteral("Chip"));
-    m_identity->addFact(QStringLiteral("Memory"));
-    m_identity->addFact(QStringLiteral("Storage"));
-    m_identity->addFact(QStringLiteral("macOS"));
+    m_identity->addFact("Serial number", {}, true);
+    m_identity->addFact("Model ID", {}, true);
+    m_identity->addFact("Chip");
+    m_identity->addFact("Memory");
+    m_identity->addFact("Storage");
+    m_identity->addFact("macOS");
     auto* panel = new Panel;
     panel->column().setContentsMargins(Space::block, identityPadding, Space::block, Space::l);
     panel->add(m_identity);
-    panel->add(callout(QStringLiteral(
-                   "About This Mac (in the Apple menu) shows the same serial number, so a buyer can match "
-                   "them.")),
-               Space::s);
+    panel->add(
+        callout("About This Mac (in the Apple menu) shows the same serial number, so a buyer can match "
+                "them."),
+        Space::s);
     add(panel, Space::xxl);
 }
 
@@ -103,7 +99,7 @@ void OverviewView::addEnrollment() {
     m_enrollment = new StatusBadge;
     m_enrollmentSummary = new TextLabel;
     m_enrollmentDetails = new Column;
-    m_readAgain = new Button(QStringLiteral("Read Again"));
+    m_readAgain = new Button("Read Again");
     connect(m_readAgain, &Button::clicked, &m_model, &AppModel::readEnrollment);
 
     auto* words = new Column;
@@ -119,9 +115,8 @@ void OverviewView::addEnrollment() {
 
 void OverviewView::addActivationLock() {
     m_lock = new StatusBadge;
-    const QString shows = QStringLiteral("System Information shows");
-    m_lockAnswer = new SegmentedPicker(
-        shows, {QStringLiteral("Not checked yet"), QStringLiteral("Disabled"), QStringLiteral("Enabled")});
+    const QString shows = "System Information shows";
+    m_lockAnswer = new SegmentedPicker(shows, {"Not checked yet", "Disabled", "Enabled"});
     connect(m_lockAnswer, &SegmentedPicker::chosen, this, [this](int index) {
         m_model.change([index](SessionState& state) {
             state.activationLock = allCases<ActivationLockAnswer>().at(size_t(index));
@@ -145,10 +140,10 @@ void OverviewView::addActivationLock() {
 }
 
 void OverviewView::addTiles() {
-    add(new SectionHeading(QStringLiteral("Tests")), tilesGap);
+    add(new SectionHeading("Tests"), tilesGap);
     auto* grid = new TileGrid;
     for (const Page page : AppModel::testPages(std::nullopt)) {
-        auto* tile = new Tile(QString::fromUtf8(title(page)), QString::fromUtf8(symbol(page)));
+        auto* tile = new Tile(qt(title(page)), qt(symbol(page)));
         connect(tile, &Tile::clicked, this, [this, page] { m_model.setPage(page); });
         m_tiles[page] = tile;
         grid->add(tile);
@@ -165,27 +160,26 @@ void OverviewView::followState() {
 
 void OverviewView::followMachine() {
     const MachineInfo& machine = m_model.state().machine;
-    m_symbol->setSymbol(QString::fromUtf8(symbolOf(m_model.state().kind())), ColorRole::accent);
-    m_name->setText(text(machine.displayName()));
-    m_identity->setValue(serialNumber,
-                         machine.serial ? text(*machine.serial) : QStringLiteral("Couldn't read it"));
-    m_identity->setValue(modelID, text(machine.modelID));
-    m_identity->setValue(chip, text(machine.chip.value_or("—")));
-    m_identity->setValue(memory, text(machine.memoryText()));
-    m_identity->setValue(storage, text(machine.storageText().value_or("—")));
-    m_identity->setValue(system, text(machine.osVersion));
+    m_symbol->setSymbol(qt(symbolOf(m_model.state().kind())), ColorRole::accent);
+    m_name->setText(qt(machine.displayName()));
+    m_identity->setValue(serialNumber, machine.serial ? qt(*machine.serial) : "Couldn't read it");
+    m_identity->setValue(modelID, qt(machine.modelID));
+    m_identity->setValue(chip, qt(machine.chip.value_or("—")));
+    m_identity->setValue(memory, qt(machine.memoryText()));
+    m_identity->setValue(storage, qt(machine.storageText().value_or("—")));
+    m_identity->setValue(system, qt(machine.osVersion));
 }
 
 void OverviewView::followEnrollment() {
     const TestResult result = m_model.result(TestID::enrollment);
     m_enrollment->setStatus(result.status);
-    m_enrollmentSummary->setText(text(result.summary));
+    m_enrollmentSummary->setText(qt(result.summary));
     while (m_detailLines.size() < result.details.size()) {
         m_detailLines.push_back(callout());
         m_enrollmentDetails->add(m_detailLines.back());
     }
     for (size_t i = 0; i < m_detailLines.size(); ++i) {
-        if (i < result.details.size()) m_detailLines[i]->setText(text(result.details[i]));
+        if (i < result.details.size()) m_detailLines[i]->setText(qt(result.details[i]));
         m_detailLines[i]->setVisible(i < result.details.size());
     }
     m_readAgain->setEnabled(!m_model.reading());
@@ -197,16 +191,17 @@ void OverviewView::followActivationLock() {
     m_lock->setStatus(result.status);
     m_lockAnswer->setCurrent(int(answer));
     const bool warns = answer == ActivationLockAnswer::enabled && !result.details.empty();
-    m_lockWarning->setText(warns ? text(result.details.front()) : QString());
+    m_lockWarning->setText(warns ? qt(result.details.front()) : QString());
     m_lockWarning->setVisible(warns);
 }
 
 void OverviewView::followTiles() {
     const auto shown = AppModel::testPages(m_model.state().kind());
     for (const auto& [page, tile] : m_tiles) {
-        const TestResult result = m_model.result(tests(page).front());
-        tile->setStatus(result.status, text(result.summary));
         tile->setVisible(std::ranges::find(shown, page) != shown.end());
+        if (tile->isHidden()) continue;
+        const TestResult result = m_model.result(tests(page).front());
+        tile->setStatus(result.status, qt(result.summary));
     }
 }
 

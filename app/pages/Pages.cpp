@@ -1,5 +1,6 @@
 #include "app/pages/Pages.h"
 
+#include "app/model/QtText.h"
 #include "app/pages/OverviewView.h"
 #include "app/pages/cameras/CamerasView.h"
 #include "app/pages/display/DisplayTestView.h"
@@ -25,7 +26,7 @@ namespace {
 /// The frame of a test's page with the test's own view in it.
 template <class View>
 QWidget* testPage(TestID test, const PageContext& context, QWidget* parent) {
-    return new TestPage(context.model, test, QString::fromUtf8(View::how), new View(context), parent);
+    return new TestPage(context.model, test, qt(View::how), new View(context), parent);
 }
 
 } // namespace

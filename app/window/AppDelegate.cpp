@@ -1,5 +1,6 @@
 #include "app/window/AppDelegate.h"
 
+#include "app/model/QtText.h"
 #include "app/window/RootView.h"
 
 #include <QApplication>
@@ -10,8 +11,7 @@ AppDelegate::AppDelegate(Platform& platform, Dialogs& dialogs, QObject* parent)
     : QObject(parent),
       m_dialogs(dialogs),
       m_model(platform),
-      m_updater(platform.updateFramework(), platform.scheduler(), QStringLiteral("Tessivo"),
-                QString::fromStdString(AppModel::appVersion())),
+      m_updater(platform.updateFramework(), platform.scheduler(), "Tessivo", qt(AppModel::appVersion())),
       m_window(std::make_unique<RootView>(PageContext{m_model, dialogs}, m_updater)) {
     connect(&m_updater, &Updater::alert, this, &AppDelegate::tell);
     connect(qApp, &QCoreApplication::aboutToQuit, &m_model, &AppModel::persist);

@@ -38,7 +38,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv, const QStr
     QApplication::setApplicationName(name);
     QApplication::setApplicationVersion(QStringLiteral(TESSIVO_VERSION));
     QApplication::setDesktopFileName(name.toLower().replace(u' ', u'-'));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/tessivo.svg")));
+    QApplication::setWindowIcon(QIcon(":/tessivo.svg"));
     return application;
 }
 

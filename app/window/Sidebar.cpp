@@ -7,6 +7,7 @@
 #include "app/layout/ScrollColumn.h"
 #include "app/look/Metrics.h"
 #include "app/look/Paint.h"
+#include "app/model/QtText.h"
 #include "kit/rules/Rules.h"
 
 #include <QMouseEvent>
@@ -38,7 +39,7 @@ public:
 
     void setProgress(int done, int total) {
         m_bar->setProgress(done, total);
-        const QString words = QStringLiteral("%1 of %2 done").arg(done).arg(total);
+        const QString words = QString("%1 of %2 done").arg(done).arg(total);
         if (words == m_caption->text()) return;
         m_caption->setText(words);
         setAccessibleName(words);
@@ -54,15 +55,12 @@ private:
 };
 
 Sidebar::Sidebar(AppModel& model, QWidget* parent)
-    : QWidget(parent),
-      m_model(model),
-      m_list(new RowList(QStringLiteral("Pages"))),
-      m_foot(new ProgressFoot) {
+    : QWidget(parent), m_model(model), m_list(new RowList("Pages")), m_foot(new ProgressFoot) {
     addRow(Page::overview);
-    addSection(QStringLiteral("Tests"));
+    addSection("Tests");
     for (const Page page : AppModel::testPages(std::nullopt))
         addRow(page, m_rows.size() == 1 ? Space::xs : 0);
-    addSection(QStringLiteral("Report"));
+    addSection("Report");
     addRow(Page::report, Space::xs);
     addRow(Page::pickup);
     addRow(Page::history);
@@ -90,7 +88,7 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent)
 }
 
 void Sidebar::addRow(Page page, int gapAbove) {
-    auto* row = new SidebarRow(QString::fromUtf8(title(page)), QString::fromUtf8(symbol(page)));
+    auto* row = new SidebarRow(qt(title(page)), qt(symbol(page)));
     row->installEventFilter(this);
     m_rows[page] = row;
     m_list->addRow(row, gapAbove);
@@ -108,11 +106,11 @@ void Sidebar::addSection(const QString& title) {
 void Sidebar::followState() {
     const auto shown = AppModel::testPages(m_model.state().kind());
     for (const auto& [page, row] : m_rows) {
-        row->setStatus(m_model.status(page));
         if (!tests(page).empty() && page != Page::overview)
             row->setVisible(std::ranges::find(shown, page) != shown.end());
+        if (!row->isHidden()) row->setStatus(m_model.status(page));
     }
-    m_foot->setProgress(int(m_model.doneCount()), int(m_model.state().tests().size()));
+    m_foot->setProgress(int(m_model.doneCount()), int(m_model.results().size()));
     followPage();
 }
 

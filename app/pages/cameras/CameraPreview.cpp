@@ -17,7 +17,7 @@ constexpr int leastWidth = 160;
 
 CameraPreview::CameraPreview(const CameraMonitor& monitor, Scheduler& scheduler, QWidget* parent)
     : QWidget(parent), m_monitor(monitor), m_poll(scheduler, refreshInterval, [this] { refresh(); }) {
-    setAccessibleName(QStringLiteral("Camera picture"));
+    setAccessibleName("Camera picture");
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);

@@ -1,5 +1,7 @@
 #include "app/pages/cameras/CamerasView.h"
 
+#include "app/model/QtText.h"
+
 namespace tessivo {
 
 const char* const CamerasView::how =
@@ -8,12 +10,12 @@ const char* const CamerasView::how =
 
 CamerasView::CamerasView(const PageContext& context, QWidget* parent)
     : CaptureView(context, MediaType::video,
-                  {.openSettings = QStringLiteral("Open Camera Settings"),
-                   .noneFound = QStringLiteral("No camera found."),
-                   .noService = QStringLiteral("Couldn't list the cameras: the system doesn't answer. "
-                                               "If that lasts, restart the Mac."),
-                   .noDriver = QStringLiteral("Couldn't list the cameras: this system has no driver for the "
-                                              "Mac's own camera. Test it under macOS.")},
+                  {.openSettings = "Open Camera Settings",
+                   .noneFound = "No camera found.",
+                   .noService = "Couldn't list the cameras: the system doesn't answer. "
+                                "If that lasts, restart the Mac.",
+                   .noDriver = "Couldn't list the cameras: this system has no driver for the "
+                               "Mac's own camera. Test it under macOS."},
                   &SessionState::cameras, parent) {
     connect(&monitor(), &CameraMonitor::showingChanged, this, [this] { follow(); });
     connect(&monitor(), &CameraMonitor::framesSeenChanged, this, [this] { follow(); });
@@ -30,8 +32,7 @@ bool CamerasView::open(const CaptureDevice& device, std::function<void(OpenFault
 }
 
 CameraRow* CamerasView::makeRow(const CaptureDevice& device) {
-    auto* row = new CameraRow(QString::fromStdString(device.localizedName), monitor(),
-                              model().platform().scheduler());
+    auto* row = new CameraRow(qt(device.localizedName), monitor(), model().platform().scheduler());
     connect(row, &CameraRow::answered, this, [this, id = device.uniqueID](ManualAnswer answer) {
         changeReading(id, [answer](CameraReading& reading) { reading.answer = answer; });
     });

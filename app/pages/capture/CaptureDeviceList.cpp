@@ -2,6 +2,7 @@
 
 #include "app/controls/Button.h"
 #include "app/controls/TextLabel.h"
+#include "app/model/QtText.h"
 #include "app/readers/CaptureAccess.h"
 #include "kit/rules/Rules.h"
 
@@ -53,7 +54,7 @@ CaptureDeviceList::CaptureDeviceList(AppModel& model, MediaType type, const Capt
       m_lastStop(m_settings) {
     m_empty->add(sentence(words.noneFound));
     for (const std::string& detail : denial(type))
-        m_denied->add(sentence(QString::fromStdString(detail)));
+        m_denied->add(sentence(qt(detail)));
     m_denied->add(m_settings, Space::l, Qt::AlignHCenter);
     if (!canOpenPrivacySettings(model.platform().desktop(), type)) m_settings->hide();
     m_unlisted->add(m_reason);

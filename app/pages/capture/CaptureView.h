@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/layout/Column.h"
+#include "app/model/QtText.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/capture/CaptureDeviceList.h"
+#include "app/pages/frame/LiveContent.h"
 
-#include <QHideEvent>
-#include <QShowEvent>
 #include <algorithm>
 
 namespace tessivo {
@@ -15,13 +15,13 @@ namespace tessivo {
 /// access is taken away, and as soon as the page is left. `Monitor` holds the open device, `Row` shows one
 /// and tells `toggled`, `Reading` is the session's record of it.
 template <class Monitor, class Row, class Reading>
-class CaptureView : public Column {
+class CaptureView : public LiveContent {
 protected:
     using Readings = std::vector<Reading> SessionState::*;
 
     CaptureView(const PageContext& context, MediaType type, const CaptureWords& words, Readings readings,
                 QWidget* parent)
-        : Column(parent),
+        : LiveContent(parent),
           m_model(context.model),
           m_readings(readings),
           m_list(new CaptureDeviceList(context.model, type, words)),
@@ -67,18 +67,10 @@ protected:
         m_model.change([&](SessionState& state) { (state.*m_readings)[index] = reading; });
     }
 
-    void showEvent(QShowEvent* event) override {
-        Column::showEvent(event);
-        if (!event->spontaneous()) m_list->appear();
-    }
-
-    void hideEvent(QHideEvent* event) override {
-        // A window that is only minimised keeps its page open.
-        if (!event->spontaneous()) {
-            m_list->disappear();
-            m_monitor.stop();
-        }
-        Column::hideEvent(event);
+    void appear() override { m_list->appear(); }
+    void disappear() override {
+        m_list->disappear();
+        m_monitor.stop();
     }
 
 private:
@@ -108,18 +100,17 @@ private:
     void couldntOpen(const CaptureDevice& device, OpenFault fault) {
         // What can't even be listed any more is no fault of the device.
         if (!m_list->canList()) return;
-        const QString name = device.localizedName.empty() ? QStringLiteral("the device")
-                                                          : QString::fromStdString(device.localizedName);
+        const QString name = device.localizedName.empty() ? "the device" : qt(device.localizedName);
         switch (fault) {
         case OpenFault::broken:
             return changeReading(device.uniqueID, [](Reading& reading) { reading.failed = true; });
         case OpenFault::busy:
-            return m_list->tell(QStringLiteral("Couldn't use ") + name +
-                                QStringLiteral(": another program or the system holds it. "
-                                               "Close other programs, then try again."));
+            return m_list->tell("Couldn't use " + name +
+                                ": another program or the system holds it. "
+                                "Close other programs, then try again.");
         case OpenFault::refused:
-            return m_list->tell(QStringLiteral("The system doesn't let Tessivo use ") + name +
-                                QStringLiteral(". Allow it in the settings, then try again."));
+            return m_list->tell("The system doesn't let Tessivo use " + name +
+                                ". Allow it in the settings, then try again.");
         }
     }
 

@@ -10,6 +10,7 @@
 #include "app/controls/TextLabel.h"
 #include "app/layout/Column.h"
 #include "app/layout/WrapRow.h"
+#include "app/model/QtText.h"
 #include "app/pages/compare/ComparisonView.h"
 #include "kit/report/ComparisonText.h"
 
@@ -50,16 +51,15 @@ VerdictLook look(Verdict verdict) {
 }
 
 QString foundText(std::size_t count) {
-    return count < ReportChoices::most ? CompareSheet::tr("%1 found").arg(count)
-                                       : CompareSheet::tr("Newest %1").arg(ReportChoices::most);
+    return count < ReportChoices::most ? QString("%1 found").arg(count)
+                                       : QString("Newest %1").arg(ReportChoices::most);
 }
 
 /// "Before" and a date; of this Mac now also when its tests began, which may be days ago.
 QString dateLine(const QString& name, Date created, std::optional<Date> started) {
-    const QString line = name + ": " + QString::fromStdString(created.shortText());
+    const QString line = name + ": " + qt(created.shortText());
     if (!started) return line;
-    return line + ", " +
-           CompareSheet::tr("this Mac now, tests begun %1").arg(QString::fromStdString(started->shortText()));
+    return line + ", " + QString("this Mac now, tests begun %1").arg(qt(started->shortText()));
 }
 
 } // namespace
@@ -68,16 +68,16 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
     : Sheet(window),
       m_context(context),
       m_choices(context.model.history()),
-      m_report(new Picker(QStringLiteral("Report"))),
-      m_other(new Picker(QStringLiteral("Compared with"))),
+      m_report(new Picker("Report")),
+      m_other(new Picker("Compared with")),
       m_search(new QLineEdit),
       m_found(new TextLabel({}, TextRole::callout, ColorRole::text2)),
       m_dates(new TextLabel({}, TextRole::callout, ColorRole::text2)),
       m_symbol(new SymbolView({}, SymbolSize::row, ColorRole::text2)),
       m_verdict(new SelectableText({}, TextRole::resultSummary)),
       m_items(new ComparisonView),
-      m_copy(new Button(QStringLiteral("Copy as Text"), QStringLiteral("doc.on.doc"))) {
-    setAccessibleName(QStringLiteral("Compare Reports"));
+      m_copy(new Button("Copy as Text", "doc.on.doc")) {
+    setAccessibleName("Compare Reports");
     add(makeHead());
     add(m_items, 1);
     add(new Divider);
@@ -120,13 +120,13 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
 QWidget* CompareSheet::makeHead() {
     auto* head = new Column;
     head->column().setContentsMargins(sheetPadding, sheetPadding, sheetPadding, Space::xs);
-    auto* title = new TextLabel(QStringLiteral("Compare Reports"), TextRole::sheetTitle);
+    auto* title = new TextLabel("Compare Reports", TextRole::sheetTitle);
     title->setHeading(true);
     head->add(title);
     addPicker(*head, m_report, Space::l);
     addPicker(*head, m_other, Space::s);
-    m_search->setPlaceholderText(QStringLiteral("Search the other reports"));
-    m_search->setAccessibleName(QStringLiteral("Search the other reports"));
+    m_search->setPlaceholderText("Search the other reports");
+    m_search->setAccessibleName("Search the other reports");
     m_search->setMaxLength(200);
     m_search->setFixedHeight(theme().scaled(Height::field));
     m_search->installEventFilter(this);
@@ -177,10 +177,9 @@ QWidget* CompareSheet::makeVerdict() {
 QWidget* CompareSheet::makeFoot() {
     auto* foot = new Column;
     foot->column().setContentsMargins(sheetPadding, Space::l, sheetPadding, sheetPadding);
-    foot->add(
-        new TextLabel(QString::fromUtf8(ComparisonText::disclaimer), TextRole::callout, ColorRole::text2));
+    foot->add(new TextLabel(qt(ComparisonText::disclaimer), TextRole::callout, ColorRole::text2));
     auto* buttons = new WrapRow(nullptr, Space::heading);
-    auto* done = new Button(QStringLiteral("Done"), {}, Button::Kind::prominent);
+    auto* done = new Button("Done", {}, Button::Kind::prominent);
     done->setDefaultAction(true);
     buttons->add(m_copy);
     buttons->add(done);
@@ -206,7 +205,7 @@ void CompareSheet::offerOthers() {
     m_found->setText({});
     const std::size_t chosen = m_reports[std::size_t(m_report->currentIndex())];
     m_others = {std::nullopt};
-    QStringList labels{QStringLiteral("This Mac now")};
+    QStringList labels{"This Mac now"};
     for (const std::size_t place : m_reports) {
         if (place == chosen) continue;
         m_others.emplace_back(place);
@@ -257,9 +256,9 @@ void CompareSheet::readThisMac() {
 void CompareSheet::showReading() {
     m_comparison.reset();
     m_copy->setEnabled(false);
-    m_dates->setText(QStringLiteral("This Mac now"));
-    m_symbol->setSymbol(QStringLiteral("circle.dotted"), ColorRole::text2);
-    m_verdict->setText(QStringLiteral("Reading battery and device management again…"));
+    m_dates->setText("This Mac now");
+    m_symbol->setSymbol("circle.dotted", ColorRole::text2);
+    m_verdict->setText("Reading battery and device management again…");
     m_items->setWords({});
     m_items->follow(m_search);
 }
@@ -270,11 +269,10 @@ void CompareSheet::showComparison(ReportComparison comparison, bool withNow) {
         const bool isNow = withNow && side.id == m_now->id;
         return dateLine(name, side.created, isNow ? std::optional(m_nowStarted) : std::nullopt);
     };
-    m_dates->setText(line(QStringLiteral("Before"), m_comparison->before) + u'\n' +
-                     line(QStringLiteral("After"), m_comparison->after));
+    m_dates->setText(line("Before", m_comparison->before) + u'\n' + line("After", m_comparison->after));
     const VerdictLook verdict = look(m_comparison->verdict);
-    m_symbol->setSymbol(QString::fromUtf8(verdict.symbol), verdict.color);
-    m_verdict->setText(QString::fromStdString(m_comparison->verdictText));
+    m_symbol->setSymbol(qt(verdict.symbol), verdict.color);
+    m_verdict->setText(qt(m_comparison->verdictText));
     m_items->setComparison(*m_comparison);
     m_items->follow(m_search);
     m_copy->setEnabled(true);

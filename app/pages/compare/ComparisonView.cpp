@@ -4,6 +4,8 @@
 #include "app/controls/FactGrid.h"
 #include "app/controls/Panel.h"
 #include "app/controls/SelectableText.h"
+#include "app/controls/TextLabel.h"
+#include "app/model/QtText.h"
 #include "kit/report/ComparisonText.h"
 #include "kit/support/Text.h"
 
@@ -20,16 +22,16 @@ constexpr std::size_t longestLine = 600; // bytes
 constexpr std::size_t mostLines = 6;
 
 QString beginning(const std::string& text) {
-    if (text.size() <= longestLine) return QString::fromStdString(Text::singleLine(text));
-    return QString::fromStdString(Text::singleLine(Text::repaired(text.substr(0, longestLine)))) + u'…';
+    if (text.size() <= longestLine) return qt(Text::singleLine(text));
+    return qt(Text::singleLine(Text::repaired(text.substr(0, longestLine)))) + u'…';
 }
 
 QString words(const std::vector<std::string>& lines) {
-    if (lines.empty()) return QString::fromUtf8(ComparisonText::notTold);
+    if (lines.empty()) return qt(ComparisonText::notTold);
     QStringList shown;
     for (const std::string& line : lines) {
         if (std::size_t(shown.size()) == mostLines) {
-            shown << ComparisonView::tr("and %1 more lines").arg(lines.size() - mostLines);
+            shown << QString("and %1 more lines").arg(lines.size() - mostLines);
             break;
         }
         shown << beginning(line);
@@ -70,13 +72,13 @@ QWidget* sideRow(const QString& name, const std::vector<std::string>& lines) {
 Panel* itemPanel(const ComparedItem& item) {
     auto* panel = new Panel(Panel::Kind::inner);
     panel->setPadding(Space::block, Space::l);
-    QString name = QString::fromStdString(item.name);
-    if (item.remark) name += ": " + QString::fromStdString(*item.remark);
+    QString name = qt(item.name);
+    if (item.remark) name += ": " + qt(*item.remark);
     auto* title = new TextLabel(name, TextRole::headline);
     title->setHeading(true);
     panel->add(title);
-    panel->add(sideRow(ComparisonView::tr("Before"), item.before), Space::xxs);
-    panel->add(sideRow(ComparisonView::tr("After"), item.after), Space::xxs);
+    panel->add(sideRow("Before", item.before), Space::xxs);
+    panel->add(sideRow("After", item.after), Space::xxs);
     return panel;
 }
 
@@ -89,7 +91,7 @@ TextLabel* groupHeading(const QString& text, ColorRole color) {
 Panel* factPanel(const std::vector<const ComparedItem*>& items) {
     auto* facts = new FactGrid;
     for (const ComparedItem* item : items)
-        facts->addFact(QString::fromStdString(item->name), words(item->after));
+        facts->addFact(qt(item->name), words(item->after));
     auto* panel = new Panel(Panel::Kind::inner);
     panel->setPadding(Space::block, Space::xxs);
     panel->add(facts);
@@ -100,7 +102,7 @@ Panel* factPanel(const std::vector<const ComparedItem*>& items) {
 class Items final : public ScrollColumn, public FocusShape {
 public:
     explicit Items(QWidget* parent) : ScrollColumn(parent, QWIDGETSIZE_MAX) {
-        setAccessibleName(ComparisonView::tr("Differences"));
+        setAccessibleName("Differences");
         setFocusPolicy(Qt::TabFocus);
         setPadding(sidePadding, Space::xs, Space::xl);
     }
@@ -131,7 +133,7 @@ private:
     void setOpen(bool open) {
         m_open = open;
         m_folded->setVisible(open);
-        setLabel(text(), open ? QStringLiteral("chevron.down") : QStringLiteral("chevron.right"));
+        setLabel(text(), open ? "chevron.down" : "chevron.right");
         QAccessible::State changed;
         changed.expanded = changed.collapsed = true;
         QAccessibleStateChangeEvent event(this, changed);
@@ -174,23 +176,21 @@ void ComparisonView::follow(QWidget* stop) {
 
 void ComparisonView::addDifferences(const ReportComparison& comparison) {
     const std::string caution = ComparisonText::caution(comparison);
-    if (!caution.empty())
-        m_column->add(new TextLabel(QString::fromStdString(caution), TextRole::body, ColorRole::text2));
+    if (!caution.empty()) m_column->add(new TextLabel(qt(caution), TextRole::body, ColorRole::text2));
     const int firstGap = caution.empty() ? 0 : Space::xl;
     std::optional<Change> group;
     for (const ComparedItem& item : comparison.items) {
         const bool isFirst = group != item.change;
         if (isFirst)
-            m_column->add(
-                groupHeading(QString::fromUtf8(ComparisonText::heading(item.change)), color(item.change)),
-                group ? Space::xl : firstGap);
+            m_column->add(groupHeading(qt(ComparisonText::heading(item.change)), color(item.change)),
+                          group ? Space::xl : firstGap);
         group = item.change;
         m_column->add(itemPanel(item), Space::s);
     }
     if (comparison.items.empty())
-        m_column->add(new TextLabel(QStringLiteral("No difference in the words of the two reports."),
-                                    TextRole::body, ColorRole::text2),
-                      firstGap);
+        m_column->add(
+            new TextLabel("No difference in the words of the two reports.", TextRole::body, ColorRole::text2),
+            firstGap);
 }
 
 void ComparisonView::addSame(const ReportComparison& comparison) {
@@ -203,21 +203,21 @@ void ComparisonView::addSame(const ReportComparison& comparison) {
     };
     for (const ComparedItem& item : comparison.identity)
         sort(item);
-    if (!apart.empty()) m_column->add(groupHeading(QStringLiteral("Which Mac"), ColorRole::text1), Space::xl);
+    if (!apart.empty()) m_column->add(groupHeading("Which Mac", ColorRole::text1), Space::xl);
     for (const ComparedItem* item : apart)
         m_column->add(itemPanel(*item), Space::s);
     apart.clear();
     for (const ComparedItem& item : comparison.unchanged)
         sort(item);
     if (!same.empty() || !apart.empty() || !folded.empty())
-        m_column->add(groupHeading(QStringLiteral("The same in both"), ColorRole::text1), Space::xl);
+        m_column->add(groupHeading("The same in both", ColorRole::text1), Space::xl);
     if (!same.empty()) m_column->add(factPanel(same), Space::s);
     for (const ComparedItem* item : apart)
         m_column->add(itemPanel(*item), Space::s);
     if (folded.empty()) return;
     Panel* tests = factPanel(folded);
     const auto title = ComparisonText::foldedTitle(std::int64_t(folded.size()));
-    m_fold = new FoldButton(QString::fromStdString(title), tests);
+    m_fold = new FoldButton(qt(title), tests);
     m_column->add(m_fold, Space::s, Qt::AlignLeft);
     m_column->add(tests, Space::s);
 }

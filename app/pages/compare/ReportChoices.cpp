@@ -1,5 +1,6 @@
 #include "app/pages/compare/ReportChoices.h"
 
+#include "app/model/QtText.h"
 #include "kit/support/Text.h"
 
 #include <algorithm>
@@ -11,8 +12,8 @@ namespace {
 constexpr std::size_t longestPart = 80; // bytes
 
 QString beginning(const std::string& text) {
-    if (text.size() <= longestPart) return QString::fromStdString(Text::singleLine(text));
-    return QString::fromStdString(Text::singleLine(Text::repaired(text.substr(0, longestPart)))) + u'…';
+    if (text.size() <= longestPart) return qt(Text::singleLine(text));
+    return qt(Text::singleLine(Text::repaired(text.substr(0, longestPart)))) + u'…';
 }
 
 const std::string& macOf(const ConditionReport& report) {
@@ -44,7 +45,7 @@ std::vector<std::size_t> ReportChoices::found(const QString& words, std::size_t 
     std::vector<std::size_t> places;
     if (wanted.isEmpty()) return places;
     for (std::size_t i = std::size_t(m_searched.size()); i < m_history.size(); ++i)
-        m_searched << (label(i) + u' ' + QString::fromStdString(m_history[i].countsText())).toCaseFolded();
+        m_searched << (label(i) + u' ' + qt(m_history[i].countsText())).toCaseFolded();
     for (std::size_t i = 0; i < m_history.size() && places.size() < most; ++i) {
         const QString& text = m_searched[qsizetype(i)];
         const bool fits =
@@ -56,8 +57,7 @@ std::vector<std::size_t> ReportChoices::found(const QString& words, std::size_t 
 
 QString ReportChoices::label(std::size_t place) const {
     const ConditionReport& report = m_history[place];
-    QString text =
-        QString::fromStdString(report.created.shortText()) + " · " + beginning(report.machine.displayName());
+    QString text = qt(report.created.shortText()) + " · " + beginning(report.machine.displayName());
     if (report.machine.serial) text += " · " + beginning(*report.machine.serial);
     return text;
 }

@@ -36,7 +36,7 @@ QSize ColorSwatch::minimumSizeHint() const {
 }
 
 QString ColorSwatch::spokenValue() const {
-    return m_shown ? QStringLiteral("shown") : QStringLiteral("not shown yet");
+    return m_shown ? "shown" : "not shown yet";
 }
 
 void ColorSwatch::paintEvent(QPaintEvent*) {
@@ -49,7 +49,7 @@ void ColorSwatch::paintEvent(QPaintEvent*) {
     painter.drawText(QRectF(0, swatchHeight + Space::s, width(), line), Qt::AlignLeft | Qt::AlignVCenter,
                      spokenName());
     const double side = theme().scaled(shownMark);
-    drawSymbol(painter, QRectF(0, height() - side, side, side), QStringLiteral("checkmark.circle.fill"),
+    drawSymbol(painter, QRectF(0, height() - side, side, side), "checkmark.circle.fill",
                theme().color(m_shown ? ColorRole::greenGlyph : ColorRole::grayGlyph));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/look/Accessible.h"
+#include "app/model/QtText.h"
 
 #include <QWidget>
 
@@ -17,7 +18,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     QAccessible::Role spokenRole() const override { return QAccessible::StaticText; }
-    QString spokenName() const override { return QString::fromStdString(m_color); }
+    QString spokenName() const override { return qt(m_color); }
     QString spokenValue() const override;
 
 protected:

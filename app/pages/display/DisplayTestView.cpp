@@ -11,7 +11,6 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QHideEvent>
 #include <QScreen>
 #include <algorithm>
 
@@ -20,8 +19,7 @@ namespace {
 
 constexpr int screenPickerWidth = 255; // 280 with its label
 constexpr int leastSwatchWidth = 72;
-const QString describeText =
-    QStringLiteral("Describe where in the note below, so a buyer knows what to expect.");
+const QString describeText = "Describe where in the note below, so a buyer knows what to expect.";
 
 /// The name that the system gives a screen, or its model where it gives none.
 QString localizedName(const QScreen& screen) {
@@ -36,7 +34,7 @@ const char* const DisplayTestView::how =
     "or press Space for the next color, Esc to stop.";
 
 DisplayTestView::DisplayTestView(const PageContext& context, Screens screens, QWidget* parent)
-    : Column(parent),
+    : LiveContent(parent),
       m_model(context.model),
       m_screens(screens ? std::move(screens) : [] { return QGuiApplication::screens(); }),
       m_colorScreen(context.model.platform().keyCodes(), context.model.platform().scheduler()) {
@@ -63,8 +61,7 @@ QWidget* DisplayTestView::makeColors() {
 
     auto* buttons = new WrapRow(nullptr, Space::block, Space::m);
     buttons->layout()->setContentsMargins(Space::block, Space::l + 2, Space::block, Space::l + 2);
-    auto* show = new Button(QStringLiteral("Show Colors Full Screen"),
-                            QStringLiteral("rectangle.inset.filled"), Button::Kind::prominent);
+    auto* show = new Button("Show Colors Full Screen", "rectangle.inset.filled", Button::Kind::prominent);
     show->setDefaultAction(true);
     connect(show, &Button::clicked, this, &DisplayTestView::showColors);
     buttons->add(show);
@@ -73,8 +70,8 @@ QWidget* DisplayTestView::makeColors() {
     auto* on = new QHBoxLayout(m_on);
     on->setContentsMargins(0, 0, 0, 0);
     on->setSpacing(Space::s);
-    on->addWidget(new TextLabel(QStringLiteral("On"), TextRole::body, ColorRole::text2), 0, Qt::AlignVCenter);
-    m_picker = new Picker(QStringLiteral("On"));
+    on->addWidget(new TextLabel("On", TextRole::body, ColorRole::text2), 0, Qt::AlignVCenter);
+    m_picker = new Picker("On");
     m_picker->setPreferredWidth(screenPickerWidth);
     connect(m_picker, &Picker::activated, this, [this](int index) { m_screenIndex = index; });
     on->addWidget(m_picker);
@@ -88,9 +85,9 @@ QWidget* DisplayTestView::makeColors() {
 
 QWidget* DisplayTestView::makeQuestion() {
     auto* card = new Panel;
-    const auto question = QStringLiteral("Did you see any dots that stayed lit or dark?");
+    const auto question = "Did you see any dots that stayed lit or dark?";
     card->add(new TextLabel(question, TextRole::headline));
-    m_answer = new AnswerButtons(QStringLiteral("None seen"), QStringLiteral("Yes, I saw some"));
+    m_answer = new AnswerButtons("None seen", "Yes, I saw some");
     m_answer->setQuestion(question);
     connect(m_answer, &AnswerButtons::answered, this, [this](ManualAnswer answer) {
         m_model.change([answer](SessionState& state) { state.display.answer = answer; });
@@ -123,12 +120,6 @@ void DisplayTestView::showColors() {
             m_model.change([&color](SessionState& state) { state.display.shown.insert(color); });
         },
         [] {});
-}
-
-void DisplayTestView::hideEvent(QHideEvent* event) {
-    // The window may be minimised while the colours show on another screen.
-    if (!event->spontaneous()) m_colorScreen.close();
-    Column::hideEvent(event);
 }
 
 void DisplayTestView::follow() {

@@ -32,10 +32,9 @@ private:
 AnswerButtons::AnswerButtons(const QString& works, const QString& problem,
                              const std::optional<QString>& notPresent, QWidget* parent)
     : QWidget(parent), m_layout(new WrapLayout(this, Space::button, Space::button)) {
-    addButton(ManualAnswer::works, works, QStringLiteral("checkmark"), ColorRole::green);
-    addButton(ManualAnswer::problem, problem, QStringLiteral("xmark"), ColorRole::red);
-    if (notPresent)
-        addButton(ManualAnswer::notPresent, *notPresent, QStringLiteral("minus"), ColorRole::gray);
+    addButton(ManualAnswer::works, works, "checkmark", ColorRole::green);
+    addButton(ManualAnswer::problem, problem, "xmark", ColorRole::red);
+    if (notPresent) addButton(ManualAnswer::notPresent, *notPresent, "minus", ColorRole::gray);
 }
 
 void AnswerButtons::addButton(ManualAnswer answer, const QString& text, const QString& symbol,

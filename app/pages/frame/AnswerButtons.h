@@ -18,8 +18,7 @@ class WrapLayout;
 class AnswerButtons final : public QWidget, public AccessibleTraits {
     Q_OBJECT
 public:
-    explicit AnswerButtons(const QString& works = QStringLiteral("Works"),
-                           const QString& problem = QStringLiteral("Problem"),
+    explicit AnswerButtons(const QString& works = "Works", const QString& problem = "Problem",
                            const std::optional<QString>& notPresent = std::nullopt,
                            QWidget* parent = nullptr);
 

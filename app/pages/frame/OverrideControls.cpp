@@ -4,15 +4,15 @@
 #include "app/controls/GrowingTextField.h"
 #include "app/layout/ColumnLayout.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 
 namespace tessivo {
 
 OverrideControls::OverrideControls(TestID test, QWidget* parent)
     : QWidget(parent),
-      m_notIncluded(new Checkbox(QStringLiteral("Not part of this sale (leave it out of the report)"))),
-      m_note(
-          new GrowingTextField(QStringLiteral("Noticed a problem the test can't catch? Describe it here."))) {
-    m_note->setAccessibleName(QStringLiteral("Problem note for ") + QString::fromUtf8(title(test)));
+      m_notIncluded(new Checkbox("Not part of this sale (leave it out of the report)")),
+      m_note(new GrowingTextField("Noticed a problem the test can't catch? Describe it here.")) {
+    m_note->setAccessibleName("Problem note for " + qt(title(test)));
     auto* layout = new ColumnLayout(this);
     layout->add(m_notIncluded, 0, Qt::AlignLeft);
     layout->add(m_note, PageHead::overrideInner);
@@ -28,7 +28,7 @@ void OverrideControls::setOverride(const std::optional<UserOverride>& override) 
     auto problem = override ? override->problem : std::nullopt;
     if (problem == m_problem) return; // as the field itself told it, at every key
     m_problem = std::move(problem);
-    m_note->setText(QString::fromStdString(m_problem.value_or("")));
+    m_note->setText(qt(m_problem.value_or("")));
 }
 
 void OverrideControls::publish() {

@@ -7,6 +7,7 @@
 #include "app/controls/TextLabel.h"
 #include "app/layout/SplitLayout.h"
 #include "app/model/AppModel.h"
+#include "app/model/QtText.h"
 #include "app/pages/frame/OverrideControls.h"
 
 #include <QHBoxLayout>
@@ -15,10 +16,6 @@ namespace tessivo {
 namespace {
 
 constexpr int symbolGap = 12;
-
-QString shown(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 } // namespace
 
@@ -47,7 +44,7 @@ TestPage::TestPage(AppModel& model, TestID test, const QString& how, QWidget* co
       m_badge(new StatusBadge),
       m_summary(new TextLabel({}, TextRole::resultSummary)),
       m_overrides(new OverrideControls(test)) {
-    add(new PageHeader(QString::fromUtf8(title(test)), QString::fromUtf8(symbol(test)), m_badge));
+    add(new PageHeader(qt(title(test)), qt(symbol(test)), m_badge));
     add(m_summary, PageHead::summaryGap);
     auto* instructions = new TextLabel(how, TextRole::body, ColorRole::text2);
     add(instructions, PageHead::howGap);
@@ -71,7 +68,7 @@ void TestPage::showEvent(QShowEvent* event) {
 void TestPage::follow() {
     const TestResult result = m_model.result(m_test);
     m_badge->setStatus(result.status);
-    m_summary->setText(shown(result.summary));
+    m_summary->setText(qt(result.summary));
     const auto& overrides = m_model.state().overrides;
     const auto found = overrides.find(m_test);
     m_overrides->setOverride(found == overrides.end() ? std::nullopt : std::optional(found->second));

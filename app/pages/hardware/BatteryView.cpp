@@ -4,6 +4,7 @@
 #include "app/controls/FactGrid.h"
 #include "app/controls/Panel.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "kit/support/Text.h"
 
 namespace tessivo {
@@ -13,7 +14,7 @@ namespace {
 enum Row { maximumCapacity, chargeCycles, fullCharge, condition };
 
 QString grouped(std::int64_t number) {
-    return QString::fromStdString(Text::grouped(number));
+    return qt(Text::grouped(number));
 }
 
 } // namespace
@@ -24,14 +25,13 @@ const char* const BatteryView::how =
 
 BatteryView::BatteryView(const PageContext& context, QWidget* parent)
     : Column(parent), m_model(context.model), m_facts(new FactGrid) {
-    for (const QString& label : {QStringLiteral("Maximum capacity"), QStringLiteral("Charge cycles"),
-                                 QStringLiteral("Full charge"), QStringLiteral("macOS condition")})
+    for (const char* label : {"Maximum capacity", "Charge cycles", "Full charge", "macOS condition"})
         m_facts->addFact(label);
     auto* panel = new Panel;
     panel->setPadding(Space::block, Space::xxs);
     panel->add(m_facts);
     add(panel);
-    auto* readAgain = new Button(QStringLiteral("Read Again"));
+    auto* readAgain = new Button("Read Again");
     add(readAgain, Space::block, Qt::AlignLeft);
     connect(readAgain, &Button::clicked, this, [this] { m_model.readBattery(); });
     connect(&m_model, &AppModel::stateChanged, this, &BatteryView::show);
@@ -40,23 +40,20 @@ BatteryView::BatteryView(const PageContext& context, QWidget* parent)
 
 void BatteryView::show() {
     const BatteryReading reading = m_model.state().battery.value_or(BatteryReading{});
-    const QString unread = QStringLiteral("Couldn't read it");
+    const QString unread = "Couldn't read it";
     const auto health = reading.healthPercent();
-    m_facts->setValue(maximumCapacity, health ? QString::number(*health) + QStringLiteral("%") : unread);
+    m_facts->setValue(maximumCapacity, health ? QString::number(*health) + "%" : unread);
     QString cycles = unread;
     if (reading.cycleCount) {
         cycles = grouped(*reading.cycleCount);
-        if (reading.designCycleCount)
-            cycles +=
-                QStringLiteral(" (designed for ") + grouped(*reading.designCycleCount) + QStringLiteral(")");
+        if (reading.designCycleCount) cycles += " (designed for " + grouped(*reading.designCycleCount) + ")";
     }
     m_facts->setValue(chargeCycles, cycles);
     m_facts->setValue(fullCharge, reading.fullChargeCapacity && reading.designCapacity
-                                      ? grouped(*reading.fullChargeCapacity) + QStringLiteral(" mAh of ") +
-                                            grouped(*reading.designCapacity) + QStringLiteral(" mAh when new")
+                                      ? grouped(*reading.fullChargeCapacity) + " mAh of " +
+                                            grouped(*reading.designCapacity) + " mAh when new"
                                       : unread);
-    m_facts->setValue(condition, reading.condition ? QString::fromStdString(*reading.condition)
-                                                   : QStringLiteral("Not given"));
+    m_facts->setValue(condition, reading.condition ? qt(*reading.condition) : "Not given");
 }
 
 } // namespace tessivo

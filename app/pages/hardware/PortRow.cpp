@@ -6,6 +6,7 @@
 #include "app/layout/SplitLayout.h"
 #include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "kit/rules/RuleTexts.h"
 
 #include <QHBoxLayout>
@@ -23,7 +24,7 @@ constexpr int portNameWidth = 58;
 
 HardwareRow::HardwareRow(int height, QWidget* parent)
     : QWidget(parent),
-      m_symbol(new SymbolView(QStringLiteral("circle"), SymbolSize::row, ColorRole::text2)),
+      m_symbol(new SymbolView("circle", SymbolSize::row, ColorRole::text2)),
       m_name(new TextLabel({}, TextRole::headline)),
       m_text(new TextLabel({}, TextRole::body, ColorRole::text2)),
       m_buttons(new WrapRow(nullptr, Space::l)) {
@@ -37,7 +38,7 @@ HardwareRow::HardwareRow(int height, QWidget* parent)
     m_name->setMaximumLines(1);
     auto* split = new SplitLayout(this, words, m_buttons, 0, Space::l);
     split->setContentsMargins(Space::xl, Space::xs, Space::xl, Space::xs);
-    setMinimumHeight(Theme::current().scaled(height));
+    setMinimumHeight(theme().scaled(height));
 }
 
 void HardwareRow::setSymbol(const QString& symbol, ColorRole color) {
@@ -52,7 +53,7 @@ void HardwareRow::setTexts(const QString& name, const QString& text, ColorRole c
 }
 
 void HardwareRow::setNameWidth(int width) {
-    m_name->setMinimumWidth(Theme::current().scaled(width));
+    m_name->setMinimumWidth(theme().scaled(width));
 }
 
 void HardwareRow::setActive(bool active) {
@@ -81,14 +82,14 @@ void HardwareRow::paintEvent(QPaintEvent*) {
     if (!m_last) area.setBottom(area.bottom() + Corner::panel * 2);
     painter.setClipRect(rect());
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Theme::current().color(ColorRole::accent, activeTint));
+    painter.setBrush(theme().color(ColorRole::accent, activeTint));
     painter.drawRoundedRect(area, Corner::panel, Corner::panel);
 }
 
 PortRow::PortRow(QWidget* parent)
     : HardwareRow(Height::portRow, parent),
-      m_nothing(new Button(QStringLiteral("Nothing Shows Up"))),
-      m_test(new Button(QStringLiteral("Test This Port"))) {
+      m_nothing(new Button("Nothing Shows Up")),
+      m_test(new Button("Test This Port")) {
     setNameWidth(portNameWidth);
     addButton(m_nothing);
     addButton(m_test);
@@ -97,18 +98,18 @@ PortRow::PortRow(QWidget* parent)
 }
 
 void PortRow::setSlot(const PortSlot& slot, bool active) {
-    const QString name = QString::fromStdString(slot.title());
+    const QString name = qt(slot.title());
     const bool problem = slot.answer == ManualAnswer::problem;
     if (slot.passed())
-        setSymbol(QStringLiteral("checkmark.circle.fill"), ColorRole::greenGlyph);
+        setSymbol("checkmark.circle.fill", ColorRole::greenGlyph);
     else if (problem)
-        setSymbol(QStringLiteral("xmark.octagon.fill"), ColorRole::redGlyph);
+        setSymbol("xmark.octagon.fill", ColorRole::redGlyph);
     else if (active)
-        setSymbol(QStringLiteral("arrow.right.circle.fill"), ColorRole::accent);
+        setSymbol("arrow.right.circle.fill", ColorRole::accent);
     else
-        setSymbol(QStringLiteral("circle"), ColorRole::grayGlyph);
+        setSymbol("circle", ColorRole::grayGlyph);
 
-    const QString words = QString::fromStdString(Rules::portRow(slot, active));
+    const QString words = qt(Rules::portRow(slot, active));
     if (slot.device)
         setTexts(name, words, ColorRole::text1, TextOf::device);
     else
@@ -118,8 +119,8 @@ void PortRow::setSlot(const PortSlot& slot, bool active) {
     m_test->setVisible(!slot.device);
     m_nothing->setVisible(!slot.device && active);
     // Several rows have the same words on their buttons; a screen reader tells which port is meant.
-    m_test->setAccessibleName(m_test->text() + QStringLiteral(", ") + name);
-    m_nothing->setAccessibleName(m_nothing->text() + QStringLiteral(", ") + name);
+    m_test->setAccessibleName(m_test->text() + ", " + name);
+    m_nothing->setAccessibleName(m_nothing->text() + ", " + name);
 }
 
 } // namespace tessivo

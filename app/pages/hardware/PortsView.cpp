@@ -8,6 +8,7 @@
 #include "app/controls/TextLabel.h"
 #include "app/layout/SplitRow.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "app/pages/hardware/PortRow.h"
 #include "app/readers/Readers.h"
 
@@ -26,26 +27,23 @@ constexpr std::size_t mostRows = 64;
 } // namespace
 
 const char* const PortsView::how =
-    "Set how many USB or USB-C ports this Mac has. Then, for each port in turn, plug in a USB drive, mouse "
-    "or "
-    "other USB device; when it shows up, that port is ticked and the next one is picked. Unplug it and move "
-    "to "
-    "the next port. A charger alone doesn't count, since it isn't a USB device.";
+    "Set how many USB or USB-C ports this Mac has. Then, for each port in turn, plug in a USB drive, "
+    "mouse or other USB device; when it shows up, that port is ticked and the next one is picked. Unplug "
+    "it and move to the next port. A charger alone doesn't count, since it isn't a USB device.";
 
 PortsView::PortsView(const PageContext& context, QWidget* parent)
     : Column(parent),
       m_model(context.model),
-      m_count(new Stepper(QStringLiteral("Ports on this Mac: %lld"), PortChecklist::smallestCount,
+      m_count(new Stepper("Ports on this Mac: %lld", PortChecklist::smallestCount,
                           PortChecklist::largestCount, stepperLabelWidth)),
-      m_clear(new Button(QStringLiteral("Clear"))),
+      m_clear(new Button("Clear")),
       m_slots(new Panel(Panel::Kind::list)),
       m_devices(new Panel(Panel::Kind::list)),
-      m_noDevices(
-          new TextLabel(QStringLiteral("No USB devices connected."), TextRole::body, ColorRole::text2)),
-      m_showHubs(new Checkbox(QStringLiteral("Show hubs (including the Mac's own)"))) {
+      m_noDevices(new TextLabel("No USB devices connected.", TextRole::body, ColorRole::text2)),
+      m_showHubs(new Checkbox("Show hubs (including the Mac's own)")) {
     add(new SplitRow(m_count, m_clear));
     add(m_slots, Space::block);
-    add(new SectionHeading(QStringLiteral("Connected now")), sectionGap);
+    add(new SectionHeading("Connected now"), sectionGap);
     add(m_devices, Space::heading);
     add(m_noDevices, Space::heading);
     add(m_showHubs, Space::block, Qt::AlignLeft);
@@ -118,11 +116,10 @@ void PortsView::showConnected() {
     m_devices->clear();
     for (const USBDevice& device : m_listed) {
         auto* row = new HardwareRow(Height::connectedRow);
-        row->setSymbol(device.isHub() ? QStringLiteral("point.3.connected.trianglepath.dotted")
-                                      : QStringLiteral("cable.connector"),
+        row->setSymbol(device.isHub() ? "point.3.connected.trianglepath.dotted" : "cable.connector",
                        ColorRole::text2);
-        row->setTexts(QString::fromStdString(device.name), QString::fromStdString(device.vendor.value_or("")),
-                      ColorRole::text2, HardwareRow::TextOf::device);
+        row->setTexts(qt(device.name), qt(device.vendor.value_or("")), ColorRole::text2,
+                      HardwareRow::TextOf::device);
         m_devices->addRow(row);
     }
 }

@@ -9,6 +9,7 @@
 #include "app/layout/SplitRow.h"
 #include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "kit/catalog/StorageCheck.h"
 #include "kit/hardware/ByteText.h"
 #include "kit/rules/RuleTexts.h"
@@ -26,7 +27,7 @@ constexpr std::int64_t smallestListed = 128;
 constexpr int pickerWidth = 153;
 
 bool isLink(const std::string& text) {
-    const QUrl url(QString::fromStdString(text), QUrl::StrictMode);
+    const QUrl url(qt(text), QUrl::StrictMode);
     return url.isValid() && !url.host().isEmpty();
 }
 
@@ -41,10 +42,9 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
       m_model(context.model),
       m_facts(new FactGrid),
       m_note(new TextLabel({}, TextRole::callout, ColorRole::text2)),
-      m_source(new LinkLabel(QStringLiteral("Apple's Tech Specs for this model"))),
-      m_listing(new Picker(QStringLiteral("Your listing says"))) {
-    for (const QString& label : {QStringLiteral("macOS reports"), QStringLiteral("Drive size"),
-                                 QStringLiteral("Sold with"), QStringLiteral("Fusion Drive")})
+      m_source(new LinkLabel("Apple's Tech Specs for this model")),
+      m_listing(new Picker("Your listing says")) {
+    for (const char* label : {"macOS reports", "Drive size", "Sold with", "Fusion Drive"})
         m_facts->addFact(label);
     auto* panel = new Panel;
     panel->setPadding(Space::block, Space::xxs);
@@ -52,19 +52,18 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
     add(panel);
     add(m_note, Space::heading);
     add(m_source, Space::heading, Qt::AlignLeft);
-    auto* shownLess = new TextLabel(
-        QStringLiteral(
-            "macOS shows less than the drive's size (about 245 GB on a 256 GB drive), because some "
-            "of it holds the system's startup and recovery parts."),
-        TextRole::callout, ColorRole::text2);
+    auto* shownLess =
+        new TextLabel("macOS shows less than the drive's size (about 245 GB on a 256 GB drive), because some "
+                      "of it holds the system's startup and recovery parts.",
+                      TextRole::callout, ColorRole::text2);
     add(shownLess, Space::heading);
     for (TextLabel* words : {m_note, shownLess})
         words->setMaximumWidth(theme().scaled(PageHead::howWidth));
 
     m_listing->setPreferredWidth(pickerWidth);
-    auto* readAgain = new Button(QStringLiteral("Read Again"));
+    auto* readAgain = new Button("Read Again");
     auto* row = new WrapRow;
-    auto* listingLabel = new TextLabel(QStringLiteral("Your listing says"), TextRole::body, ColorRole::text2);
+    auto* listingLabel = new TextLabel("Your listing says", TextRole::body, ColorRole::text2);
     listingLabel->setMaximumLines(1);
     row->add(listingLabel);
     row->add(m_listing);
@@ -87,19 +86,16 @@ void StorageView::show() {
     const MachineInfo& machine = m_model.state().machine;
     const ModelSpec* spec = machine.spec();
     const auto size = machine.marketedStorageGB();
-    const QString unread = QStringLiteral("Couldn't read it");
+    const QString unread = "Couldn't read it";
 
-    m_facts->setValue(reported, machine.storageBytes
-                                    ? QString::fromStdString(ByteText::bytes(*machine.storageBytes, false))
-                                    : unread);
-    m_facts->setValue(driveSize, size                   ? QString::fromStdString(ByteText::sizeLabel(*size))
-                                 : machine.storageBytes ? QStringLiteral("—")
-                                                        : unread);
-    m_facts->setValue(soldWith, spec ? QString::fromStdString(Rules::sizeList(spec->storage))
-                                     : QStringLiteral("This model isn't in Tessivo's list"));
+    m_facts->setValue(reported,
+                      machine.storageBytes ? qt(ByteText::bytes(*machine.storageBytes, false)) : unread);
+    m_facts->setValue(driveSize, size ? qt(ByteText::sizeLabel(*size)) : machine.storageBytes ? "—" : unread);
+    m_facts->setValue(soldWith,
+                      spec ? qt(Rules::sizeList(spec->storage)) : "This model isn't in Tessivo's list");
     const bool fusion = spec && !spec->fusion.empty();
     m_facts->setFactVisible(fusionDrive, fusion);
-    if (fusion) m_facts->setValue(fusionDrive, QString::fromStdString(Rules::sizeList(spec->fusion)));
+    if (fusion) m_facts->setValue(fusionDrive, qt(Rules::sizeList(spec->fusion)));
 
     const QString note = QString::fromStdString(Rules::replaceableDriveNote(machine));
     m_note->setText(note);
@@ -114,8 +110,7 @@ void StorageView::show() {
     if (std::ranges::count(m_choices, listed) == 0) m_choices.push_back(listed);
     QStringList labels;
     for (const auto& choice : m_choices)
-        labels.append(choice ? QString::fromStdString(ByteText::sizeLabel(*choice))
-                             : QStringLiteral("Not set"));
+        labels.append(choice ? qt(ByteText::sizeLabel(*choice)) : "Not set");
     m_listing->setChoices(labels);
     m_listing->setCurrentIndex(int(std::ranges::find(m_choices, listed) - m_choices.begin()));
 }

@@ -2,6 +2,7 @@
 
 #include "app/look/Metrics.h"
 #include "app/look/Theme.h"
+#include "app/model/QtText.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -19,11 +20,11 @@ constexpr double hoverOpacity = 5;
 constexpr qsizetype longestName = 500;
 
 QString beginning(const std::string& text) {
-    return QString::fromStdString(text).left(longestName);
+    return qt(text).left(longestName);
 }
 
 QString serialWords(const MachineInfo& machine) {
-    return machine.serial ? QStringLiteral(" · ") + beginning(*machine.serial) : QString();
+    return machine.serial ? " · " + beginning(*machine.serial) : QString();
 }
 
 /// Draws a row as the other lists of the window are drawn.
@@ -33,7 +34,7 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
         const bool header = index.data(HistoryRows::headerRole).toBool();
-        return {Width::tileMinimum, Theme::current().scaled(header ? headerHeight : Height::historyRow)};
+        return {Width::tileMinimum, theme().scaled(header ? headerHeight : Height::historyRow)};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -50,9 +51,9 @@ public:
 private:
     static void drawElided(QPainter& painter, const QRect& area, TextRole role, ColorRole color,
                            const QString& text) {
-        const QFont font = Theme::current().font(role);
+        const QFont font = theme().font(role);
         painter.setFont(font);
-        painter.setPen(Theme::current().color(color));
+        painter.setPen(theme().color(color));
         const QString line = QString(text).replace(QChar(u'\n'), QChar(u' '));
         painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
                          QFontMetrics(font).elidedText(line, Qt::ElideRight, area.width()));
@@ -61,7 +62,7 @@ private:
     static void paintHeader(QPainter& painter, const QRect& rect, const QModelIndex& index) {
         const QRect area = rect.adjusted(Space::s, Space::xs, -Space::s, 0);
         const QString serial = index.data(HistoryRows::serialRole).toString();
-        const QFontMetrics metrics(Theme::current().font(TextRole::sidebarSection));
+        const QFontMetrics metrics(theme().font(TextRole::sidebarSection));
         // The name gives way; the serial number stays whole.
         const int serialWidth = std::min(metrics.horizontalAdvance(serial) + 2, area.width());
         const QString name = index.data(Qt::DisplayRole).toString();
@@ -73,22 +74,21 @@ private:
     }
 
     static void paintReport(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
-        const Theme& theme = Theme::current();
         const QRectF area = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
         painter.setPen(Qt::NoPen);
         if (option.state & QStyle::State_Selected)
-            painter.setBrush(theme.color(ColorRole::accent, selectedOpacity));
+            painter.setBrush(theme().color(ColorRole::accent, selectedOpacity));
         else if (option.state & QStyle::State_MouseOver)
-            painter.setBrush(theme.color(ColorRole::text1, hoverOpacity));
+            painter.setBrush(theme().color(ColorRole::text1, hoverOpacity));
         else
             painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(area, Corner::row, Corner::row);
         if ((option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_Active)) {
-            painter.setPen(QPen(theme.color(ColorRole::focus), 2));
+            painter.setPen(QPen(theme().color(ColorRole::focus), 2));
             painter.setBrush(Qt::NoBrush);
             painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), Corner::row - 1, Corner::row - 1);
         }
-        const int line = theme.lineHeight(TextRole::callout);
+        const int line = theme().lineHeight(TextRole::callout);
         QRect text = option.rect.adjusted(Space::s, 0, -Space::s, 0);
         text.setTop(option.rect.center().y() - line);
         text.setHeight(line);
@@ -148,13 +148,13 @@ QVariant HistoryRows::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
     case Qt::DisplayRole:
-        return QString::fromStdString(report.created.shortText());
+        return qt(report.created.shortText());
     case tallyRole:
-        return QString::fromStdString(report.countsText());
+        return qt(report.countsText());
     case Qt::ToolTipRole:
-        return QString::fromStdString(report.countsText()).toHtmlEscaped();
+        return qt(report.countsText()).toHtmlEscaped();
     case Qt::AccessibleTextRole:
-        return QString::fromStdString(report.created.shortText() + ", " + report.countsText());
+        return qt(report.created.shortText() + ", " + report.countsText());
     default:
         return {};
     }
@@ -165,7 +165,7 @@ Qt::ItemFlags HistoryRows::flags(const QModelIndex& index) const {
 }
 
 HistoryList::HistoryList(QWidget* parent) : QListView(parent), m_rows(new HistoryRows(this)) {
-    setAccessibleName(QStringLiteral("Saved reports"));
+    setAccessibleName("Saved reports");
     setModel(m_rows);
     setItemDelegate(new RowDelegate(this));
     setFrameShape(QFrame::NoFrame);
@@ -219,8 +219,7 @@ void HistoryList::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const Uuid id = report->id;
-    connect(menu->addAction(QStringLiteral("Delete")), &QAction::triggered, this,
-            [this, id] { Q_EMIT deleteRequested(id); });
+    connect(menu->addAction("Delete"), &QAction::triggered, this, [this, id] { Q_EMIT deleteRequested(id); });
     menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
 }
 

@@ -5,6 +5,7 @@
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "app/pages/history/HistoryDetail.h"
 #include "app/pages/history/HistoryList.h"
 
@@ -26,7 +27,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect(), Theme::current().color(ColorRole::well));
+        QPainter(this).fillRect(rect(), theme().color(ColorRole::well));
     }
 };
 
@@ -42,9 +43,9 @@ HistoryView::HistoryView(const PageContext& context, QWidget* parent)
     : QWidget(parent),
       m_context(context),
       m_list(new HistoryList),
-      m_empty(emptyText(QStringLiteral("Reports you save or print show up here."))),
+      m_empty(emptyText("Reports you save or print show up here.")),
       m_message(new TextLabel({}, TextRole::callout, ColorRole::text2)),
-      m_nothingSelected(emptyText(QStringLiteral("No report selected"))),
+      m_nothingSelected(emptyText("No report selected")),
       m_detail(new HistoryDetail(context)) {
     auto* right = new Well;
     auto* rightLayout = new QVBoxLayout(right);
@@ -75,7 +76,7 @@ HistoryView::HistoryView(const PageContext& context, QWidget* parent)
 QWidget* HistoryView::makeListPane() {
     auto* pane = new QWidget;
     pane->setFixedWidth(listWidth);
-    auto* add = new Button(QStringLiteral("Add Report Files…"), QStringLiteral("plus"));
+    auto* add = new Button("Add Report Files…", "plus");
     m_message->setReservedLines(messageLines);
     auto* foot = new QVBoxLayout;
     foot->setContentsMargins(Space::m, Space::m, Space::m, Space::m);
@@ -91,7 +92,7 @@ QWidget* HistoryView::makeListPane() {
     column->addLayout(foot);
     connect(add, &Button::clicked, this, [this] {
         const auto files = m_context.dialogs.openReportFiles(
-            this, QStringLiteral("Choose report files saved with Save Report File on another Mac."));
+            this, "Choose report files saved with Save Report File on another Mac.");
         m_adding = true;
         if (!files.empty()) m_context.model.addReportFiles(files);
         m_adding = false;
@@ -107,7 +108,7 @@ void HistoryView::showHistory() {
 }
 
 void HistoryView::showMessage() {
-    const QString message = QString::fromStdString(m_context.model.message().value_or(""));
+    const QString message = qt(m_context.model.message().value_or(""));
     const bool ofReport = !m_adding && m_detail->isVisible();
     m_message->setText(ofReport ? QString() : message);
     m_detail->setMessage(ofReport ? message : QString());

@@ -1,6 +1,7 @@
 #include "app/pages/keyboard/KeyCapture.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessivo {
 
@@ -12,7 +13,6 @@ bool KeyCapture::isModifier(KeyCode code) {
 void KeyCapture::start(std::function<void(KeyCode)> onKey) {
     if (m_running) return;
     m_onKey = std::move(onKey);
-    m_lastCode.reset();
     m_running = true;
     if (m_changed) m_changed();
 }
@@ -21,23 +21,14 @@ void KeyCapture::stop() {
     if (!m_running) return;
     m_running = false;
     m_flash.reset();
-    m_lastCode.reset();
     if (m_changed) m_changed();
 }
 
 void KeyCapture::handle(KeyMark mark, KeyCode code) {
     if (!m_running || mark == KeyMark::release || mark == KeyMark::repeat) return;
+    const auto before = std::exchange(m_flash, code);
     if (m_onKey) m_onKey(code);
-    // Whoever was told may have ended the run.
-    if (!m_running) return;
-    if (code == esc && m_lastCode == esc) {
-        stop();
-        return;
-    }
-    m_lastCode = code;
-    if (m_flash == code) return;
-    m_flash = code;
-    if (m_changed) m_changed();
+    if (code == esc && before == esc) stop();
 }
 
 } // namespace tessivo

@@ -18,11 +18,11 @@ public:
     /// Keys that report by a change of state: shift, control, option, command, caps lock, fn.
     static bool isModifier(KeyCode code);
 
-    /// `changed` is called after `running` or `flash` has changed.
+    /// `changed` is called after `running` has changed.
     explicit KeyCapture(std::function<void()> changed = {}) : m_changed(std::move(changed)) {}
 
     bool running() const { return m_running; }
-    /// The last key seen in this run.
+    /// The last key seen in this run, also while `onKey` is told of it.
     std::optional<KeyCode> flash() const { return m_flash; }
 
     /// Begins a run; `onKey` is told every key seen. Nothing while one runs.
@@ -38,7 +38,6 @@ private:
     std::function<void(KeyCode)> m_onKey;
     bool m_running = false;
     std::optional<KeyCode> m_flash;
-    std::optional<KeyCode> m_lastCode;
 };
 
 } // namespace tessivo

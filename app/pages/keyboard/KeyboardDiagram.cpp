@@ -3,6 +3,7 @@
 #include "app/controls/ClickControl.h"
 #include "app/look/Metrics.h"
 #include "app/look/Paint.h"
+#include "app/model/QtText.h"
 
 #include <QKeyEvent>
 #include <QPainterPath>
@@ -134,24 +135,22 @@ protected:
     }
 
 private:
-    QString label() const {
-        return m_state == State::byHand ? QStringLiteral("by hand") : QString::fromStdString(m_key.label);
-    }
+    QString label() const { return m_state == State::byHand ? "by hand" : qt(m_key.label); }
 
     void tell() {
-        const QString name = QString::fromStdString(m_key.name()) + QStringLiteral(", ");
+        const QString name = qt(m_key.name()) + ", ";
         switch (m_state) {
         case State::open:
-            setAccessibleName(name + QStringLiteral("not tested"));
+            setAccessibleName(name + "not tested");
             break;
         case State::pressed:
-            setAccessibleName(name + QStringLiteral("tested"));
+            setAccessibleName(name + "tested");
             break;
         case State::ticked:
-            setAccessibleName(name + QStringLiteral("ticked by hand"));
+            setAccessibleName(name + "ticked by hand");
             break;
         case State::byHand:
-            setAccessibleName(name + QStringLiteral("checked by hand below"));
+            setAccessibleName(name + "checked by hand below");
             break;
         }
         announceNameChange(this);
@@ -290,9 +289,7 @@ QSize KeyboardDiagram::minimumSizeHint() const {
 }
 
 QString KeyboardDiagram::spokenName() const {
-    return QStringLiteral("Keyboard diagram, %1 of %2 keys tested")
-        .arg(m_progress.done)
-        .arg(m_progress.total);
+    return QString("Keyboard diagram, %1 of %2 keys tested").arg(m_progress.done).arg(m_progress.total);
 }
 
 void KeyboardDiagram::paintEvent(QPaintEvent*) {

@@ -45,7 +45,7 @@ private:
     const KeyboardLayout* m_layout = nullptr;
     KeyboardTest::Progress m_progress;
     KeyboardGeometry m_geometry;
-    std::vector<Key*> m_keys; // in the order of the geometry's places
+    std::vector<Key*> m_keys; ///< in the order of the geometry's places
     bool m_running = false;
 };
 

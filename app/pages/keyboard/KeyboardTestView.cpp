@@ -11,12 +11,12 @@
 #include "app/layout/SplitRow.h"
 #include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "app/pages/frame/AnswerButtons.h"
 #include "app/pages/keyboard/KeyboardDiagram.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QHideEvent>
 #include <QInputMethod>
 
 namespace tessivo {
@@ -25,24 +25,18 @@ namespace {
 constexpr int layoutPickerWidth = 210; // 260 with its label
 constexpr int runningLineHeight = 20;
 
-QString shown(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 } // namespace
 
 const char* const KeyboardTestView::how =
-    "Choose Start, then press every key until the whole diagram turns green. Hold fn (🌐︎) for "
-    "F1–F12. "
+    "Choose Start, then press every key until the whole diagram turns green. Hold fn (🌐︎) for F1–F12. "
     "While the test runs, keys are only tested and do nothing else; press Esc twice to stop. If macOS "
-    "keeps a key for itself (F11 shows the desktop), see it work, then click it on the diagram to tick "
-    "it "
+    "keeps a key for itself (F11 shows the desktop), see it work, then click it on the diagram to tick it "
     "by hand.";
 
 KeyboardTestView::KeyboardTestView(const PageContext& context, QWidget* parent)
-    : Column(parent),
+    : LiveContent(parent),
       m_model(context.model),
-      m_capture([this] { captureChanged(); }),
+      m_capture([this] { runHasChanged(); }),
       m_monitor(context.model.platform().keyCodes(), m_capture,
                 [this] { return m_model.state().keyboard.layout; }) {
     add(makeControls());
@@ -54,10 +48,9 @@ KeyboardTestView::KeyboardTestView(const PageContext& context, QWidget* parent)
     add(m_diagram, Space::s);
     m_alsoPressed = new TextLabel({}, TextRole::callout, ColorRole::text2);
     add(m_alsoPressed, Space::m);
-    add(new SectionHeading(QStringLiteral("Checks by hand")), Space::xxl);
-    add(new TextLabel(
-        QStringLiteral("macOS keeps these from apps, so look for them working and say what you saw."),
-        TextRole::body, ColorRole::text2));
+    add(new SectionHeading("Checks by hand"), Space::xxl);
+    add(new TextLabel("macOS keeps these from apps, so look for them working and say what you saw.",
+                      TextRole::body, ColorRole::text2));
     add(makeHandChecks(), Space::heading);
 
     connect(&m_model, &AppModel::stateChanged, this, &KeyboardTestView::follow);
@@ -66,8 +59,8 @@ KeyboardTestView::KeyboardTestView(const PageContext& context, QWidget* parent)
 
 QWidget* KeyboardTestView::makeControls() {
     auto* row = new WrapRow(nullptr, Space::block, Space::m);
-    m_start = new Button(QStringLiteral("Start"), QStringLiteral("play.fill"), Button::Kind::prominent);
-    m_start->setWidthTexts({QStringLiteral("Start"), QStringLiteral("Stop")});
+    m_start = new Button("Start", "play.fill", Button::Kind::prominent);
+    m_start->setWidthTexts({"Start", "Stop"});
     m_start->setDefaultAction(true);
     connect(m_start, &Button::clicked, this, &KeyboardTestView::startOrStop);
     row->add(m_start);
@@ -76,12 +69,11 @@ QWidget* KeyboardTestView::makeControls() {
     auto* pickingRow = new QHBoxLayout(picking);
     pickingRow->setContentsMargins(0, 0, 0, 0);
     pickingRow->setSpacing(Space::s);
-    pickingRow->addWidget(new TextLabel(QStringLiteral("Layout"), TextRole::body, ColorRole::text2), 0,
-                          Qt::AlignVCenter);
+    pickingRow->addWidget(new TextLabel("Layout", TextRole::body, ColorRole::text2), 0, Qt::AlignVCenter);
     QStringList titles;
     for (const auto id : allCases<KeyboardLayout::ID>())
-        titles.append(QString::fromUtf8(KeyboardLayout::title(id)));
-    m_layout = new Picker(QStringLiteral("Layout"), titles);
+        titles.append(qt(KeyboardLayout::title(id)));
+    m_layout = new Picker("Layout", titles);
     m_layout->setPreferredWidth(layoutPickerWidth);
     connect(m_layout, &Picker::activated, this, [this](int index) {
         m_model.change([index](SessionState& state) {
@@ -94,7 +86,7 @@ QWidget* KeyboardTestView::makeControls() {
     m_count = new TextLabel;
     m_count->setTabularDigits(true);
     row->add(m_count);
-    m_clear = new Button(QStringLiteral("Clear"));
+    m_clear = new Button("Clear");
     connect(m_clear, &Button::clicked, this, [this] {
         m_model.change([](SessionState& state) {
             KeyboardTest fresh;
@@ -110,11 +102,9 @@ QWidget* KeyboardTestView::makeRunningLine() {
     auto* row = new QHBoxLayout(m_runningLine);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Space::s);
-    row->addWidget(
-        new SymbolView(QStringLiteral("keyboard.badge.ellipsis"), SymbolSize::sidebar, ColorRole::accent), 0,
-        Qt::AlignVCenter);
-    row->addWidget(new TextLabel(QStringLiteral("Testing keys. Press Esc twice to stop."), TextRole::body,
-                                 ColorRole::accent),
+    row->addWidget(new SymbolView("keyboard.badge.ellipsis", SymbolSize::sidebar, ColorRole::accent), 0,
+                   Qt::AlignVCenter);
+    row->addWidget(new TextLabel("Testing keys. Press Esc twice to stop.", TextRole::body, ColorRole::accent),
                    1, Qt::AlignVCenter);
     m_runningLine->setMinimumHeight(theme().scaled(runningLineHeight));
     // The diagram below stays where it is when the line comes and goes.
@@ -130,11 +120,10 @@ QWidget* KeyboardTestView::makeHandChecks() {
     card->setPadding(Space::block, Space::l);
     for (const ManualKeyCheck& check : ManualKeyCheck::all()) {
         auto* text = new Column;
-        text->add(new TextLabel(shown(check.title), TextRole::headline));
-        text->add(new TextLabel(shown(check.how), TextRole::callout, ColorRole::text2));
-        auto* answers = new AnswerButtons(QStringLiteral("Works"), QStringLiteral("Problem"),
-                                          QStringLiteral("Not on this keyboard"));
-        answers->setQuestion(shown(check.title));
+        text->add(new TextLabel(qt(check.title), TextRole::headline));
+        text->add(new TextLabel(qt(check.how), TextRole::callout, ColorRole::text2));
+        auto* answers = new AnswerButtons("Works", "Problem", "Not on this keyboard");
+        answers->setQuestion(qt(check.title));
         connect(answers, &AnswerButtons::answered, this, [this, id = check.id](ManualAnswer answer) {
             m_model.change([&](SessionState& state) { state.keyboard.manual[id] = answer; });
         });
@@ -160,42 +149,36 @@ void KeyboardTestView::startOrStop() {
 
 void KeyboardTestView::press(KeyCode code) {
     // A key seen before changes nothing, and so saves nothing.
-    if (m_model.state().keyboard.pressed.contains(code)) return;
+    if (m_model.state().keyboard.pressed.contains(code)) return showKeys();
     m_model.change([code](SessionState& state) { state.keyboard.press(code); });
 }
 
-void KeyboardTestView::hideEvent(QHideEvent* event) {
-    // A minimised window only waits: no key reaches it.
-    if (!event->spontaneous()) m_capture.stop();
-    Column::hideEvent(event);
+void KeyboardTestView::runHasChanged() {
+    const bool running = m_capture.running();
+    m_start->setLabel(running ? "Stop" : "Start", running ? "stop.fill" : "play.fill");
+    m_runningLine->setVisible(running);
+    // The monitor's answer for whatever has the focus is another one now.
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+    showKeys();
 }
 
-void KeyboardTestView::captureChanged() {
-    const bool running = m_capture.running();
-    if (running != m_shownRunning) {
-        m_shownRunning = running;
-        m_start->setLabel(running ? QStringLiteral("Stop") : QStringLiteral("Start"),
-                          running ? QStringLiteral("stop.fill") : QStringLiteral("play.fill"));
-        m_runningLine->setVisible(running);
-        // The monitor's answer for whatever has the focus is another one now.
-        QGuiApplication::inputMethod()->update(Qt::ImEnabled);
-    }
-    m_diagram->show(m_model.state().keyboard, running, m_capture.flash());
+void KeyboardTestView::showKeys() {
+    m_diagram->show(m_model.state().keyboard, m_capture.running(), m_capture.flash());
 }
 
 void KeyboardTestView::follow() {
     const KeyboardTest& test = m_model.state().keyboard;
     m_layout->setCurrentIndex(int(test.layout));
     const auto progress = test.progress();
-    m_count->setText(QStringLiteral("%1 of %2 keys").arg(progress.done).arg(progress.total));
+    m_count->setText(QString("%1 of %2 keys").arg(progress.done).arg(progress.total));
     m_clear->setEnabled(test.started());
-    m_diagram->show(test, m_capture.running(), m_capture.flash());
+    showKeys();
     const auto off = test.offDiagram().size();
     m_alsoPressed->setVisible(off > 0);
-    m_alsoPressed->setText(QStringLiteral("Also pressed: %1 key%2 that aren't on this diagram (a keypad, or "
-                                          "another layout).")
+    m_alsoPressed->setText(QString("Also pressed: %1 key%2 that aren't on this diagram (a keypad, or "
+                                   "another layout).")
                                .arg(off)
-                               .arg(off == 1 ? QString() : QStringLiteral("s")));
+                               .arg(off == 1 ? QString() : "s"));
     for (const auto& [id, answers] : m_answers)
         answers->setAnswer(test.answer(id));
 }

@@ -2,6 +2,7 @@
 
 #include "app/layout/Column.h"
 #include "app/pages/PageContext.h"
+#include "app/pages/frame/LiveContent.h"
 #include "app/pages/keyboard/KeyMonitor.h"
 
 #include <map>
@@ -16,7 +17,7 @@ class TextLabel;
 
 /// The content of the keyboard page: the capture and its controls, the diagram, the checks by hand. A
 /// capture ends when the page is hidden or goes.
-class KeyboardTestView final : public Column {
+class KeyboardTestView final : public LiveContent {
     Q_OBJECT
 public:
     explicit KeyboardTestView(const PageContext& context, QWidget* parent = nullptr);
@@ -24,22 +25,20 @@ public:
     /// The page's instructions.
     static const char* const how;
 
-protected:
-    void hideEvent(QHideEvent* event) override;
-
 private:
+    void disappear() override { m_capture.stop(); }
     QWidget* makeControls();
     QWidget* makeRunningLine();
     QWidget* makeHandChecks();
     void startOrStop();
     void press(KeyCode code);
-    void captureChanged();
+    void runHasChanged();
     void follow();
+    void showKeys();
 
     AppModel& m_model;
     KeyCapture m_capture;
     KeyMonitor m_monitor;
-    bool m_shownRunning = false;
     Button* m_start = nullptr;
     Picker* m_layout = nullptr;
     TextLabel* m_count = nullptr;
@@ -47,7 +46,7 @@ private:
     QWidget* m_runningLine = nullptr;
     KeyboardDiagram* m_diagram = nullptr;
     TextLabel* m_alsoPressed = nullptr;
-    std::map<std::string, AnswerButtons*> m_answers; // by the check's id
+    std::map<std::string, AnswerButtons*> m_answers; ///< by the check's id
 };
 
 } // namespace tessivo

@@ -7,6 +7,7 @@
 #include "app/controls/TextLabel.h"
 #include "app/layout/Column.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "kit/hardware/LevelMeter.h"
 #include "kit/support/Text.h"
 
@@ -19,8 +20,8 @@ namespace {
 constexpr int nameWidth = 254;
 constexpr int buttonGap = 32;
 constexpr int verdictGap = 5;
-const QString listenText = QStringLiteral("Listen");
-const QString stopText = QStringLiteral("Stop");
+const QString listenText = "Listen";
+const QString stopText = "Stop";
 
 /// As wide as designed, whatever it holds, so that the meters of all rows begin at one place; narrower where
 /// the row is.
@@ -34,11 +35,10 @@ public:
 
 MicrophoneRow::MicrophoneRow(const QString& name, QWidget* parent)
     : QWidget(parent),
-      m_heard(
-          new SymbolView(QStringLiteral("checkmark.circle.fill"), SymbolSize::link, ColorRole::greenGlyph)),
+      m_heard(new SymbolView("checkmark.circle.fill", SymbolSize::link, ColorRole::greenGlyph)),
       m_verdict(new TextLabel),
       m_meter(new LevelBar),
-      m_button(new Button(listenText, QStringLiteral("mic.fill"))) {
+      m_button(new Button(listenText, "mic.fill")) {
     setAccessibleName(name);
     m_button->setAccessibleDescription(name);
     m_button->setWidthTexts({listenText, stopText});
@@ -83,17 +83,16 @@ void MicrophoneRow::setReading(const MicReading* reading) {
     m_heard->setVisible(heard);
     m_verdict->setTextRole(heard ? TextRole::badge : TextRole::callout);
     m_verdict->setColorRole(heard ? ColorRole::green : ColorRole::text2);
-    m_verdict->setText(heard ? QStringLiteral("Picked up sound") : QStringLiteral("Too quiet so far"));
+    m_verdict->setText(heard ? "Picked up sound" : "Too quiet so far");
 }
 
 void MicrophoneRow::setLevel(std::optional<double> level) {
     if (level)
-        m_button->setLabel(stopText, QStringLiteral("stop.fill"));
+        m_button->setLabel(stopText, "stop.fill");
     else
-        m_button->setLabel(listenText, QStringLiteral("mic.fill"));
+        m_button->setLabel(listenText, "mic.fill");
     m_meter->setLevel(level ? LevelMeter::meterFraction(*level) : 0,
-                      level ? QString::fromStdString(Text::whole(*level)) + QStringLiteral(" decibels")
-                            : QStringLiteral("not listening"));
+                      level ? qt(Text::whole(*level)) + " decibels" : "not listening");
 }
 
 } // namespace tessivo

@@ -1,5 +1,7 @@
 #include "app/pages/microphones/MicrophonesView.h"
 
+#include "app/model/QtText.h"
+
 namespace tessivo {
 
 const char* const MicrophonesView::how =
@@ -8,13 +10,13 @@ const char* const MicrophonesView::how =
 
 MicrophonesView::MicrophonesView(const PageContext& context, QWidget* parent)
     : CaptureView(context, MediaType::audio,
-                  {.openSettings = QStringLiteral("Open Microphone Settings"),
-                   .noneFound = QStringLiteral("No microphone found."),
-                   .noService = QStringLiteral("Couldn't list the microphones: the sound service doesn't "
-                                               "answer or has no input switched on. Check the sound "
-                                               "settings or restart the Mac."),
-                   .noDriver = QStringLiteral("Couldn't list the microphones: this system has no driver for "
-                                              "the Mac's sound hardware. Test them under macOS.")},
+                  {.openSettings = "Open Microphone Settings",
+                   .noneFound = "No microphone found.",
+                   .noService = "Couldn't list the microphones: the sound service doesn't "
+                                "answer or has no input switched on. Check the sound "
+                                "settings or restart the Mac.",
+                   .noDriver = "Couldn't list the microphones: this system has no driver for "
+                               "the Mac's sound hardware. Test them under macOS."},
                   &SessionState::microphones, parent) {
     connect(&monitor(), &MicMonitor::listeningChanged, this, [this] { follow(); });
     connect(&monitor(), &MicMonitor::levelChanged, this, [this] { follow(); });
@@ -31,7 +33,7 @@ bool MicrophonesView::open(const CaptureDevice& device, std::function<void(OpenF
 }
 
 MicrophoneRow* MicrophonesView::makeRow(const CaptureDevice& device) {
-    return new MicrophoneRow(QString::fromStdString(device.localizedName));
+    return new MicrophoneRow(qt(device.localizedName));
 }
 
 void MicrophonesView::showOn(MicrophoneRow& row, const MicReading* reading, bool open) {

@@ -6,6 +6,7 @@
 #include "app/layout/Column.h"
 #include "app/look/Metrics.h"
 #include "app/look/Paint.h"
+#include "app/model/QtText.h"
 
 #include <QHBoxLayout>
 
@@ -19,12 +20,12 @@ constexpr int trailingGap = 13;
 
 PickupRow::PickupRow(const PickupStep& step, std::optional<Page> page, QWidget* parent)
     : QWidget(parent), m_page(page), m_glyph(new StatusGlyph(SymbolSize::glyph)) {
-    const QString title = QString::fromStdString(step.title);
+    const QString title = qt(step.title);
     auto* words = new Column;
     words->add(new TextLabel(title, TextRole::headline));
-    words->add(new TextLabel(QString::fromStdString(step.expect), TextRole::callout, ColorRole::text2));
+    words->add(new TextLabel(qt(step.expect), TextRole::callout, ColorRole::text2));
 
-    auto* open = new Button(QStringLiteral("Open"));
+    auto* open = new Button("Open");
     open->setAccessibleDescription(title);
     // Hidden, the button and the glyph keep their columns.
     QSizePolicy policy = open->sizePolicy();
@@ -39,8 +40,8 @@ PickupRow::PickupRow(const PickupStep& step, std::optional<Page> page, QWidget* 
     row->setContentsMargins(Space::block, Space::m, Space::l, Space::m);
     row->setSpacing(trailingGap);
     row->addWidget(words, 1);
-    row->addWidget(new TextLabel(QStringLiteral("~%1 s").arg(step.seconds), TextRole::body, ColorRole::text2),
-                   0, Qt::AlignVCenter);
+    row->addWidget(new TextLabel(QString("~%1 s").arg(step.seconds), TextRole::body, ColorRole::text2), 0,
+                   Qt::AlignVCenter);
     row->addWidget(m_glyph, 0, Qt::AlignVCenter);
     row->addWidget(open, 0, Qt::AlignVCenter);
     setMinimumHeight(theme().scaled(Height::pickupRow));

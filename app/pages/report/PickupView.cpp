@@ -4,10 +4,10 @@
 #include "app/controls/FactGrid.h"
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
+#include "app/model/QtText.h"
 #include "app/pages/frame/TestPage.h"
 #include "app/pages/report/PickupRow.h"
 #include "kit/report/ReportAssembler.h"
-#include "kit/rules/Rules.h"
 
 #include <QScrollBar>
 #include <algorithm>
@@ -21,26 +21,21 @@ enum Fact { serialNumber, modelID, deviceManagement, storage };
 constexpr FactGrid::Look factLook{.labelWidth = 160, .gap = 6, .rowHeight = 26};
 constexpr int aboveFacts = 13;
 
-QString text(const std::string& words) {
-    return QString::fromStdString(words);
-}
-
 } // namespace
 
 PickupView::PickupView(const PageContext& context, QWidget* parent)
     : ScrollColumn(parent, Width::columnNarrow), m_model(context.model), m_steps(new Column) {
-    add(new PageHeader(QString::fromUtf8(title(Page::pickup)), QString::fromUtf8(symbol(Page::pickup))));
-    auto* how = new TextLabel(
-        QStringLiteral("Buying this Mac? A PDF can be edited, so rerun the quick tests here and compare them "
-                       "with the seller's report. It takes under two minutes."),
-        TextRole::body, ColorRole::text2);
+    add(new PageHeader(qt(title(Page::pickup)), qt(symbol(Page::pickup))));
+    auto* how =
+        new TextLabel("Buying this Mac? A PDF can be edited, so rerun the quick tests here and compare them "
+                      "with the seller's report. It takes under two minutes.",
+                      TextRole::body, ColorRole::text2);
     add(how, PageHead::howGap);
     how->setMaximumWidth(theme().scaled(PageHead::howWidth));
 
     auto* facts = new Column;
     facts->column().setContentsMargins(Space::block, aboveFacts, Space::block, Space::m);
-    for (const QString& label : {QStringLiteral("Serial number"), QStringLiteral("Model ID"),
-                                 QStringLiteral("Device management"), QStringLiteral("Storage")}) {
+    for (const char* label : {"Serial number", "Model ID", "Device management", "Storage"}) {
         // One grid each: no dividers stand between these.
         auto* fact = new FactGrid(factLook);
         fact->addFact(label, {}, m_facts.empty());
@@ -49,18 +44,16 @@ PickupView::PickupView(const PageContext& context, QWidget* parent)
     }
     auto* also = new Column;
     also->column().setContentsMargins(Space::block, Space::m, Space::block, Space::s);
-    also->add(new TextLabel(
-        QStringLiteral("Also open Apple menu › About This Mac: its serial number should match."),
-        TextRole::callout, ColorRole::text2));
+    also->add(new TextLabel("Also open Apple menu › About This Mac: its serial number should match.",
+                            TextRole::callout, ColorRole::text2));
     auto* panel = new Panel(Panel::Kind::list);
     panel->add(facts);
     panel->add(new Divider);
     panel->add(also);
     add(panel, Space::block);
     add(m_steps, Space::block);
-    add(new TextLabel(QStringLiteral(
-                          "Also worth a look: Activation Lock (on the This Mac page) and the trackpad, ports "
-                          "and microphones if you have time."),
+    add(new TextLabel("Also worth a look: Activation Lock (on the This Mac page) and the trackpad, ports "
+                      "and microphones if you have time.",
                       TextRole::body, ColorRole::text2),
         Space::block);
     connect(&m_model, &AppModel::stateChanged, this, &PickupView::follow);
@@ -77,14 +70,13 @@ std::optional<Page> PickupView::pageOf(const PickupStep& step) {
 void PickupView::follow() {
     const MachineInfo& machine = m_model.state().machine;
     const auto setFact = [this](Fact fact, const QString& value) { m_facts[fact]->setValue(0, value); };
-    setFact(serialNumber, machine.serial ? text(*machine.serial) : QStringLiteral("Couldn't read it"));
+    setFact(serialNumber, machine.serial ? qt(*machine.serial) : "Couldn't read it");
     const std::string name = machine.displayName();
-    setFact(modelID, text(name == machine.modelID ? name : name + ", " + machine.modelID));
-    setFact(deviceManagement, text(m_model.result(TestID::enrollment).summary));
-    setFact(storage,
-            machine.storageText() ? text(*machine.storageText()) : QStringLiteral("Couldn't read it"));
+    setFact(modelID, qt(name == machine.modelID ? name : name + ", " + machine.modelID));
+    setFact(deviceManagement, qt(m_model.result(TestID::enrollment).summary));
+    setFact(storage, machine.storageText() ? qt(*machine.storageText()) : "Couldn't read it");
 
-    const auto steps = ReportAssembler::pickupSteps(machine, Rules::results(m_model.state()));
+    const auto steps = ReportAssembler::pickupSteps(machine, m_model.results());
     if (steps != m_shown) makeRows(steps);
     for (PickupRow* row : m_rows)
         if (row->page()) row->setStatus(m_model.status(*row->page()));

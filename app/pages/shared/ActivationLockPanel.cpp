@@ -21,18 +21,17 @@ constexpr int underHeadline = 4;
 
 ActivationLockPanel::ActivationLockPanel(AppModel& model, QWidget* parent)
     : QWidget(parent), m_model(model), m_badge(new StatusBadge) {
-    auto* heading = new TextLabel(QStringLiteral("Check that Activation Lock is off"), TextRole::headline);
+    auto* heading = new TextLabel("Check that Activation Lock is off", TextRole::headline);
     heading->setHeading(true);
     auto* head = new QWidget;
     auto* row = new QHBoxLayout(head);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Space::s);
-    row->addWidget(new SymbolView(QStringLiteral("lock.open"), SymbolSize::sidebar, ColorRole::accent));
+    row->addWidget(new SymbolView("lock.open", SymbolSize::sidebar, ColorRole::accent));
     row->addWidget(heading, 1);
 
-    const QString shows = QStringLiteral("System Information shows");
-    m_answer = new SegmentedPicker(
-        shows, {QStringLiteral("Not checked yet"), QStringLiteral("Disabled"), QStringLiteral("Enabled")});
+    const QString shows = "System Information shows";
+    m_answer = new SegmentedPicker(shows, {"Not checked yet", "Disabled", "Enabled"});
     connect(m_answer, &SegmentedPicker::chosen, this, [this](int index) {
         m_model.change([index](SessionState& state) {
             state.activationLock = allCases<ActivationLockAnswer>().at(size_t(index));

@@ -3,12 +3,11 @@
 #include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "app/pages/tones/ToneBlock.h"
 #include "app/readers/Readers.h"
 
 #include <QHBoxLayout>
-#include <QHideEvent>
-#include <QShowEvent>
 
 namespace tessivo {
 
@@ -25,19 +24,18 @@ const char* const HeadphonesView::how =
     "plug a little shouldn't cut the sound. Bluetooth and USB headphones don't count.";
 
 HeadphonesView::HeadphonesView(const PageContext& context, QWidget* parent)
-    : Column(parent), m_model(context.model) {
+    : LiveContent(parent), m_model(context.model) {
     auto* card = new Panel;
     card->add(makeStatus());
     add(card);
-    m_left = addBlock(QStringLiteral("Left ear"), QStringLiteral("left"), &HeadphoneTest::left, true);
-    m_right = addBlock(QStringLiteral("Right ear"), QStringLiteral("right"), &HeadphoneTest::right, false);
+    m_left = addBlock("Left ear", "left", &HeadphoneTest::left, true);
+    m_right = addBlock("Right ear", "right", &HeadphoneTest::right, false);
     connect(&m_model, &AppModel::stateChanged, this, &HeadphonesView::follow);
     follow();
 }
 
 QWidget* HeadphonesView::makeStatus() {
-    m_symbol =
-        new SymbolView(QStringLiteral("headphones.circle.fill"), SymbolSize::pageHead, ColorRole::grayGlyph);
+    m_symbol = new SymbolView("headphones.circle.fill", SymbolSize::pageHead, ColorRole::grayGlyph);
     m_status = new TextLabel({}, TextRole::headline);
     m_output = new TextLabel({}, TextRole::callout, ColorRole::text2);
     m_output->setMaximumLines(1);
@@ -58,9 +56,8 @@ QWidget* HeadphonesView::makeStatus() {
 
 ToneBlock* HeadphonesView::addBlock(const QString& title, const QString& side,
                                     ManualAnswer HeadphoneTest::* answer, bool left) {
-    auto* block = new ToneBlock(title, QStringLiteral("Heard it clearly, in that ear only?"),
-                                QStringLiteral("Missing or crackly"));
-    block->setPlayHint(QStringLiteral("Plays a tone in the ") + side + QStringLiteral(" ear"));
+    auto* block = new ToneBlock(title, "Heard it clearly, in that ear only?", "Missing or crackly");
+    block->setPlayHint("Plays a tone in the " + side + " ear");
     connect(block, &ToneBlock::play, this, [=, this] { play(left); });
     connect(block, &ToneBlock::answered, this, [=, this](ManualAnswer given) {
         if (!m_model.state().headphones && given == ManualAnswer::unanswered) return;
@@ -73,20 +70,14 @@ ToneBlock* HeadphonesView::addBlock(const QString& title, const QString& side,
     return block;
 }
 
-void HeadphonesView::showEvent(QShowEvent* event) {
-    Column::showEvent(event);
-    if (event->spontaneous()) return;
+void HeadphonesView::appear() {
     m_player.emplace(m_model.platform().toneOutput());
     m_poll = std::make_unique<Poll>(m_model.platform().scheduler(), pollInterval, [this] { scan(); });
 }
 
-void HeadphonesView::hideEvent(QHideEvent* event) {
-    // A window that is only minimised keeps its page open.
-    if (!event->spontaneous()) {
-        m_poll.reset();
-        m_player.reset();
-    }
-    Column::hideEvent(event);
+void HeadphonesView::disappear() {
+    m_poll.reset();
+    m_player.reset();
 }
 
 void HeadphonesView::play(bool left) {
@@ -115,15 +106,15 @@ void HeadphonesView::follow() {
     const HeadphoneTest test = m_model.state().headphones.value_or(HeadphoneTest{});
     m_symbol->setSymbol(m_symbol->symbolName(), m_jack ? ColorRole::accent : ColorRole::grayGlyph);
     if (m_jack)
-        m_status->setText(QStringLiteral("Headphones in the jack"));
+        m_status->setText("Headphones in the jack");
     else if (test.detected)
-        m_status->setText(QStringLiteral("Headphones were seen; plug them back in to play"));
+        m_status->setText("Headphones were seen; plug them back in to play");
     else
-        m_status->setText(QStringLiteral("Waiting for wired headphones"));
+        m_status->setText("Waiting for wired headphones");
     m_output->setVisible(m_jack.has_value());
-    if (m_jack) m_output->setText(QStringLiteral("Output: ") + QString::fromStdString(m_jack->name));
+    if (m_jack) m_output->setText("Output: " + qt(m_jack->name));
 
-    const auto plugFirst = QStringLiteral("Plug wired headphones into the jack first");
+    const auto plugFirst = "Plug wired headphones into the jack first";
     m_left->setPlayable(m_jack.has_value(), plugFirst);
     m_right->setPlayable(m_jack.has_value(), plugFirst);
     m_left->setAnswer(test.left);

@@ -3,6 +3,7 @@
 #include "app/layout/Column.h"
 #include "app/model/Poll.h"
 #include "app/pages/PageContext.h"
+#include "app/pages/frame/LiveContent.h"
 #include "app/readers/TonePlayer.h"
 #include "kit/hardware/AudioOutputInfo.h"
 
@@ -14,7 +15,7 @@ class ToneBlock;
 
 /// The headphone jack's test: watches the jack while it is open and plays a tone to each ear through it, and
 /// through nothing else.
-class HeadphonesView final : public Column {
+class HeadphonesView final : public LiveContent {
     Q_OBJECT
 
 public:
@@ -22,11 +23,9 @@ public:
 
     explicit HeadphonesView(const PageContext& context, QWidget* parent = nullptr);
 
-protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-
 private:
+    void appear() override;
+    void disappear() override;
     QWidget* makeStatus();
     ToneBlock* addBlock(const QString& title, const QString& side, ManualAnswer HeadphoneTest::* answer,
                         bool left);

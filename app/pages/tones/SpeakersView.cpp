@@ -2,12 +2,11 @@
 
 #include "app/controls/TextLabel.h"
 #include "app/look/Metrics.h"
+#include "app/model/QtText.h"
 #include "app/pages/tones/ToneBlock.h"
 #include "app/readers/Readers.h"
 #include "kit/rules/RuleTexts.h"
 
-#include <QHideEvent>
-#include <QShowEvent>
 #include <algorithm>
 
 namespace tessivo {
@@ -23,15 +22,15 @@ const char* const SpeakersView::how =
     "clear, with no buzz or rattle. Unplug headphones first.";
 
 SpeakersView::SpeakersView(const PageContext& context, QWidget* parent)
-    : Column(parent),
+    : LiveContent(parent),
       m_model(context.model),
       m_sides({{{Rules::leftSpeaker, &SpeakerTest::left, true, false},
                 {Rules::rightSpeaker, &SpeakerTest::right, false, true},
                 {Rules::oneSpeaker, &SpeakerTest::both, true, true}}}),
       m_output(new TextLabel({}, TextRole::body, ColorRole::text2)),
       m_elsewhere(new TextLabel({}, TextRole::body, ColorRole::text2)),
-      m_oneChannel(new TextLabel(QStringLiteral("This output has one channel (like a Mac mini's own "
-                                                "speaker), so there's one tone."),
+      m_oneChannel(new TextLabel("This output has one channel (like a Mac mini's own "
+                                 "speaker), so there's one tone.",
                                  TextRole::body, ColorRole::text2)) {
     m_output->setMaximumLines(1);
     add(m_output);
@@ -46,9 +45,8 @@ SpeakersView::SpeakersView(const PageContext& context, QWidget* parent)
 }
 
 void SpeakersView::add(Side& side) {
-    side.block = new ToneBlock(QString::fromUtf8(side.title), QStringLiteral("Heard it clearly?"),
-                               QStringLiteral("Missing or distorted"));
-    side.block->setPlayHint(QString::fromUtf8(side.title));
+    side.block = new ToneBlock(qt(side.title), "Heard it clearly?", "Missing or distorted");
+    side.block->setPlayHint(qt(side.title));
     connect(side.block, &ToneBlock::play, this, [&side, this] { play(side); });
     connect(side.block, &ToneBlock::answered, this, [&side, this](ManualAnswer given) {
         side.heardThrough = m_model.state().speakers.outputName;
@@ -57,22 +55,16 @@ void SpeakersView::add(Side& side) {
     add(side.block, Space::block);
 }
 
-void SpeakersView::showEvent(QShowEvent* event) {
-    Column::showEvent(event);
-    if (event->spontaneous()) return;
+void SpeakersView::appear() {
     m_player.emplace(m_model.platform().toneOutput());
     for (Side& side : m_sides)
         side.heardThrough = m_model.state().speakers.outputName;
     readUntilCounted();
 }
 
-void SpeakersView::hideEvent(QHideEvent* event) {
-    // A window that is only minimised keeps its page open.
-    if (!event->spontaneous()) {
-        m_retry.reset();
-        m_player.reset();
-    }
-    Column::hideEvent(event);
+void SpeakersView::disappear() {
+    m_retry.reset();
+    m_player.reset();
 }
 
 void SpeakersView::play(const Side& side) {
@@ -110,18 +102,16 @@ QString SpeakersView::answeredElsewhere() const {
             side.heardThrough != test.outputName)
             sides.push_back(&side);
     if (sides.empty()) return {};
-    const QString which = sides.size() == 1
-                              ? QString::fromUtf8(sides[0]->title) + QStringLiteral(" was answered")
-                              : QStringLiteral("Your answers were given");
-    return which + QStringLiteral(" for another output: ") + QString::fromStdString(*sides[0]->heardThrough);
+    const QString which =
+        sides.size() == 1 ? qt(sides[0]->title) + " was answered" : "Your answers were given";
+    return which + " for another output: " + qt(*sides[0]->heardThrough);
 }
 
 void SpeakersView::follow() {
     const SpeakerTest& test = m_model.state().speakers;
     const bool single = test.channels < 2;
     m_output->setVisible(test.outputName.has_value());
-    m_output->setText(QStringLiteral("Playing through: ") +
-                      QString::fromStdString(test.outputName.value_or(std::string())));
+    m_output->setText("Playing through: " + qt(test.outputName.value_or(std::string())));
     const QString elsewhere = answeredElsewhere();
     m_elsewhere->setVisible(!elsewhere.isEmpty());
     m_elsewhere->setText(elsewhere);

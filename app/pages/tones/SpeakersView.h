@@ -2,6 +2,7 @@
 
 #include "app/layout/Column.h"
 #include "app/pages/PageContext.h"
+#include "app/pages/frame/LiveContent.h"
 #include "app/readers/TonePlayer.h"
 
 #include <array>
@@ -14,7 +15,7 @@ class ToneBlock;
 /// The speaker test: a tone on each side of the system's output, or one tone where the output has a single
 /// channel, and what the person heard. The output is read when the page appears and when a tone is played,
 /// not in between: headphones plugged in for another test change nothing here.
-class SpeakersView final : public Column {
+class SpeakersView final : public LiveContent {
     Q_OBJECT
 
 public:
@@ -22,11 +23,9 @@ public:
 
     explicit SpeakersView(const PageContext& context, QWidget* parent = nullptr);
 
-protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-
 private:
+    void appear() override;
+    void disappear() override;
     enum class Count { read, onlyWithoutAnswers };
 
     /// One tone with its answer.

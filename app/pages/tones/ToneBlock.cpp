@@ -11,7 +11,7 @@ namespace tessivo {
 
 ToneBlock::ToneBlock(const QString& title, const QString& works, const QString& problem, QWidget* parent)
     : Panel(Kind::card, parent),
-      m_play(new Button(QStringLiteral("Play Tone"), QStringLiteral("play.fill"), Button::Kind::prominent)),
+      m_play(new Button("Play Tone", "play.fill", Button::Kind::prominent)),
       m_answer(new AnswerButtons(works, problem)) {
     setAccessibleName(title);
     auto* heading = new TextLabel(title, TextRole::headline);
@@ -22,7 +22,7 @@ ToneBlock::ToneBlock(const QString& title, const QString& works, const QString& 
     controls->add(m_play);
     m_answer->setQuestion(title);
     controls->add(m_answer);
-    auto* clear = new Button(QStringLiteral("Clear"));
+    auto* clear = new Button("Clear");
     clear->setAccessibleDescription(title);
     add(new SplitRow(controls, clear), Space::heading);
 

@@ -24,7 +24,7 @@ ListingText::ListingText(const QString& name, QWidget* parent) : QTextEdit(paren
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    setFont(Theme::current().font(TextRole::body));
+    setFont(theme().font(TextRole::body));
     document()->setDocumentMargin(Space::l);
     viewport()->setAutoFillBackground(false);
 }
@@ -33,7 +33,7 @@ void ListingText::setListing(const QString& text) {
     if (text == toPlainText()) return;
     setPlainText(text);
     QTextBlockFormat format;
-    format.setLineHeight(Theme::current().lineHeight(TextRole::body), QTextBlockFormat::MinimumHeight);
+    format.setLineHeight(theme().lineHeight(TextRole::body), QTextBlockFormat::MinimumHeight);
     QTextCursor all(document());
     all.select(QTextCursor::Document);
     all.mergeBlockFormat(format);
@@ -48,8 +48,8 @@ void ListingText::paintEvent(QPaintEvent* event) {
     {
         QPainter painter(viewport());
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Theme::current().color(ColorRole::text1, strokeOpacity));
-        painter.setBrush(Theme::current().color(ColorRole::card));
+        painter.setPen(theme().color(ColorRole::text1, strokeOpacity));
+        painter.setBrush(theme().color(ColorRole::card));
         painter.drawRoundedRect(QRectF(viewport()->rect()).adjusted(0.5, 0.5, -0.5, -0.5), Corner::textBox,
                                 Corner::textBox);
     }

@@ -12,6 +12,7 @@
 #include "app/layout/SplitRow.h"
 #include "app/layout/WrapRow.h"
 #include "app/model/Background.h"
+#include "app/model/QtText.h"
 #include "app/pages/writeup/ListingText.h"
 #include "app/pages/writeup/OutcomeLine.h"
 #include "kit/listing/Lang.h"
@@ -31,7 +32,7 @@ constexpr int issueLines = 1;
 enum Version { templateVersion, polishedVersion };
 
 QString words(const std::string& key) {
-    return QString::fromStdString(Strings::tr(key));
+    return qt(Strings::tr(key));
 }
 
 Column* padded(int top, int bottom) {
@@ -77,12 +78,9 @@ QWidget* WriteUpSheet::makeHead() {
     auto* head = padded(sheetPadding, 0);
     auto* title = new TextLabel(words("Listing Write-Up"), TextRole::sheetTitle);
     title->setHeading(true);
-    const Capsule::Look draft{QStringLiteral("exclamationmark.bubble"),
-                              words("Draft: check before posting"),
-                              ColorRole::orange,
-                              ColorRole::orange,
-                              ColorRole::orange,
-                              15};
+    const Capsule::Look draft{"exclamationmark.bubble", words("Draft: check before posting"),
+                              ColorRole::orange,        ColorRole::orange,
+                              ColorRole::orange,        15};
     head->add(new SplitRow(title, new Capsule(Capsule::tag, draft)));
     head->add(
         new TextLabel(words("Every number, spec and problem is copied from the report. You're responsible "
@@ -108,7 +106,7 @@ QWidget* WriteUpSheet::makeHead() {
 QWidget* WriteUpSheet::makePolishRow() {
     auto* row = padded(Space::l, 0);
     if (const auto reason = availabilityMessage(m_context.model.platform().wordingService().availability())) {
-        row->add(new TextLabel(QString::fromStdString(*reason), TextRole::body, ColorRole::text2));
+        row->add(new TextLabel(qt(*reason), TextRole::body, ColorRole::text2));
     } else {
         auto* controls = new WrapRow(nullptr, Space::l);
         m_polishButton = new Button(words("Polish Wording"));
@@ -141,7 +139,7 @@ QWidget* WriteUpSheet::makePolishRow() {
 QWidget* WriteUpSheet::makeFoot() {
     auto* foot = padded(Space::xl, sheetPadding);
     auto* buttons = new WrapRow(nullptr, Space::heading);
-    auto* copy = new Button(words("Copy"), QStringLiteral("doc.on.doc"));
+    auto* copy = new Button(words("Copy"), "doc.on.doc");
     auto* done = new Button(words("Done"), {}, Button::Kind::prominent);
     done->setDefaultAction(true);
     buttons->add(copy);
@@ -219,16 +217,16 @@ void WriteUpSheet::refresh() {
     const Lang::Scope scope(m_language);
     m_versionRow->setVisible(m_polished.has_value());
     m_version->setCurrent(m_showPolished ? polishedVersion : templateVersion);
-    m_text->setListing(QString::fromStdString(shownText()));
+    m_text->setListing(qt(shownText()));
     if (m_polishButton) {
         m_polishButton->setEnabled(!m_polishing);
         m_busy->setVisible(m_polishing);
     }
-    m_outcomeLine->setText(QString::fromStdString(m_outcome.value_or("")));
+    m_outcomeLine->setText(qt(m_outcome.value_or("")));
     m_outcomeLine->setVisible(m_outcome.has_value());
     for (std::size_t i = 0; i < m_issueLabels.size(); ++i) {
         const bool present = i < m_issues.size();
-        m_issueLabels[i]->setText(present ? QString::fromStdString("• " + m_issues[i].message()) : QString());
+        m_issueLabels[i]->setText(present ? qt("• " + m_issues[i].message()) : QString());
         m_issueLabels[i]->setVisible(present);
     }
 }

@@ -47,6 +47,17 @@ TEST_F(ReadingPagesTests, aLinkThatWasUpReadsOtherwiseAndAbsurdSpeedsAreNoFigure
     EXPECT_TRUE(shown("Link up at 4.3 Gb/s"));
 }
 
+TEST_F(ReadingPagesTests, aPageThatLooksEachSecondLeavesASaveItsTime) {
+    for (const Page page : {Page::ethernet, Page::ports}) {
+        useMachine("mac-mini-m4");
+        open(page);
+        pass(1s);
+        model->setNotes("typed meanwhile");
+        pass(2s);
+        EXPECT_EQ(platform->defaults().text("notes"), "typed meanwhile") << title(page);
+    }
+}
+
 TEST_F(ReadingPagesTests, withoutABuiltInPortThePageSaysWhatToDo) {
     useMachine("imac-2019-fusion");
     controls->breakReading(SimulatedReading::network);
@@ -104,6 +115,19 @@ TEST_F(ReadingPagesTests, theTechSpecsPageOpensAndTheDriveIsReadAgain) {
     controls->breakReading(SimulatedReading::storage);
     EXPECT_TRUE(press("Read Again"));
     EXPECT_TRUE(shown("Couldn't read the drive size"));
+}
+
+TEST_F(ReadingPagesTests, aFullChargeWithoutADesignCapacityIsNoFigure) {
+    useMachine("macbook-no-capacity");
+    controls->setBattery("NominalChargeCapacity", 4000);
+    open(Page::battery);
+    EXPECT_TRUE(press("Read Again"));
+    ASSERT_EQ(state().battery->fullChargeCapacity, 4000);
+    auto* facts = view->findChild<FactGrid*>();
+    QStringList values;
+    for (int row = 0; row < facts->count(); ++row)
+        values << facts->value(row);
+    EXPECT_EQ(values, (QStringList{"Couldn't read it", "1", "Couldn't read it", "Normal"}));
 }
 
 TEST_F(ReadingPagesTests, theBatterysFactsAreReadWhenAsked) {
