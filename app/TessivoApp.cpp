@@ -1,5 +1,6 @@
 #include "app/dialogs/QtDialogs.h"
 #include "app/look/Theme.h"
+#include "app/readers/PersonalSettingsReader.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/Application.h"
 #include "app/window/QuitSignals.h"
@@ -13,7 +14,8 @@ int main(int argc, char** argv) {
     const auto application = makeApplication(argc, argv, QStringLiteral("Tessivo"));
     const Theme theme(*application);
     const auto platform = makePlatform();
-    QtDialogs dialogs;
+    usePersonalSettings(platform->personalSettings());
+    QtDialogs dialogs(&platform->desktop());
     try {
         const SingleInstance instance(AppModel::supportFolder(*platform));
         if (!instance.isFirst()) {

@@ -4,6 +4,7 @@
 #include "app/demo/FullDisk.h"
 #include "app/dialogs/QtDialogs.h"
 #include "app/look/Theme.h"
+#include "app/readers/PersonalSettingsReader.h"
 #include "app/window/Application.h"
 #include "app/window/QuitSignals.h"
 #include "app/window/RootView.h"
@@ -30,6 +31,7 @@ void placeBeside(QWidget& panel, QWidget& window) {
 
 int main(int argc, char** argv) {
     const auto application = makeApplication(argc, argv, QStringLiteral("Tessivo Demo"));
+    usePersonalSettings(*makePersonalSettings());
     const Theme theme(*application);
     const SingleInstance instance(demo::DemoMac::folder());
     if (!instance.isFirst()) return instance.callFirst() ? 0 : 1;

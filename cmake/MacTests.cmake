@@ -42,7 +42,7 @@ else()
         "pass < passes && !IOIteratorIsValid(iterator.get())" "pass < 0")
     tessivo_mac_fault(size_for_count MacAudioObjects.cpp
         "std::min(values.size(), std::size_t(bytes / sizeof(std::uint32_t)))" "*size")
-    tessivo_mac_fault(wrong_scope MacAudioObjects.cpp ".mScope = scope" ".mScope = scope ? UInt32(0x676c6f62) : 0")
+    tessivo_mac_fault(wrong_scope MacAudioObjects.cpp ".mScope = address.scope" ".mScope = address.scope ? UInt32(0x676c6f62) : 0")
     tessivo_mac_fault(boolean_as_number PropertyValue.cpp "return bool(CFBooleanGetValue" "return std::int64_t(CFBooleanGetValue")
     tessivo_mac_fault(fixed_buffer PropertyValue.cpp "std::size_t(convert(nullptr, 0))" "256")
     tessivo_mac_fault(locking_callback ToneSource.cpp

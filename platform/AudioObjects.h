@@ -8,29 +8,34 @@
 
 namespace tessivo {
 
-/// Audio devices as numbers and texts under four-letter selectors (see `fourCharCode`), every address on
-/// element 0. Object 1 is the system object. Short and synchronous, main thread; never waits for a server.
-/// System: "dev#" (ids), "dOut" (default output). Device: "stm#"/"outp" (size 0: no output),
-/// "tran" ("bltn" when built in), "ssrc"/"outp", "jack"/"outp", "lnam" (text), "lscn"/"outp" (name of a data
-/// source).
+/// One property of an audio object, on element 0.
+struct AudioAddress {
+    std::uint32_t object = 0;
+    std::uint32_t selector = 0;
+    std::uint32_t scope = 0;
+
+    bool operator==(const AudioAddress&) const = default;
+};
+
+/// Audio devices as numbers and texts under four-letter selectors (see `fourCharCode`). Object 1 is the
+/// system object. Short and synchronous, main thread; never waits for a server. System: "dev#" (ids), "dOut"
+/// (default output). Device: "stm#"/"outp" (size 0: no output), "tran" ("bltn" when built in), "ssrc"/"outp",
+/// "jack"/"outp", "lnam" (text), "lscn"/"outp" (name of a data source).
 class AudioObjects {
 public:
     static constexpr std::uint32_t systemObject = 1;
 
     virtual ~AudioObjects() = default;
 
-    virtual bool hasProperty(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const = 0;
+    virtual bool hasProperty(const AudioAddress& address) const = 0;
     /// Size of the property's data in bytes; nothing on failure.
-    virtual std::optional<std::uint32_t> propertyDataSize(std::uint32_t object, std::uint32_t selector,
-                                                          std::uint32_t scope) const = 0;
+    virtual std::optional<std::uint32_t> propertyDataSize(const AudioAddress& address) const = 0;
     /// The property's 32-bit numbers; nothing on failure.
-    virtual std::optional<std::vector<std::uint32_t>> numbers(std::uint32_t object, std::uint32_t selector,
-                                                              std::uint32_t scope) const = 0;
-    virtual std::optional<std::string> text(std::uint32_t object, std::uint32_t selector,
-                                            std::uint32_t scope) const = 0;
+    virtual std::optional<std::vector<std::uint32_t>> numbers(const AudioAddress& address) const = 0;
+    virtual std::optional<std::string> text(const AudioAddress& address) const = 0;
     /// The text a translation record gives for a 32-bit code ("lscn").
-    virtual std::optional<std::string> translatedText(std::uint32_t object, std::uint32_t selector,
-                                                      std::uint32_t scope, std::uint32_t code) const = 0;
+    virtual std::optional<std::string> translatedText(const AudioAddress& address,
+                                                      std::uint32_t code) const = 0;
 };
 
 /// The format of an output's first bus.

@@ -2,14 +2,26 @@
 
 #include "kit/listing/WordingPolish.h"
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
+
+class QScreen;
+class QWindow;
 
 namespace tessivo {
 
 /// What a report is set on unless a person chooses otherwise.
 enum class Paper { a4, letter };
+
+/// A panel that asks for files to open, several if the person likes.
+struct OpenPanel {
+    std::string message;
+    std::string folder;                  ///< where it begins
+    std::vector<std::string> extensions; ///< of the files it offers, without their points
+};
 
 /// The desktop around the window. Main thread.
 class Desktop {
@@ -24,6 +36,11 @@ public:
     virtual void setPasteboardText(const std::string& text) = 0;
     /// The system's paper setting; nothing where it has none.
     virtual std::optional<Paper> paper() const = 0;
+    /// Shows the window over the screen's whole frame, in front of all else.
+    virtual void coverScreen(QWindow& window, QScreen& screen) = 0;
+    /// Asks with the system's own panel; no files where the person cancelled. Nothing where the system has
+    /// no panel of its own, and the program shows one.
+    virtual std::optional<std::vector<std::filesystem::path>> openFiles(const OpenPanel& panel) = 0;
 };
 
 /// The update framework, as far as the wrapper needs it. Main thread.

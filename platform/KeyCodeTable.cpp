@@ -57,7 +57,7 @@ std::unordered_map<std::uint32_t, KeyCode> buildTable() {
 
 } // namespace
 
-std::optional<KeyCode> KeyCodeTable::virtualKeyCode(std::uint32_t scanCode, KeyboardLayout::ID layout) const {
+std::optional<KeyCode> KeyCodeTable::virtualKeyCode(std::uint32_t scanCode, KeyboardLayout::ID layout) {
     static const auto table = buildTable();
     const bool iso = layout == KeyboardLayout::ID::iso;
     if (scanCode == leftOfOne + scanCodeOffset) return iso ? section : grave;
@@ -65,6 +65,11 @@ std::optional<KeyCode> KeyCodeTable::virtualKeyCode(std::uint32_t scanCode, Keyb
     const auto entry = table.find(scanCode);
     if (entry == table.end()) return std::nullopt;
     return entry->second;
+}
+
+bool KeyCodeTable::isModifier(KeyCode code) {
+    static constexpr KeyCode modifiers[] = {54, 55, 56, 57, 58, 59, 60, 61, 62, 63};
+    return std::ranges::binary_search(modifiers, code);
 }
 
 } // namespace tessivo

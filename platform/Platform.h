@@ -3,8 +3,10 @@
 #include "platform/AudioObjects.h"
 #include "platform/Capture.h"
 #include "platform/Desktop.h"
-#include "platform/Input.h"
+#include "platform/FingerTouches.h"
+#include "platform/KeyEvents.h"
 #include "platform/MachineFacts.h"
+#include "platform/PersonalSettings.h"
 #include "platform/Registry.h"
 #include "platform/Scheduler.h"
 #include "platform/SourceRecord.h"
@@ -27,11 +29,12 @@ public:
     virtual AudioObjects& audioObjects() = 0;
     virtual ToneOutput& toneOutput() = 0;
     virtual CaptureDevices& captureDevices() = 0;
-    virtual KeyCodes& keyCodes() = 0;
+    virtual KeyEvents& keyEvents() = 0;
     virtual FingerTouches& fingerTouches() = 0;
     virtual Defaults& defaults() = 0;
     virtual Folders& folders() = 0;
     virtual Desktop& desktop() = 0;
+    virtual PersonalSettings& personalSettings() = 0;
     virtual UpdateFramework& updateFramework() = 0;
     virtual WordingService& wordingService() = 0;
 

@@ -1,11 +1,10 @@
 #include "platform/SerialQueue.h"
 
+#include <QThread>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
-#include <pthread.h>
-#include <thread>
 
 namespace tessivo {
 namespace {
@@ -18,12 +17,11 @@ struct SerialQueue::State {
     std::mutex mutex;
     std::condition_variable changed;
     std::deque<std::function<void()>> work;
-    std::thread thread;
+    QThread* thread = nullptr; ///< null before the first piece
     bool ending = false;
     bool ended = false;
 
-    static void run(std::shared_ptr<State> state, std::string label) {
-        pthread_setname_np(pthread_self(), label.substr(0, 15).c_str());
+    static void run(const std::shared_ptr<State>& state) {
         std::unique_lock lock(state->mutex);
         for (;;) {
             state->changed.wait(lock, [&] { return state->ending || !state->work.empty(); });
@@ -44,22 +42,25 @@ SerialQueue::SerialQueue(std::string label) : m_label(std::move(label)), m_state
 
 SerialQueue::~SerialQueue() {
     std::unique_lock lock(m_state->mutex);
-    if (!m_state->thread.joinable()) return;
+    if (!m_state->thread) return;
     m_state->ending = true;
     m_state->changed.notify_all();
     const bool ended = m_state->changed.wait_for(lock, patience, [this] { return m_state->ended; });
-    std::thread thread = std::move(m_state->thread);
     lock.unlock();
-    if (ended)
-        thread.join();
-    else
-        thread.detach();
+    // A thread object can't go before its thread: with a piece that hangs both are left behind.
+    if (!ended) return;
+    m_state->thread->wait();
+    delete m_state->thread;
 }
 
 void SerialQueue::async(std::function<void()> work) {
     const std::lock_guard lock(m_state->mutex);
     m_state->work.push_back(std::move(work));
-    if (!m_state->thread.joinable()) m_state->thread = std::thread(&State::run, m_state, m_label);
+    if (!m_state->thread) {
+        m_state->thread = QThread::create(&State::run, m_state);
+        m_state->thread->setObjectName(QString::fromStdString(m_label)); // the thread's name too
+        m_state->thread->start();
+    }
     m_state->changed.notify_all();
 }
 

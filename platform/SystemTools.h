@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/StopToken.h"
+
 #include <cstddef>
 #include <optional>
-#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,7 @@ public:
     /// whatever it started.
     virtual std::optional<ToolRun> run(const std::string& executable,
                                        const std::vector<std::string>& arguments,
-                                       std::stop_token stop) const = 0;
+                                       const StopToken& stop) const = 0;
 };
 
 } // namespace tessivo

@@ -93,7 +93,7 @@ SessionState newSession(Platform& platform, Date at) {
     SessionState state(readMachineInfo(platform.machineFacts(), platform.registry()), at);
     state.battery = readBattery(platform.registry(), platform.powerSources());
     state.enrollment = std::async(std::launch::async, [&] {
-                           return readEnrollmentStatus(platform.systemTools(), std::stop_token());
+                           return readEnrollmentStatus(platform.systemTools(), StopToken());
                        }).get();
     state.enrollmentChecked = true;
     return state;

@@ -1,3 +1,4 @@
+#include "app/readers/PersonalSettingsReader.h"
 #include "probe/ProbeCommands.h"
 
 #include <QGuiApplication>
@@ -16,5 +17,6 @@ int main(int argc, char** argv) {
     // It draws PDFs and opens no window, with a display as without.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
+    tessivo::usePersonalSettings(*tessivo::makePersonalSettings());
     return tessivo::ProbeCommands::run(arguments);
 }

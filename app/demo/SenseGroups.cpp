@@ -126,7 +126,7 @@ QGroupBox* trackpadGroup(SimulatedControls& mac) {
     auto* box = new QGroupBox("Trackpad");
     auto* form = formIn(box);
     form->addRow(new Pad(mac));
-    const auto gesture = [&mac](const char* word) { return [&mac, word] { mac.gesture(word); }; };
+    const auto gesture = [&mac](Gesture kind) { return [&mac, kind] { mac.gesture(kind); }; };
     addButtons(form, {{"Touch All",
                        [&mac] {
                            constexpr int steps = 24;
@@ -139,10 +139,10 @@ QGroupBox* trackpadGroup(SimulatedControls& mac) {
                            mac.touch({{0.4, 0.5}, {0.6, 0.5}});
                            mac.touch({});
                        }}});
-    addButtons(
-        form,
-        {{"Click", gesture("click")}, {"Secondary", gesture("secondary")}, {"Force", gesture("force")}});
-    addButtons(form, {{"Scroll", gesture("scroll")}, {"Pinch", gesture("zoom")}});
+    addButtons(form, {{"Click", gesture(Gesture::click)},
+                      {"Secondary", gesture(Gesture::secondary)},
+                      {"Force", gesture(Gesture::force)}});
+    addButtons(form, {{"Scroll", gesture(Gesture::scroll)}, {"Pinch", gesture(Gesture::zoom)}});
     return box;
 }
 

@@ -1,5 +1,7 @@
 #include "app/dialogs/QtDialogs.h"
 
+#include "platform/Desktop.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -79,6 +81,9 @@ std::optional<std::filesystem::path> QtDialogs::savePath(QWidget* parent, FileKi
 }
 
 std::vector<std::filesystem::path> QtDialogs::openReportFiles(QWidget* parent, const QString& message) {
+    if (m_desktop)
+        if (auto files = m_desktop->openFiles({message.toStdString(), documents().toStdString(), {"json"}}))
+            return *std::move(files);
     QFileDialog dialog(parent, message, documents());
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setNameFilter(QStringLiteral("Report files (*.json)"));

@@ -4,9 +4,14 @@
 
 namespace tessivo {
 
-/// The desktop's own panels.
+class Desktop;
+
+/// Qt's panels, and the system's own where `desktop` has one.
 class QtDialogs final : public Dialogs {
 public:
+    /// `desktop` outlives the dialogs; null: Qt's panels alone.
+    explicit QtDialogs(Desktop* desktop = nullptr) : m_desktop(desktop) {}
+
     std::optional<std::filesystem::path> savePath(QWidget* parent, FileKind kind,
                                                   const QString& name) override;
     std::vector<std::filesystem::path> openReportFiles(QWidget* parent, const QString& message) override;
@@ -14,6 +19,9 @@ public:
     bool confirm(QWidget* parent, const QString& message, const QString& informative, const QString& accept,
                  const QString& cancel) override;
     void inform(QWidget* parent, const QString& message, const QString& text) override;
+
+private:
+    Desktop* m_desktop;
 };
 
 } // namespace tessivo

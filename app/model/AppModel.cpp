@@ -193,8 +193,8 @@ void AppModel::readEnrollment() {
     if (m_reading) return;
     setReading(true);
     SystemTools& tools = m_platform.systemTools();
-    m_enrollmentThread = Background::stoppable(
-        this, [&tools](std::stop_token stop) { return readEnrollmentStatus(tools, stop); },
+    m_enrollmentWork = Background::stoppable(
+        this, [&tools](const StopToken& stop) { return readEnrollmentStatus(tools, stop); },
         [this](std::optional<EnrollmentStatus> status) {
             change([&](SessionState& state) {
                 state.enrollment = std::move(status);

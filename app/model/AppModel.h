@@ -9,9 +9,12 @@
 
 #include <QObject>
 #include <future>
-#include <thread>
 
 namespace tessivo {
+
+namespace Background {
+class Stoppable;
+}
 
 /// The one observable object of the application: the session, the notes, the selected page and the small
 /// state that pages share. Its signals are sent only on a change; every write to the session or the notes,
@@ -117,7 +120,7 @@ private:
     HistoryStore m_historyStore;
     std::unique_ptr<Scheduled> m_saveTask;
     std::optional<SaveFault> m_saveFault; ///< why the last save failed, if it did
-    std::jthread m_enrollmentThread;
+    std::unique_ptr<Background::Stoppable> m_enrollmentWork;
 };
 
 } // namespace tessivo

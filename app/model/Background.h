@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/StopToken.h"
+
 #include <QMetaObject>
 #include <QPointer>
 #include <functional>
+#include <future>
 #include <memory>
-#include <stop_token>
 #include <thread>
 #include <type_traits>
 
@@ -14,18 +16,31 @@ namespace tessivo {
 /// `context`, and not at all once `context` is gone.
 namespace Background {
 
-/// Work that ends soon after its token is stopped: letting go of the thread stops and joins it.
+/// Work on a thread of its own; letting go of it stops its token and waits for it.
+class Stoppable final {
+public:
+    explicit Stoppable(std::function<void(const StopToken&)> work)
+        : m_work(std::async(std::launch::async, std::move(work), m_stop.token())) {}
+    ~Stoppable() { m_stop.requestStop(); }
+    Stoppable(const Stoppable&) = delete;
+    Stoppable& operator=(const Stoppable&) = delete;
+
+private:
+    StopSource m_stop;
+    std::future<void> m_work; // joins the thread when it goes
+};
+
+/// Work that ends soon after its token is stopped.
 template <class Work>
-std::jthread stoppable(QObject* context, Work work,
-                       std::function<void(std::invoke_result_t<Work, std::stop_token>)> done) {
-    return std::jthread(
-        [context, work = std::move(work), done = std::move(done)](std::stop_token stop) mutable {
-            auto answer = std::make_shared<std::invoke_result_t<Work, std::stop_token>>(work(stop));
+std::unique_ptr<Stoppable> stoppable(QObject* context, Work work,
+                                     std::function<void(std::invoke_result_t<Work, StopToken>)> done) {
+    return std::make_unique<Stoppable>(
+        [context, work = std::move(work), done = std::move(done)](const StopToken& stop) {
+            auto answer = std::make_shared<std::invoke_result_t<Work, StopToken>>(work(stop));
             // Joined by whoever owns both, so `context` still lives here.
-            if (!stop.stop_requested())
+            if (!stop.stopRequested())
                 QMetaObject::invokeMethod(
-                    context, [answer, done = std::move(done)] { done(std::move(*answer)); },
-                    Qt::QueuedConnection);
+                    context, [answer, done] { done(std::move(*answer)); }, Qt::QueuedConnection);
         });
 }
 

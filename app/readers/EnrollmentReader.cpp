@@ -8,8 +8,8 @@ std::vector<std::string> enrollmentArguments() {
     return {"status", "-type", "enrollment"};
 }
 
-std::optional<EnrollmentStatus> readEnrollmentStatus(const SystemTools& tools, std::stop_token stop) {
-    const auto run = tools.run(enrollmentTool, enrollmentArguments(), std::move(stop));
+std::optional<EnrollmentStatus> readEnrollmentStatus(const SystemTools& tools, const StopToken& stop) {
+    const auto run = tools.run(enrollmentTool, enrollmentArguments(), stop);
     if (!run || run->exitStatus != 0) return std::nullopt;
     return EnrollmentStatus::parse(Text::repaired(run->standardOutput));
 }

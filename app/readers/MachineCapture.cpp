@@ -41,7 +41,7 @@ std::map<std::string, std::vector<RegistryEntry>> registryEntries(const Registry
 
 std::map<std::string, MachineFile::Tool> toolRuns(const SystemTools& tools) {
     const auto run = std::async(std::launch::async, [&] {
-                         return tools.run(enrollmentTool, enrollmentArguments(), std::stop_token());
+                         return tools.run(enrollmentTool, enrollmentArguments(), StopToken());
                      }).get();
     if (!run) return {};
     const bool fits = std::in_range<std::uint8_t>(run->exitStatus);
@@ -50,20 +50,20 @@ std::map<std::string, MachineFile::Tool> toolRuns(const SystemTools& tools) {
 
 std::optional<std::uint32_t> number(const AudioObjects& audio, std::uint32_t object,
                                     const char (&selector)[5], std::uint32_t scope) {
-    const auto values = audio.numbers(object, fourCharCode(selector), scope);
+    const auto values = audio.numbers({object, fourCharCode(selector), scope});
     if (!values || values->empty()) return std::nullopt;
     return values->front();
 }
 
 MachineFile::AudioDevice audioDevice(const AudioObjects& audio, ToneEngine* engine, std::uint32_t id) {
     MachineFile::AudioProperties properties;
-    properties.name = audio.text(id, fourCharCode("lnam"), global);
+    properties.name = audio.text({id, fourCharCode("lnam"), global});
     properties.transport = number(audio, id, "tran", global);
-    properties.streamsSize = audio.propertyDataSize(id, fourCharCode("stm#"), output);
+    properties.streamsSize = audio.propertyDataSize({id, fourCharCode("stm#"), output});
     properties.jack = number(audio, id, "jack", output);
     properties.dataSource = number(audio, id, "ssrc", output);
     if (const auto source = properties.dataSource)
-        if (const auto name = audio.translatedText(id, fourCharCode("lscn"), output, *source))
+        if (const auto name = audio.translatedText({id, fourCharCode("lscn"), output}, *source))
             properties.sources = {{*source, *name}};
     MachineFile::AudioDevice device{id, properties, std::nullopt};
     if (engine && engine->setDevice(id)) {
@@ -76,7 +76,7 @@ MachineFile::AudioDevice audioDevice(const AudioObjects& audio, ToneEngine* engi
 MachineFile::Audio audioDevices(const AudioObjects& audio, ToneOutput& tones) {
     MachineFile::Audio found;
     found.defaultOutput = number(audio, AudioObjects::systemObject, "dOut", global);
-    if (const auto ids = audio.numbers(AudioObjects::systemObject, fourCharCode("dev#"), global)) {
+    if (const auto ids = audio.numbers({AudioObjects::systemObject, fourCharCode("dev#"), global})) {
         const auto engine = tones.makeEngine();
         found.devices.emplace();
         for (const std::uint32_t id : *ids)

@@ -27,7 +27,7 @@ MachineInfo readMachineInfo(const MachineFacts& facts, const Registry& registry)
 inline constexpr const char* enrollmentTool = SystemTool::enrollment;
 std::vector<std::string> enrollmentArguments();
 /// Blocks for as long as the system's tool runs, or until the token is stopped: never on the main thread.
-std::optional<EnrollmentStatus> readEnrollmentStatus(const SystemTools& tools, std::stop_token stop);
+std::optional<EnrollmentStatus> readEnrollmentStatus(const SystemTools& tools, const StopToken& stop);
 
 std::optional<PropertyMap> readBatteryRegistry(const Registry& registry);
 std::optional<PropertyMap> readInternalPowerSource(const PowerSources& sources);

@@ -1,6 +1,5 @@
 #include "kit/listing/Lang.h"
 
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -10,6 +9,11 @@ namespace {
 
 constexpr const char* english = "en";
 constexpr const char* spanish = "es";
+
+std::string& systemLanguage() {
+    static std::string code = english;
+    return code;
+}
 
 std::optional<std::string>& threadOverride() {
     static thread_local std::optional<std::string> code;
@@ -54,9 +58,11 @@ std::vector<std::string> preferred(const std::function<const char*(const char*)>
 }
 
 const std::string& system() {
-    static const std::string language =
-        fromPreferred(preferred([](const char* name) -> const char* { return std::getenv(name); }));
-    return language;
+    return systemLanguage();
+}
+
+void setSystem(std::string code) {
+    systemLanguage() = std::move(code);
 }
 
 std::optional<std::string> override() {

@@ -17,8 +17,9 @@ std::string fromPreferred(const std::vector<std::string>& preferred);
 /// then the locale of LC_ALL, LC_MESSAGES or LANG. `variable` gives a variable's value, or null.
 std::vector<std::string> preferred(const std::function<const char*(const char*)>& variable);
 
-/// The application's language, worked out once from the system's.
+/// The application's language: English until it is set, once, before the first text and the first thread.
 const std::string& system();
+void setSystem(std::string code);
 
 /// The running task's own language, if it has one. It belongs to the thread.
 std::optional<std::string> override();

@@ -15,8 +15,16 @@ constexpr std::uintmax_t largestTable = 1u << 20;
 constexpr const char* bundleName = "TessivoKit_TessivoKit.bundle";
 constexpr const char* tableName = "strings-es.json";
 
+std::filesystem::path& resources() {
+    static std::filesystem::path folder;
+    return folder;
+}
+
 const std::map<std::string, std::string>& table() {
-    static const std::map<std::string, std::string> spanish = loadTable(tableFiles());
+    static const std::map<std::string, std::string> spanish = [] {
+        const auto inSources = std::filesystem::path(TESSIVO_RESOURCES_BUILD) / tableName;
+        return loadTable({resources().empty() ? inSources : tableFile(resources()), inSources});
+    }();
     return spanish;
 }
 
@@ -36,17 +44,12 @@ std::string filled(const std::string& format, const std::vector<std::string>& ar
 
 } // namespace
 
-std::vector<std::filesystem::path> tableFiles() {
-    std::vector<std::filesystem::path> files;
-    std::error_code ignored; // where there is no such link the program's own folders are left out
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    if (!program.empty()) {
-        const auto folder = program.parent_path();
-        files.push_back(folder / bundleName / tableName);
-        files.push_back(folder.parent_path() / "share/tessivo" / bundleName / tableName);
-    }
-    files.push_back(std::filesystem::path(TESSIVO_RESOURCES_BUILD) / tableName);
-    return files;
+void setResources(std::filesystem::path folder) {
+    resources() = std::move(folder);
+}
+
+std::filesystem::path tableFile(const std::filesystem::path& resources) {
+    return resources / bundleName / tableName;
 }
 
 std::map<std::string, std::string> loadTable(const std::vector<std::filesystem::path>& files) {

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cmath>
 #include <functional>
+#include <future>
 #include <numeric>
 #include <system_error>
 #include <thread>
@@ -72,10 +73,10 @@ MaybeReports readAll(const path& folder, const std::vector<std::string>& names) 
     const std::size_t portions = (names.size() + portion - 1) / portion;
     const std::size_t hands =
         std::min({portions, std::size_t(std::thread::hardware_concurrency()), mostHands});
-    std::vector<std::jthread> helpers;
+    std::vector<std::future<void>> helpers;
     try {
         while (helpers.size() + 1 < hands)
-            helpers.emplace_back(work);
+            helpers.push_back(std::async(std::launch::async, work));
     } catch (const std::exception&) { // no thread to be had: fewer hands do the same work
     }
     work();

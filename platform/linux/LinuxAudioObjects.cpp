@@ -43,40 +43,38 @@ Numbers outputNumbers(const PulseOutput& device, std::uint32_t selector, std::ui
 
 LinuxAudioObjects::LinuxAudioObjects(std::shared_ptr<PulseServer> server) : m_server(std::move(server)) {}
 
-bool LinuxAudioObjects::hasProperty(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const {
-    return numbers(object, selector, scope) || text(object, selector, scope);
+bool LinuxAudioObjects::hasProperty(const AudioAddress& address) const {
+    return numbers(address) || text(address);
 }
 
-std::optional<std::uint32_t> LinuxAudioObjects::propertyDataSize(std::uint32_t object, std::uint32_t selector,
-                                                                 std::uint32_t scope) const {
-    const auto found = numbers(object, selector, scope);
+std::optional<std::uint32_t> LinuxAudioObjects::propertyDataSize(const AudioAddress& address) const {
+    const auto found = numbers(address);
     if (!found) return std::nullopt;
     return std::uint32_t(found->size() * sizeof(std::uint32_t));
 }
 
-std::optional<std::vector<std::uint32_t>>
-LinuxAudioObjects::numbers(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const {
+std::optional<std::vector<std::uint32_t>> LinuxAudioObjects::numbers(const AudioAddress& address) const {
     const auto devices = m_server->snapshot();
     if (devices->server != PulseSnapshot::Server::connected) return std::nullopt;
+    const auto& [object, selector, scope] = address;
     if (object == systemObject) return scope == global ? systemNumbers(*devices, selector) : std::nullopt;
     const auto device = devices->output(object);
     return device ? outputNumbers(*device, selector, scope) : std::nullopt;
 }
 
-std::optional<std::string> LinuxAudioObjects::text(std::uint32_t object, std::uint32_t selector,
-                                                   std::uint32_t scope) const {
+std::optional<std::string> LinuxAudioObjects::text(const AudioAddress& address) const {
     const auto devices = m_server->snapshot();
-    const auto device = devices->output(object);
-    if (!device || selector != fourCharCode("lnam") || scope != global) return std::nullopt;
+    const auto device = devices->output(address.object);
+    if (!device || address.selector != fourCharCode("lnam") || address.scope != global) return std::nullopt;
     if (!device->jack) return device->sink->description;
     return device->jack->description.empty() ? device->jack->name : device->jack->description;
 }
 
-std::optional<std::string> LinuxAudioObjects::translatedText(std::uint32_t object, std::uint32_t selector,
-                                                             std::uint32_t scope, std::uint32_t code) const {
+std::optional<std::string> LinuxAudioObjects::translatedText(const AudioAddress& address,
+                                                             std::uint32_t code) const {
     const auto devices = m_server->snapshot();
-    const auto device = devices->output(object);
-    if (!device || selector != fourCharCode("lscn") || scope != output) return std::nullopt;
+    const auto device = devices->output(address.object);
+    if (!device || address.selector != fourCharCode("lscn") || address.scope != output) return std::nullopt;
     return device->sink->dataSourceName(code);
 }
 

@@ -11,15 +11,11 @@ class LinuxAudioObjects final : public AudioObjects {
 public:
     explicit LinuxAudioObjects(std::shared_ptr<PulseServer> server);
 
-    bool hasProperty(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const override;
-    std::optional<std::uint32_t> propertyDataSize(std::uint32_t object, std::uint32_t selector,
-                                                  std::uint32_t scope) const override;
-    std::optional<std::vector<std::uint32_t>> numbers(std::uint32_t object, std::uint32_t selector,
-                                                      std::uint32_t scope) const override;
-    std::optional<std::string> text(std::uint32_t object, std::uint32_t selector,
-                                    std::uint32_t scope) const override;
-    std::optional<std::string> translatedText(std::uint32_t object, std::uint32_t selector,
-                                              std::uint32_t scope, std::uint32_t code) const override;
+    bool hasProperty(const AudioAddress& address) const override;
+    std::optional<std::uint32_t> propertyDataSize(const AudioAddress& address) const override;
+    std::optional<std::vector<std::uint32_t>> numbers(const AudioAddress& address) const override;
+    std::optional<std::string> text(const AudioAddress& address) const override;
+    std::optional<std::string> translatedText(const AudioAddress& address, std::uint32_t code) const override;
 
 private:
     std::shared_ptr<PulseServer> m_server;

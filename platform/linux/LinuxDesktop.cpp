@@ -4,6 +4,10 @@
 #include "platform/linux/SettingsPane.h"
 
 #include <QProcess>
+#include <QScreen>
+#include <QUrl>
+#include <QWindow>
+#include <stdexcept>
 
 namespace tessivo {
 
@@ -20,6 +24,12 @@ bool LinuxDesktop::canOpenURL(const std::string& url) const {
 
 std::optional<Paper> LinuxDesktop::paper() const {
     return PaperSetting::read("/");
+}
+
+void LinuxDesktop::coverScreen(QWindow& window, QScreen& screen) {
+    window.setScreen(&screen);
+    window.setGeometry(screen.geometry());
+    window.showFullScreen();
 }
 
 } // namespace tessivo

@@ -10,6 +10,10 @@ public:
     void openURL(const std::string& url) override;
     bool canOpenURL(const std::string& url) const override;
     std::optional<Paper> paper() const override;
+    void coverScreen(QWindow& window, QScreen& screen) override;
+    std::optional<std::vector<std::filesystem::path>> openFiles(const OpenPanel&) override {
+        return std::nullopt;
+    }
 };
 
 } // namespace tessivo

@@ -66,8 +66,8 @@ std::vector<FingerPosition> fingersOn(const libevdev* device, std::int64_t first
 /// One open event file.
 class LinuxFingerTouches::Touchpad final {
 public:
-    /// Told of every report that the device ends, with the word of a gesture in it.
-    using Reported = std::function<void(const std::optional<std::string>&)>;
+    /// Told of every report that the device ends, with the gesture in it.
+    using Reported = std::function<void(std::optional<Gesture>)>;
 
     /// Its touches are numbered from `firstTouch` on.
     static std::unique_ptr<Touchpad> open(const std::filesystem::path& path, std::int64_t firstTouch,
@@ -150,7 +150,7 @@ LinuxFingerTouches::LinuxFingerTouches(std::filesystem::path devices) : m_device
 
 LinuxFingerTouches::~LinuxFingerTouches() = default;
 
-void LinuxFingerTouches::start(Handlers handlers) {
+void LinuxFingerTouches::start(QWindow*, Handlers handlers) {
     stop();
     m_handlers = std::move(handlers);
     m_watcher = std::make_unique<QFileSystemWatcher>(QStringList(QString::fromStdString(m_devices.string())));
@@ -175,21 +175,21 @@ void LinuxFingerTouches::lookForTouchpads() {
             m_touchpads, [&path](const auto& touchpad) { return touchpad->path() == path; });
         if (known || !path.filename().string().starts_with("event")) continue;
         auto touchpad =
-            Touchpad::open(path, m_nextTouch, [this](const std::optional<std::string>& word) { tell(word); });
+            Touchpad::open(path, m_nextTouch, [this](std::optional<Gesture> gesture) { tell(gesture); });
         if (!touchpad) continue;
         m_touchpads.push_back(std::move(touchpad));
         m_nextTouch += touchesOfOne;
     }
 }
 
-void LinuxFingerTouches::tell(const std::optional<std::string>& word) {
+void LinuxFingerTouches::tell(std::optional<Gesture> gesture) {
     // Copies: the handlers may go while one of them runs.
     const Handlers handlers = m_handlers;
     std::vector<FingerPosition> fingers;
     for (const auto& touchpad : m_touchpads)
         std::ranges::copy(touchpad->fingers(), std::back_inserter(fingers));
     if (handlers.touches) handlers.touches(fingers);
-    if (word && handlers.gesture) handlers.gesture(*word);
+    if (gesture && handlers.gesture) handlers.gesture(*gesture);
 }
 
 } // namespace tessivo

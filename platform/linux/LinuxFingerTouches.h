@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Input.h"
+#include "platform/FingerTouches.h"
 
 #include <filesystem>
 #include <memory>
@@ -18,14 +18,15 @@ public:
     ~LinuxFingerTouches() override;
 
     bool tellsOfEveryWindow() const override { return true; }
-    void start(Handlers handlers) override;
+    void start(QWindow*, Handlers handlers) override;
+    void place(const QRect&) override {}
     void stop() override;
 
 private:
     class Touchpad;
 
     void lookForTouchpads();
-    void tell(const std::optional<std::string>& word);
+    void tell(std::optional<Gesture> gesture);
 
     std::filesystem::path m_devices;
     Handlers m_handlers;

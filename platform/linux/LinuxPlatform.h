@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/KeyCodeTable.h"
 #include "platform/Platform.h"
 #include "platform/linux/LinuxAudioObjects.h"
 #include "platform/linux/LinuxCaptureDevices.h"
@@ -8,12 +7,14 @@
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/LinuxFingerTouches.h"
 #include "platform/linux/LinuxMachineFacts.h"
+#include "platform/linux/LinuxPersonalSettings.h"
 #include "platform/linux/LinuxRegistry.h"
 #include "platform/linux/LinuxSystemTools.h"
 #include "platform/linux/LinuxToneOutput.h"
 #include "platform/linux/MediaBackend.h"
 #include "platform/qt/NoWordingService.h"
 #include "platform/qt/QtFolders.h"
+#include "platform/qt/QtKeyEvents.h"
 #include "platform/qt/QtScheduler.h"
 #include "platform/qt/ReleasesPage.h"
 
@@ -35,11 +36,12 @@ public:
     AudioObjects& audioObjects() override { return m_audioObjects; }
     ToneOutput& toneOutput() override { return m_toneOutput; }
     CaptureDevices& captureDevices() override { return m_captureDevices; }
-    KeyCodes& keyCodes() override { return m_keyCodes; }
+    KeyEvents& keyEvents() override { return m_keyEvents; }
     FingerTouches& fingerTouches() override { return m_fingerTouches; }
     Defaults& defaults() override { return m_defaults; }
     Folders& folders() override { return m_folders; }
     Desktop& desktop() override { return m_desktop; }
+    PersonalSettings& personalSettings() override { return m_personalSettings; }
     UpdateFramework& updateFramework() override { return m_updateFramework; }
     WordingService& wordingService() override { return m_wordingService; }
 
@@ -56,11 +58,12 @@ private:
     LinuxAudioObjects m_audioObjects{m_soundServer};
     LinuxToneOutput m_toneOutput{m_soundServer};
     LinuxCaptureDevices m_captureDevices;
-    KeyCodeTable m_keyCodes;
+    QtKeyEvents m_keyEvents;
     LinuxFingerTouches m_fingerTouches;
     LinuxDefaults m_defaults;
     QtFolders m_folders;
     LinuxDesktop m_desktop;
+    LinuxPersonalSettings m_personalSettings;
     ReleasesPage m_updateFramework;
     NoWordingService m_wordingService;
 };

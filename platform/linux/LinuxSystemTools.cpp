@@ -124,10 +124,10 @@ LinuxSystemTools::LinuxSystemTools(std::filesystem::path root) : m_root(std::mov
 
 std::optional<ToolRun> LinuxSystemTools::run(const std::string& executable,
                                              const std::vector<std::string>& arguments,
-                                             std::stop_token stop) const {
+                                             const StopToken& stop) const {
     int ends[2];
     const Descriptor stopped(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
-    if (stop.stop_requested() || stopped < 0 || ::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
+    if (stop.stopRequested() || stopped < 0 || ::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
         return std::nullopt;
     Descriptor output(ends[0]);
     Descriptor input(ends[1]);
@@ -139,16 +139,16 @@ std::optional<ToolRun> LinuxSystemTools::run(const std::string& executable,
     if (child == 0) return std::nullopt;
     input.reset();
     const Descriptor ended(int(::syscall(SYS_pidfd_open, child, 0)));
-    const std::stop_callback wake(stop, [&] { ::eventfd_write(stopped, 1); });
+    const StopCallback wake(stop, [&] { ::eventfd_write(stopped, 1); });
 
     ToolRun result;
     bool open = true;
-    while (!stop.stop_requested() && !hasEnded(child)) {
+    while (!stop.stopRequested() && !hasEnded(child)) {
         pollfd watched[] = {{stopped, POLLIN, 0}, {ended, POLLIN, 0}, {open ? int(output) : -1, POLLIN, 0}};
         if (::poll(watched, 3, ended < 0 ? lookInterval : -1) <= 0) continue;
         if (watched[2].revents) open = take(output, pieceBytes, result.standardOutput);
     }
-    const bool wasStopped = stop.stop_requested();
+    const bool wasStopped = stop.stopRequested();
     if (!wasStopped && open) drain(output, result.standardOutput);
     if (wasStopped)
         for (const pid_t descendant : descendants(child))

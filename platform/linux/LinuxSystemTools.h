@@ -15,7 +15,7 @@ public:
     explicit LinuxSystemTools(std::filesystem::path root = "/");
 
     std::optional<ToolRun> run(const std::string& executable, const std::vector<std::string>& arguments,
-                               std::stop_token stop) const override;
+                               const StopToken& stop) const override;
 
 private:
     std::filesystem::path m_root;

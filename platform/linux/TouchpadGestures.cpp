@@ -24,7 +24,7 @@ void TouchpadGestures::begin(const std::vector<FingerPosition>& fingers) {
     m_scrolled = m_zoomed = false;
 }
 
-std::optional<std::string> TouchpadGestures::handle(const std::vector<FingerPosition>& fingers) {
+std::optional<Gesture> TouchpadGestures::handle(const std::vector<FingerPosition>& fingers) {
     if (fingers.size() != 2) {
         begin({});
         return std::nullopt;
@@ -38,11 +38,11 @@ std::optional<std::string> TouchpadGestures::handle(const std::vector<FingerPosi
     const double apart = std::abs(distance(m_start[0], m_start[1]) - distance(fingers[0], fingers[1]));
     if (!m_scrolled && together >= plainWay && together > 2 * apart) {
         m_scrolled = true;
-        return "scroll";
+        return Gesture::scroll;
     }
     if (!m_zoomed && apart >= plainWay && apart > 2 * together) {
         m_zoomed = true;
-        return "zoom";
+        return Gesture::zoom;
     }
     return std::nullopt;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/Input.h"
+#include "platform/FingerTouches.h"
+
+#include <optional>
 
 namespace tessivo {
 
@@ -8,9 +10,9 @@ namespace tessivo {
 /// For window systems that deliver neither as events of a touchpad. Pure, one thread.
 class TouchpadGestures final {
 public:
-    /// The fingers after each report, in the device's order. "scroll" or "zoom" once it has become plain,
+    /// The fingers after each report, in the device's order. A scroll or a zoom once it has become plain,
     /// each at most once while the two fingers stay down.
-    std::optional<std::string> handle(const std::vector<FingerPosition>& fingers);
+    std::optional<Gesture> handle(const std::vector<FingerPosition>& fingers);
 
 private:
     void begin(const std::vector<FingerPosition>& fingers);

@@ -7,17 +7,13 @@ namespace tessivo {
 /// The audio objects of this Mac, every address on the main element.
 class MacAudioObjects final : public AudioObjects {
 public:
-    bool hasProperty(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const override;
-    std::optional<std::uint32_t> propertyDataSize(std::uint32_t object, std::uint32_t selector,
-                                                  std::uint32_t scope) const override;
+    bool hasProperty(const AudioAddress& address) const override;
+    std::optional<std::uint32_t> propertyDataSize(const AudioAddress& address) const override;
     /// Nothing for a property that holds a text.
-    std::optional<std::vector<std::uint32_t>> numbers(std::uint32_t object, std::uint32_t selector,
-                                                      std::uint32_t scope) const override;
+    std::optional<std::vector<std::uint32_t>> numbers(const AudioAddress& address) const override;
     /// Nothing for a property that holds no text.
-    std::optional<std::string> text(std::uint32_t object, std::uint32_t selector,
-                                    std::uint32_t scope) const override;
-    std::optional<std::string> translatedText(std::uint32_t object, std::uint32_t selector,
-                                              std::uint32_t scope, std::uint32_t code) const override;
+    std::optional<std::string> text(const AudioAddress& address) const override;
+    std::optional<std::string> translatedText(const AudioAddress& address, std::uint32_t code) const override;
 };
 
 } // namespace tessivo

@@ -14,9 +14,9 @@ constexpr std::uint32_t numberSize = 4;
 constexpr std::uint32_t textSize = 8; // a reference to a text object
 
 /// Whether a device keeps the property under this scope.
-bool isAddress(std::uint32_t selector, std::uint32_t scope) {
-    const bool global = selector == fourCharCode("tran") || selector == fourCharCode("lnam");
-    return scope == (global ? globalScope : outputScope);
+bool isKept(const AudioAddress& address) {
+    const bool global = address.selector == fourCharCode("tran") || address.selector == fourCharCode("lnam");
+    return address.scope == (global ? globalScope : outputScope);
 }
 
 class SimulatedToneEngine final : public ToneEngine {
@@ -66,28 +66,24 @@ const MachineFile::AudioProperties* SimulatedAudioObjects::device(std::uint32_t 
     return device && device->properties ? &*device->properties : nullptr;
 }
 
-std::optional<std::uint32_t> SimulatedAudioObjects::number(std::uint32_t object, std::uint32_t selector,
-                                                           std::uint32_t scope) const {
-    const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
-    return found ? found->number(selector) : std::nullopt;
+std::optional<std::uint32_t> SimulatedAudioObjects::number(const AudioAddress& address) const {
+    const auto* found = isKept(address) ? device(address.object) : nullptr;
+    return found ? found->number(address.selector) : std::nullopt;
 }
 
-bool SimulatedAudioObjects::hasProperty(std::uint32_t object, std::uint32_t selector,
-                                        std::uint32_t scope) const {
-    return propertyDataSize(object, selector, scope).has_value();
+bool SimulatedAudioObjects::hasProperty(const AudioAddress& address) const {
+    return propertyDataSize(address).has_value();
 }
 
-std::optional<std::uint32_t> SimulatedAudioObjects::propertyDataSize(std::uint32_t object,
-                                                                     std::uint32_t selector,
-                                                                     std::uint32_t scope) const {
-    if (object != systemObject && selector == fourCharCode("stm#")) return number(object, selector, scope);
-    if (const auto values = numbers(object, selector, scope)) return values->size() * numberSize;
-    if (text(object, selector, scope)) return textSize;
+std::optional<std::uint32_t> SimulatedAudioObjects::propertyDataSize(const AudioAddress& address) const {
+    if (address.object != systemObject && address.selector == fourCharCode("stm#")) return number(address);
+    if (const auto values = numbers(address)) return values->size() * numberSize;
+    if (text(address)) return textSize;
     return std::nullopt;
 }
 
-std::optional<std::vector<std::uint32_t>>
-SimulatedAudioObjects::numbers(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const {
+std::optional<std::vector<std::uint32_t>> SimulatedAudioObjects::numbers(const AudioAddress& address) const {
+    const auto& [object, selector, scope] = address;
     if (object == systemObject) {
         const auto& audio = m_mac.facts.audio;
         if (scope != globalScope || !audio || !m_mac.reads(SimulatedReading::audio)) return std::nullopt;
@@ -101,21 +97,19 @@ SimulatedAudioObjects::numbers(std::uint32_t object, std::uint32_t selector, std
     }
     if (selector == fourCharCode("stm#"))
         return std::nullopt; // its data are stream ids, its size alone is told
-    if (const auto value = number(object, selector, scope)) return std::vector{*value};
+    if (const auto value = number(address)) return std::vector{*value};
     return std::nullopt;
 }
 
-std::optional<std::string> SimulatedAudioObjects::text(std::uint32_t object, std::uint32_t selector,
-                                                       std::uint32_t scope) const {
-    const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
-    return found && selector == fourCharCode("lnam") ? found->name : std::nullopt;
+std::optional<std::string> SimulatedAudioObjects::text(const AudioAddress& address) const {
+    const auto* found = isKept(address) ? device(address.object) : nullptr;
+    return found && address.selector == fourCharCode("lnam") ? found->name : std::nullopt;
 }
 
-std::optional<std::string> SimulatedAudioObjects::translatedText(std::uint32_t object, std::uint32_t selector,
-                                                                 std::uint32_t scope,
+std::optional<std::string> SimulatedAudioObjects::translatedText(const AudioAddress& address,
                                                                  std::uint32_t code) const {
-    const auto* found = isAddress(selector, scope) ? device(object) : nullptr;
-    if (!found || selector != fourCharCode("lscn") || !found->sources) return std::nullopt;
+    const auto* found = isKept(address) ? device(address.object) : nullptr;
+    if (!found || address.selector != fourCharCode("lscn") || !found->sources) return std::nullopt;
     const auto name = found->sources->find(code);
     if (name == found->sources->end()) return std::nullopt;
     return name->second;

@@ -10,20 +10,15 @@ class SimulatedAudioObjects final : public AudioObjects {
 public:
     explicit SimulatedAudioObjects(const SimulatedMac& mac) : m_mac(mac) {}
 
-    bool hasProperty(std::uint32_t object, std::uint32_t selector, std::uint32_t scope) const override;
-    std::optional<std::uint32_t> propertyDataSize(std::uint32_t object, std::uint32_t selector,
-                                                  std::uint32_t scope) const override;
-    std::optional<std::vector<std::uint32_t>> numbers(std::uint32_t object, std::uint32_t selector,
-                                                      std::uint32_t scope) const override;
-    std::optional<std::string> text(std::uint32_t object, std::uint32_t selector,
-                                    std::uint32_t scope) const override;
-    std::optional<std::string> translatedText(std::uint32_t object, std::uint32_t selector,
-                                              std::uint32_t scope, std::uint32_t code) const override;
+    bool hasProperty(const AudioAddress& address) const override;
+    std::optional<std::uint32_t> propertyDataSize(const AudioAddress& address) const override;
+    std::optional<std::vector<std::uint32_t>> numbers(const AudioAddress& address) const override;
+    std::optional<std::string> text(const AudioAddress& address) const override;
+    std::optional<std::string> translatedText(const AudioAddress& address, std::uint32_t code) const override;
 
 private:
     const MachineFile::AudioProperties* device(std::uint32_t object) const;
-    std::optional<std::uint32_t> number(std::uint32_t object, std::uint32_t selector,
-                                        std::uint32_t scope) const;
+    std::optional<std::uint32_t> number(const AudioAddress& address) const;
 
     const SimulatedMac& m_mac;
 };

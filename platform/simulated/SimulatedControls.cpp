@@ -183,8 +183,8 @@ void SimulatedControls::touch(const std::vector<FingerPosition>& fingers) {
     if (const auto handler = mac().fingers.touches) handler(fingers);
 }
 
-void SimulatedControls::gesture(const std::string& word) {
-    if (const auto handler = mac().fingers.gesture) handler(word);
+void SimulatedControls::gesture(Gesture gesture) {
+    if (const auto handler = mac().fingers.gesture) handler(gesture);
 }
 
 void SimulatedControls::setHistoryReadOnly(bool readOnly) {

@@ -105,8 +105,9 @@ public:
     /// Aimed: the touches are meant for the program, wherever the pointer is; at first they aren't.
     void setTouchesAimed(bool aimed) { mac().touchesAreAimed = aimed; }
     void touch(const std::vector<FingerPosition>& fingers);
-    /// "click", "secondary", "force", "scroll" or "zoom".
-    void gesture(const std::string& word);
+    void gesture(Gesture gesture);
+    /// Where the surface is; see `FingerTouches::place`.
+    QRect trackpadPlace() const { return mac().fingerPlace; }
 
     // Storage
     void failDefaults(bool fails) { mac().defaultsFail = fails; }
@@ -120,6 +121,13 @@ public:
     const std::vector<std::string>& openedURLs() const { return mac().openedURLs; }
     const std::optional<std::string>& pasteboardText() const { return mac().pasteboard; }
     void setPaper(std::optional<Paper> paper) { mac().paper = paper; }
+    /// What the person chooses in the system's own panel; nothing, as at the start: it has none.
+    void chooseFiles(std::optional<std::vector<std::filesystem::path>> files) {
+        mac().chosenFiles = std::move(files);
+    }
+    /// The person's; at first "en" and no region.
+    void setLanguage(std::string code) { mac().language = std::move(code); }
+    void setRegion(std::string identifier) { mac().region = std::move(identifier); }
     void setFeedURL(std::optional<std::string> url) { mac().feedURL = std::move(url); }
     std::size_t updateChecks() const { return mac().updateChecks; }
     SimulatedWording& wording() { return m_platform.m_wordingService; }

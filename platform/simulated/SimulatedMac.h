@@ -2,9 +2,10 @@
 
 #include "kit/support/Describe.h"
 #include "platform/Desktop.h"
-#include "platform/Input.h"
+#include "platform/FingerTouches.h"
 #include "platform/simulated/MachineFile.h"
 
+#include <QRect>
 #include <set>
 
 namespace tessivo {
@@ -49,6 +50,7 @@ struct SimulatedMac {
     std::vector<ScheduledTone> tones;
 
     FingerTouches::Handlers fingers;
+    QRect fingerPlace;            ///< where the surface was last told to be
     bool touchesAreAimed = false; ///< only those meant for the program are told
 
     bool defaultsFail = false;
@@ -58,6 +60,9 @@ struct SimulatedMac {
     std::vector<std::string> openedURLs;
     std::optional<std::string> pasteboard;
     std::optional<Paper> paper;
+    std::optional<std::vector<std::filesystem::path>> chosenFiles; ///< in a panel of the system's own
+    std::string language = "en";
+    std::string region; ///< an ICU locale identifier
     std::optional<std::string> feedURL;
     std::size_t updateChecks = 0;
 

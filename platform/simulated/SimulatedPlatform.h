@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/KeyCodeTable.h"
 #include "platform/Platform.h"
+#include "platform/qt/QtKeyEvents.h"
 #include "platform/simulated/SimulatedAudio.h"
 #include "platform/simulated/SimulatedCapture.h"
 #include "platform/simulated/SimulatedDefaults.h"
@@ -40,11 +40,12 @@ public:
     AudioObjects& audioObjects() override { return m_audioObjects; }
     ToneOutput& toneOutput() override { return m_toneOutput; }
     CaptureDevices& captureDevices() override { return m_captureDevices; }
-    KeyCodes& keyCodes() override { return m_keyCodes; }
+    KeyEvents& keyEvents() override { return m_keyEvents; }
     FingerTouches& fingerTouches() override { return m_fingerTouches; }
     Defaults& defaults() override { return m_defaults; }
     Folders& folders() override { return m_folders; }
     Desktop& desktop() override { return m_desktop; }
+    PersonalSettings& personalSettings() override { return m_person; }
     UpdateFramework& updateFramework() override { return m_updateFramework; }
     WordingService& wordingService() override { return m_wordingService; }
 
@@ -60,11 +61,12 @@ private:
     SimulatedAudioObjects m_audioObjects{m_mac};
     SimulatedToneOutput m_toneOutput{m_mac};
     SimulatedCapture m_captureDevices{m_mac, m_scheduler};
-    KeyCodeTable m_keyCodes;
+    QtKeyEvents m_keyEvents;
     SimulatedFingers m_fingerTouches{m_mac};
     SimulatedDefaults m_defaults;
     SimulatedFolders m_folders;
     SimulatedDesktop m_desktop{m_mac};
+    SimulatedPerson m_person{m_mac};
     SimulatedUpdates m_updateFramework{m_mac};
     SimulatedWording m_wordingService;
 };

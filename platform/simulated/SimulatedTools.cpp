@@ -10,16 +10,20 @@ SimulatedTools::SimulatedTools(const MachineFile& machine) {
 
 std::optional<ToolRun> SimulatedTools::run(const std::string& executable,
                                            const std::vector<std::string>& arguments,
-                                           std::stop_token stop) const {
+                                           const StopToken& stop) const {
+    const StopCallback wake(stop, [this] {
+        const std::lock_guard lock(m_mutex);
+        m_changed.notify_all();
+    });
     std::unique_lock lock(m_mutex);
     m_runs.push_back(arguments);
     const auto ends = [&] {
         const auto tool = m_tools.find(executable);
-        return tool == m_tools.end() || !tool->second.hangs;
+        return stop.stopRequested() || tool == m_tools.end() || !tool->second.hangs;
     };
-    m_changed.wait(lock, stop, ends);
+    m_changed.wait(lock, ends);
     const auto tool = m_tools.find(executable);
-    if (stop.stop_requested() || tool == m_tools.end()) return std::nullopt;
+    if (stop.stopRequested() || tool == m_tools.end()) return std::nullopt;
     return tool->second.run;
 }
 

@@ -14,7 +14,7 @@ public:
     explicit SimulatedTools(const MachineFile& machine);
 
     std::optional<ToolRun> run(const std::string& executable, const std::vector<std::string>& arguments,
-                               std::stop_token stop) const override;
+                               const StopToken& stop) const override;
 
     /// What the tool answers from now on, runs that hang included; bytes beyond the largest output are
     /// dropped.
@@ -33,7 +33,7 @@ private:
     };
 
     mutable std::mutex m_mutex;
-    mutable std::condition_variable_any m_changed;
+    mutable std::condition_variable m_changed;
     std::map<std::string, Tool> m_tools;
     mutable std::vector<std::vector<std::string>> m_runs;
 };

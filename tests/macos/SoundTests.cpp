@@ -69,7 +69,9 @@ TEST_F(MacAudioTest, anOutputThatGoesWhileItIsReadIsLeftOut) {
 TEST_F(MacAudioTest, theListIsAsLongAsItIsWhenItIsRead) {
     load("macbook-pro-t2-worn.json");
     const MacAudioObjects audio;
-    const auto ids = [&] { return audio.numbers(AudioObjects::systemObject, fourCharCode("dev#"), global); };
+    const auto ids = [&] {
+        return audio.numbers({AudioObjects::systemObject, fourCharCode("dev#"), global});
+    };
     std::vector<std::uint32_t> all;
     for (const auto& device : *system.audio.devices)
         all.push_back(device.id);
@@ -84,14 +86,14 @@ TEST_F(MacAudioTest, theListIsAsLongAsItIsWhenItIsRead) {
 TEST_F(MacAudioTest, aTextIsNoNumberAndANumberNoText) {
     load("macbook-pro-t2-worn.json");
     const MacAudioObjects audio;
-    const auto id = audio.numbers(AudioObjects::systemObject, fourCharCode("dOut"), global).value().front();
-    EXPECT_TRUE(audio.text(id, fourCharCode("lnam"), global));
-    EXPECT_EQ(audio.numbers(id, fourCharCode("lnam"), global), std::nullopt);
-    EXPECT_EQ(audio.numbers(id, fourCharCode("lscn"), output), std::nullopt);
-    EXPECT_EQ(audio.text(id, fourCharCode("tran"), global), std::nullopt);
-    EXPECT_EQ(audio.translatedText(id, fourCharCode("ssrc"), output, 1), std::nullopt);
-    EXPECT_FALSE(audio.hasProperty(id, fourCharCode("tran"), output));
-    EXPECT_EQ(audio.propertyDataSize(7777, fourCharCode("stm#"), output), std::nullopt);
+    const auto id = audio.numbers({AudioObjects::systemObject, fourCharCode("dOut"), global}).value().front();
+    EXPECT_TRUE(audio.text({id, fourCharCode("lnam"), global}));
+    EXPECT_EQ(audio.numbers({id, fourCharCode("lnam"), global}), std::nullopt);
+    EXPECT_EQ(audio.numbers({id, fourCharCode("lscn"), output}), std::nullopt);
+    EXPECT_EQ(audio.text({id, fourCharCode("tran"), global}), std::nullopt);
+    EXPECT_EQ(audio.translatedText({id, fourCharCode("ssrc"), output}, 1), std::nullopt);
+    EXPECT_FALSE(audio.hasProperty({id, fourCharCode("tran"), output}));
+    EXPECT_EQ(audio.propertyDataSize({7777, fourCharCode("stm#"), output}), std::nullopt);
 }
 
 class Playing : public Mac {

@@ -10,7 +10,7 @@ namespace {
 using ID = KeyboardLayout::ID;
 
 std::optional<KeyCode> code(int kernelCode, ID layout = ID::ansi) {
-    return KeyCodeTable().virtualKeyCode(std::uint32_t(kernelCode) + 8, layout);
+    return KeyCodeTable::virtualKeyCode(std::uint32_t(kernelCode) + 8, layout);
 }
 
 TEST(KeyCodeTable, everyKeyOfBothDiagramsHasAScanCodeAndNoTwoShareOne) {
@@ -41,9 +41,15 @@ TEST(KeyCodeTable, theTwoKeysThatAnISOKeyboardSwapsFollowTheLayout) {
         << "a key that the diagram doesn't have must not tick one that it has";
 }
 
+TEST(KeyCodeTable, everyModifierOfTheDiagramsIsOne) {
+    for (const auto* layout : {&KeyboardLayout::ansi(), &KeyboardLayout::iso()})
+        for (const KeySpec& key : layout->testableKeys())
+            EXPECT_EQ(KeyCodeTable::isModifier(*key.code), key.kind == KeyKind::modifier) << key.id;
+}
+
 TEST(KeyCodeTable, whatIsNoKeyOfAMacHasNoCode) {
     for (const std::uint32_t scanCode : {0u, 7u, 8u, 255u, std::uint32_t(KEY_BRIGHTNESSUP) + 8, 0xFFFFFFFFu})
-        EXPECT_FALSE(KeyCodeTable().virtualKeyCode(scanCode, ID::ansi)) << scanCode;
+        EXPECT_FALSE(KeyCodeTable::virtualKeyCode(scanCode, ID::ansi)) << scanCode;
 }
 
 } // namespace

@@ -231,7 +231,7 @@ TEST_F(MicrophoneTest, nothingWaitsForAServerThatHangs) {
         player.play(true, true);
         EXPECT_TRUE(monitor.listen({"mic", ""}, {}));
         EXPECT_EQ(
-            audio.numbers(AudioObjects::systemObject, fourCharCode("dev#"), fourCharCode("glob"))->size(),
+            audio.numbers({AudioObjects::systemObject, fourCharCode("dev#"), fourCharCode("glob")})->size(),
             1u);
         monitor.stop();
         PulseServer second(m_daemon.address());

@@ -1,3 +1,4 @@
+#include "app/model/Background.h"
 #include "app/readers/CameraMonitor.h"
 #include "app/readers/MicMonitor.h"
 #include "platform/simulated/ManualScheduler.h"
@@ -21,21 +22,21 @@ public:
         ~Session() override { stopRunning(); }
 
         void startRunning() override {
-            m_thread = std::jthread([type = m_type, delegate = m_delegate](std::stop_token stop) {
+            m_flood.emplace([type = m_type, delegate = m_delegate](const StopToken& stop) {
                 std::vector<float> samples(256, 0.1f);
-                while (!stop.stop_requested()) {
+                while (!stop.stopRequested()) {
                     samples[0] = -samples[0];
                     if (type == MediaType::audio) delegate->audio({.samples = samples, .channelCount = 2});
                     if (type == MediaType::video) delegate->video(QImage(16, 9, QImage::Format_RGB32));
                 }
             });
         }
-        void stopRunning() override { m_thread = {}; }
+        void stopRunning() override { m_flood.reset(); }
 
     private:
         const MediaType m_type;
         const std::shared_ptr<CaptureDelegate> m_delegate;
-        std::jthread m_thread;
+        std::optional<Background::Stoppable> m_flood;
     };
 
     CaptureList devices(MediaType) const override { return {}; }

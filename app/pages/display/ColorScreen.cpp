@@ -1,7 +1,7 @@
 #include "app/pages/display/ColorScreen.h"
 
 #include "app/look/Theme.h"
-#include "platform/Input.h"
+#include "platform/Desktop.h"
 
 #include <QCloseEvent>
 #include <QFontMetrics>
@@ -9,8 +9,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QWidget>
-
-#include <utility>
+#include <QWindow>
 
 namespace tessivo {
 namespace {
@@ -82,14 +81,13 @@ protected:
         painter.drawText(place, Qt::AlignCenter, hintText);
     }
     bool event(QEvent* event) override {
-        // Before any shortcut, and before Tab is taken for a change of focus.
-        if (event->type() == QEvent::ShortcutOverride) event->accept();
-        if (event->type() != QEvent::KeyPress) return QWidget::event(event);
-        keyPressed(static_cast<QKeyEvent&>(*event));
-        return true;
+        // The keys are the run's unless another window of the program has them.
+        if (!m_released && event->type() == QEvent::WindowActivate) m_owner.listen();
+        if (!m_released && event->type() == QEvent::WindowDeactivate) m_owner.m_keys.stop();
+        return QWidget::event(event);
     }
     void mousePressEvent(QMouseEvent* event) override {
-        if (event->button() == Qt::LeftButton) step(1);
+        if (!m_released && event->button() == Qt::LeftButton) m_owner.advance(1);
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void mouseMoveEvent(QMouseEvent* event) override {
@@ -101,22 +99,6 @@ protected:
     }
 
 private:
-    void keyPressed(const QKeyEvent& key) {
-        constexpr KeyCode returnKey = 36, space = 49, escape = 53, left = 123, right = 124;
-        // The colours are to be looked at; a held key must not run through them.
-        if (m_released || key.isAutoRepeat()) return;
-        const auto code = m_owner.m_keyCodes.virtualKeyCode(key.nativeScanCode(), KeyboardLayout::ID::ansi);
-        if (code == returnKey || code == space || code == right)
-            step(1);
-        else if (code == left)
-            step(-1);
-        else if (code == escape)
-            m_owner.close();
-    }
-    void step(int by) {
-        if (!m_released) m_owner.advance(by);
-    }
-
     ColorScreen& m_owner;
     QPoint m_pointer;
     QColor m_color;
@@ -124,8 +106,8 @@ private:
     bool m_released = false;
 };
 
-ColorScreen::ColorScreen(const KeyCodes& keyCodes, Scheduler& scheduler, QObject* parent)
-    : QObject(parent), m_keyCodes(keyCodes), m_scheduler(scheduler) {
+ColorScreen::ColorScreen(KeyEvents& keys, Desktop& desktop, Scheduler& scheduler, QObject* parent)
+    : QObject(parent), m_keys(keys), m_desktop(desktop), m_scheduler(scheduler) {
     connect(qApp, &QGuiApplication::screenRemoved, this, [this](QScreen* screen) {
         if (screen == m_screen) close();
     });
@@ -135,17 +117,18 @@ ColorScreen::~ColorScreen() {
     close();
 }
 
-void ColorScreen::show(QScreen& screen, OnShow onShow, std::function<void()> onDone) {
+void ColorScreen::show(QScreen& screen, OnShow onShow) {
     close();
     m_run = {};
     m_onShow = std::move(onShow);
-    m_onDone = std::move(onDone);
     m_screen = &screen;
     m_window = new Window(*this, screen);
-    m_window->showFullScreen();
+    m_window->winId(); // makes the window that the desktop knows
+    m_desktop.coverScreen(*m_window->windowHandle(), screen);
     m_window->raise();
     m_window->activateWindow();
     m_window->setFocus();
+    listen();
     showColor();
     m_hintTask = m_scheduler.after(hintTime, [this] {
         if (m_window) m_window->hideHint();
@@ -154,12 +137,33 @@ void ColorScreen::show(QScreen& screen, OnShow onShow, std::function<void()> onD
 
 void ColorScreen::close() {
     if (!m_window) return;
+    m_keys.stop();
     m_window->release();
     m_window = nullptr;
     m_screen = nullptr;
     m_hintTask.reset();
     m_onShow = nullptr;
-    if (const auto done = std::exchange(m_onDone, nullptr)) done();
+}
+
+void ColorScreen::listen() {
+    m_keys.start(
+        [this](KeyMark mark, KeyCode code) {
+            handle(mark, code);
+            return true;
+        },
+        [] { return KeyboardLayout::ID::ansi; });
+}
+
+void ColorScreen::handle(KeyMark mark, KeyCode code) {
+    constexpr KeyCode returnKey = 36, space = 49, escape = 53, left = 123, right = 124;
+    // The colours are to be looked at; a held key must not run through them.
+    if (mark != KeyMark::press) return;
+    if (code == returnKey || code == space || code == right)
+        advance(1);
+    else if (code == left)
+        advance(-1);
+    else if (code == escape)
+        close();
 }
 
 void ColorScreen::advance(int step) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/pages/display/ColorRun.h"
+#include "platform/KeyEvents.h"
 #include "platform/Scheduler.h"
 
 #include <QObject>
@@ -10,7 +11,7 @@ class QScreen;
 
 namespace tessivo {
 
-class KeyCodes;
+class Desktop;
 
 /// Fills a whole screen with one colour after another. Closed or showing; a run ends past the last colour,
 /// with Esc, when its window is closed from outside, or when its screen is pulled out. Main thread.
@@ -19,27 +20,29 @@ class ColorScreen final : public QObject {
 public:
     using OnShow = std::function<void(const std::string& color)>;
 
-    /// Both outlive the screen.
-    ColorScreen(const KeyCodes& keyCodes, Scheduler& scheduler, QObject* parent = nullptr);
+    /// All outlive the screen.
+    ColorScreen(KeyEvents& keys, Desktop& desktop, Scheduler& scheduler, QObject* parent = nullptr);
     ~ColorScreen() override;
 
     bool isShowing() const { return m_window != nullptr; }
     /// Begins with the first colour, over the screen's whole frame. `onShow` is told each colour as it is
-    /// shown, `onDone` the end. Ends a run that shows already.
-    void show(QScreen& screen, OnShow onShow, std::function<void()> onDone);
+    /// shown. Ends a run that shows already.
+    void show(QScreen& screen, OnShow onShow);
     void close();
 
 private:
     class Window;
 
+    void listen();
+    void handle(KeyMark mark, KeyCode code);
     void advance(int step);
     void showColor();
 
-    const KeyCodes& m_keyCodes;
+    KeyEvents& m_keys;
+    Desktop& m_desktop;
     Scheduler& m_scheduler;
     ColorRun m_run;
     OnShow m_onShow;
-    std::function<void()> m_onDone;
     Window* m_window = nullptr; // deletes itself once it is let go
     const QScreen* m_screen = nullptr;
     std::unique_ptr<Scheduled> m_hintTask;

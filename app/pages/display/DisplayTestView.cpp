@@ -37,7 +37,8 @@ DisplayTestView::DisplayTestView(const PageContext& context, Screens screens, QW
     : LiveContent(parent),
       m_model(context.model),
       m_screens(screens ? std::move(screens) : [] { return QGuiApplication::screens(); }),
-      m_colorScreen(context.model.platform().keyCodes(), context.model.platform().scheduler()) {
+      m_colorScreen(context.model.platform().keyEvents(), context.model.platform().desktop(),
+                    context.model.platform().scheduler()) {
     add(makeColors());
     add(makeQuestion(), Space::block);
 
@@ -114,12 +115,9 @@ void DisplayTestView::showColors() {
     QScreen& screen = *screens[std::min(m_screenIndex, screens.size() - 1)];
     m_model.change(
         [&screen](SessionState& state) { state.display.screenName = localizedName(screen).toStdString(); });
-    m_colorScreen.show(
-        screen,
-        [this](const std::string& color) {
-            m_model.change([&color](SessionState& state) { state.display.shown.insert(color); });
-        },
-        [] {});
+    m_colorScreen.show(screen, [this](const std::string& color) {
+        m_model.change([&color](SessionState& state) { state.display.shown.insert(color); });
+    });
 }
 
 void DisplayTestView::follow() {

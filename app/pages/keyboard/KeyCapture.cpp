@@ -2,13 +2,7 @@
 
 #include <algorithm>
 #include <utility>
-
 namespace tessivo {
-
-bool KeyCapture::isModifier(KeyCode code) {
-    static constexpr KeyCode modifiers[] = {54, 55, 56, 57, 58, 59, 60, 61, 62, 63};
-    return std::ranges::binary_search(modifiers, code);
-}
 
 void KeyCapture::start(std::function<void(KeyCode)> onKey) {
     if (m_running) return;

@@ -1,22 +1,17 @@
 #pragma once
 
-#include "kit/catalog/KeyboardLayout.h"
+#include "platform/KeyEvents.h"
 
 #include <functional>
 
 namespace tessivo {
 
-/// What a key did. A modifier has no press and release of its own: both are a change of state.
-enum class KeyMark { press, repeat, release, modifierChange };
-
 /// The keyboard test while it runs: which key events count as a key seen, which key was the last, and when
-/// two Esc end it. Knows no window; `KeyMonitor` feeds it. Main thread.
+/// two Esc end it. Knows no window; the
+/// platform's key events feed it. Main thread.
 class KeyCapture final {
 public:
     static constexpr KeyCode esc = 53;
-
-    /// Keys that report by a change of state: shift, control, option, command, caps lock, fn.
-    static bool isModifier(KeyCode code);
 
     /// `changed` is called after `running` has changed.
     explicit KeyCapture(std::function<void()> changed = {}) : m_changed(std::move(changed)) {}

@@ -17,7 +17,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QInputMethod>
+#include <QHideEvent>
 
 namespace tessivo {
 namespace {
@@ -34,11 +34,7 @@ const char* const KeyboardTestView::how =
     "by hand.";
 
 KeyboardTestView::KeyboardTestView(const PageContext& context, QWidget* parent)
-    : LiveContent(parent),
-      m_model(context.model),
-      m_capture([this] { runHasChanged(); }),
-      m_monitor(context.model.platform().keyCodes(), m_capture,
-                [this] { return m_model.state().keyboard.layout; }) {
+    : LiveContent(parent), m_model(context.model), m_capture([this] { runHasChanged(); }) {
     add(makeControls());
     add(makeRunningLine(), Space::s);
     m_diagram = new KeyboardDiagram;
@@ -55,6 +51,10 @@ KeyboardTestView::KeyboardTestView(const PageContext& context, QWidget* parent)
 
     connect(&m_model, &AppModel::stateChanged, this, &KeyboardTestView::follow);
     follow();
+}
+
+KeyboardTestView::~KeyboardTestView() {
+    m_capture.stop();
 }
 
 QWidget* KeyboardTestView::makeControls() {
@@ -145,6 +145,12 @@ void KeyboardTestView::startOrStop() {
         focus && focus->testAttribute(Qt::WA_InputMethodEnabled))
         focus->clearFocus();
     m_capture.start([this](KeyCode code) { press(code); });
+    m_model.platform().keyEvents().start(
+        [this](KeyMark mark, KeyCode code) {
+            m_capture.handle(mark, code);
+            return true;
+        },
+        [this] { return m_model.state().keyboard.layout; });
 }
 
 void KeyboardTestView::press(KeyCode code) {
@@ -157,8 +163,7 @@ void KeyboardTestView::runHasChanged() {
     const bool running = m_capture.running();
     m_start->setLabel(running ? "Stop" : "Start", running ? "stop.fill" : "play.fill");
     m_runningLine->setVisible(running);
-    // The monitor's answer for whatever has the focus is another one now.
-    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+    if (!running) m_model.platform().keyEvents().stop();
     showKeys();
 }
 

@@ -3,6 +3,7 @@
 #include "app/layout/Column.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/frame/LiveContent.h"
+#include "app/pages/keyboard/KeyCapture.h"
 #include "app/pages/keyboard/KeyMonitor.h"
 
 #include <map>
@@ -21,6 +22,7 @@ class KeyboardTestView final : public LiveContent {
     Q_OBJECT
 public:
     explicit KeyboardTestView(const PageContext& context, QWidget* parent = nullptr);
+    ~KeyboardTestView() override;
 
     /// The page's instructions.
     static const char* const how;
@@ -38,7 +40,6 @@ private:
 
     AppModel& m_model;
     KeyCapture m_capture;
-    KeyMonitor m_monitor;
     Button* m_start = nullptr;
     Picker* m_layout = nullptr;
     TextLabel* m_count = nullptr;

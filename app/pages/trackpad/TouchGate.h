@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Input.h"
+#include "platform/FingerTouches.h"
 
 #include <map>
 

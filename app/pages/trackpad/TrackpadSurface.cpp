@@ -22,14 +22,46 @@ bool TrackpadSurface::event(QEvent* event) {
     case QEvent::NativeGesture:
         if (static_cast<QNativeGestureEvent*>(event)->gestureType() == Qt::ZoomNativeGesture) {
             event->accept();
-            Q_EMIT gesture("zoom");
+            Q_EMIT gesture(Gesture::zoom);
             return true;
         }
+        break;
+    case QEvent::Show:
+        watchAncestors();
+        look();
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Hide:
+        look();
         break;
     default:
         break;
     }
     return QWidget::event(event);
+}
+
+bool TrackpadSurface::eventFilter(QObject* watched, QEvent* event) {
+    // What scrolls or covers it moves and resizes what it stands in.
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize) look();
+    return QWidget::eventFilter(watched, event);
+}
+
+void TrackpadSurface::watchAncestors() {
+    for (QWidget* each = parentWidget(); each; each = each->parentWidget())
+        each->installEventFilter(this);
+}
+
+QRect TrackpadSurface::visiblePart() const {
+    const QRect part = visibleRegion().boundingRect();
+    return part.isEmpty() ? QRect() : QRect(mapTo(window(), part.topLeft()), part.size());
+}
+
+void TrackpadSurface::look() {
+    if (const QRect place = visiblePart(); place != m_place) {
+        m_place = place;
+        Q_EMIT placed(place);
+    }
 }
 
 bool TrackpadSurface::touch(QTouchEvent& event) {
@@ -58,9 +90,9 @@ void TrackpadSurface::mousePressEvent(QMouseEvent* event) {
         return;
     const bool control = event->modifiers() & Qt::ControlModifier;
     if (event->button() == Qt::RightButton || (event->button() == Qt::LeftButton && control))
-        Q_EMIT gesture("secondary");
+        Q_EMIT gesture(Gesture::secondary);
     else if (event->button() == Qt::LeftButton)
-        Q_EMIT gesture("click");
+        Q_EMIT gesture(Gesture::click);
 }
 
 void TrackpadSurface::wheelEvent(QWheelEvent* event) {
@@ -69,7 +101,7 @@ void TrackpadSurface::wheelEvent(QWheelEvent* event) {
         return;
     }
     event->accept();
-    Q_EMIT gesture("scroll");
+    Q_EMIT gesture(Gesture::scroll);
 }
 
 } // namespace tessivo

@@ -19,15 +19,20 @@ public:
 
     /// Whether a touch that begins now is meant for it: its window is active and the pointer over it.
     bool isOpen() const { return isActiveWindow() && underMouse(); }
+    /// Its visible part in the coordinates of its window; empty while it is hidden.
+    QRect visiblePart() const;
 
 Q_SIGNALS:
     /// All fingers now down whose touches began while it was open; may be empty.
     void touches(const std::vector<tessivo::FingerPosition>& fingers);
-    /// "click", "secondary", "scroll" or "zoom".
-    void gesture(const std::string& word);
+    /// Any but the force click, which the window system doesn't tell.
+    void gesture(tessivo::Gesture gesture);
+    /// Its visible part has come to another place, by whatever moved, scrolled, resized, showed or hid it.
+    void placed(const QRect& visible);
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void mouseReleaseEvent(QMouseEvent* event) override { event->accept(); }
@@ -35,8 +40,11 @@ protected:
 
 private:
     bool touch(QTouchEvent& event);
+    void watchAncestors();
+    void look();
 
     TouchGate m_gate;
+    QRect m_place; // as it was last told
 };
 
 } // namespace tessivo

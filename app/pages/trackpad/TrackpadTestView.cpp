@@ -23,6 +23,8 @@ TrackpadTestView::TrackpadTestView(const PageContext& context, QWidget* parent)
     m_surface = new TrackpadSurface;
     connect(m_surface, &TrackpadSurface::touches, this, &TrackpadTestView::noteTouches);
     connect(m_surface, &TrackpadSurface::gesture, this, &TrackpadTestView::noteGesture);
+    connect(m_surface, &TrackpadSurface::placed, this,
+            [this](const QRect& visible) { m_model.platform().fingerTouches().place(visible); });
     m_area = new TrackpadArea(m_surface);
 
     auto* work = new Column;
@@ -77,12 +79,13 @@ void TrackpadTestView::showEvent(QShowEvent* event) {
     FingerTouches& touches = m_model.platform().fingerTouches();
     const auto isMeant = [this, &touches] { return !touches.tellsOfEveryWindow() || m_surface->isOpen(); };
     m_gate = {};
-    touches.start({[this, isMeant](const std::vector<FingerPosition>& fingers) {
-                       noteTouches(m_gate.admit(fingers, isMeant()));
-                   },
-                   [this, isMeant](const std::string& word) {
-                       if (isMeant()) noteGesture(word);
-                   }});
+    touches.start(window()->windowHandle(), {[this, isMeant](const std::vector<FingerPosition>& fingers) {
+                                                 noteTouches(m_gate.admit(fingers, isMeant()));
+                                             },
+                                             [this, isMeant](Gesture gesture) {
+                                                 if (isMeant()) noteGesture(gesture);
+                                             }});
+    touches.place(m_surface->visiblePart());
     Column::showEvent(event);
 }
 
@@ -104,13 +107,25 @@ void TrackpadTestView::noteTouches(const std::vector<FingerPosition>& fingers) {
     write(test);
 }
 
-void TrackpadTestView::noteGesture(const std::string& word) {
+void TrackpadTestView::noteGesture(Gesture gesture) {
     TrackpadTest test = m_model.state().trackpad;
-    if (word == "click") test.clicked = true;
-    if (word == "secondary") test.secondaryClicked = true;
-    if (word == "force") test.forceClicked = true;
-    if (word == "scroll") test.scrolled = true;
-    if (word == "zoom") test.zoomed = true;
+    switch (gesture) {
+    case Gesture::click:
+        test.clicked = true;
+        break;
+    case Gesture::secondary:
+        test.secondaryClicked = true;
+        break;
+    case Gesture::force:
+        test.forceClicked = true;
+        break;
+    case Gesture::scroll:
+        test.scrolled = true;
+        break;
+    case Gesture::zoom:
+        test.zoomed = true;
+        break;
+    }
     write(test);
 }
 

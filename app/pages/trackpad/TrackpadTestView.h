@@ -31,7 +31,7 @@ private:
     QWidget* makeChips();
     QWidget* makeFoot();
     void noteTouches(const std::vector<FingerPosition>& fingers);
-    void noteGesture(const std::string& word);
+    void noteGesture(Gesture gesture);
     void write(const TrackpadTest& test);
     void follow();
 

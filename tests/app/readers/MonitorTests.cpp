@@ -323,6 +323,8 @@ TEST_F(CaptureAccess, eachKindHasItsSettings) {
         bool canOpenURL(const std::string& url) const override { return url.ends_with("Camera"); }
         void setPasteboardText(const std::string&) override {}
         std::optional<Paper> paper() const override { return std::nullopt; }
+        void coverScreen(QWindow&, QScreen&) override {}
+        std::optional<std::vector<std::filesystem::path>> openFiles(const OpenPanel&) override { return {}; }
         std::string opened;
     } desktop;
     openPrivacySettings(desktop, MediaType::video);

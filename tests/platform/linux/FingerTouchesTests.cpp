@@ -24,7 +24,7 @@ TEST(LinuxFingerTouches, nothingToReadCallsNothing) {
     for (const auto& devices : {folder.path(), folder.path() / "none"}) {
         LinuxFingerTouches touches(devices);
         int calls = 0;
-        touches.start({[&](const Fingers&) { ++calls; }, [&](const std::string&) { ++calls; }});
+        touches.start(nullptr, {[&](const Fingers&) { ++calls; }, [&](Gesture) { ++calls; }});
         std::ofstream(folder.path() / "event2") << "plugged in";
         QTest::qWait(100);
         EXPECT_EQ(calls, 0);
@@ -45,7 +45,7 @@ TEST(LinuxFingerTouches, DISABLED_printsWhatTheTouchpadInPlaceTells) {
         // Whoever is told may stop listening.
         if (++reports == 6) touches.stop();
     };
-    touches.start({print, nullptr});
+    touches.start(nullptr, {print, nullptr});
     EXPECT_TRUE(QTest::qWaitFor([&] { return reports > 0; }, 10'000));
     for (int before = 0; before != reports; QTest::qWait(300))
         before = reports;

@@ -12,8 +12,8 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-std::optional<ToolRun> shell(const std::string& script, std::stop_token stop = {}) {
-    return LinuxSystemTools().run("/bin/sh", {"-c", script}, std::move(stop));
+std::optional<ToolRun> shell(const std::string& script, const StopToken& stop = {}) {
+    return LinuxSystemTools().run("/bin/sh", {"-c", script}, stop);
 }
 
 /// Whether a process lives; a zombie doesn't.
@@ -32,13 +32,13 @@ bool diesSoon(const std::string& pid) {
 std::vector<std::string> stopped(const std::string& script) {
     const TemporaryFolder folder;
     const auto file = folder / "pids";
-    std::stop_source source;
+    StopSource source;
     std::optional<ToolRun> result = ToolRun();
-    std::thread runner([&] { result = shell("F=" + file.string() + "; " + script, source.get_token()); });
+    std::thread runner([&] { result = shell("F=" + file.string() + "; " + script, source.token()); });
     while (!std::filesystem::exists(folder / "pids.ready"))
         std::this_thread::sleep_for(5ms);
     const auto start = Clock::now();
-    source.request_stop();
+    source.requestStop();
     runner.join();
     EXPECT_LT(Clock::now() - start, 2s);
     EXPECT_FALSE(result);
@@ -77,9 +77,9 @@ TEST(SystemTools, whatCannotBeLaunchedGivesNothing) {
     EXPECT_FALSE(LinuxSystemTools(folder.path()).run("/not-executable", {}, {}));
     EXPECT_FALSE(LinuxSystemTools(folder.path()).run("/missing", {}, {}));
     EXPECT_FALSE(LinuxSystemTools(folder.path()).run("/", {}, {}));
-    std::stop_source source;
-    source.request_stop();
-    EXPECT_FALSE(shell("true", source.get_token()));
+    StopSource source;
+    source.requestStop();
+    EXPECT_FALSE(shell("true", source.token()));
 }
 
 TEST(SystemTools, aChildThatHoldsThePipeDoesNotHoldTheRun) {

@@ -11,11 +11,11 @@ using ::testing::IsEmpty;
 using Fingers = std::vector<FingerPosition>;
 
 /// What the gestures told over these reports.
-std::vector<std::string> words(const std::vector<Fingers>& reports) {
-    TouchpadGestures gestures;
-    std::vector<std::string> told;
+std::vector<Gesture> gestures(const std::vector<Fingers>& reports) {
+    TouchpadGestures telling;
+    std::vector<Gesture> told;
     for (const Fingers& fingers : reports)
-        if (const auto word = gestures.handle(fingers)) told.push_back(*word);
+        if (const auto gesture = telling.handle(fingers)) told.push_back(*gesture);
     return told;
 }
 
@@ -31,14 +31,14 @@ TEST(TouchpadGestures, tellScrollFromPinch) {
         // A finger that lifts while another comes down elsewhere is no movement.
         hop.push_back({{i % 2 ? 0.1 : 0.6, 0.2}, {0.6, 0.8}});
     }
-    EXPECT_THAT(words(scroll), ElementsAre("scroll")) << "once while the fingers stay";
-    EXPECT_THAT(words(pinch), ElementsAre("zoom"));
+    EXPECT_THAT(gestures(scroll), ElementsAre(Gesture::scroll)) << "once while the fingers stay";
+    EXPECT_THAT(gestures(pinch), ElementsAre(Gesture::zoom));
     for (const auto& reports : {one, rest, three, hop})
-        EXPECT_THAT(words(reports), IsEmpty());
+        EXPECT_THAT(gestures(reports), IsEmpty());
     std::vector<Fingers> twice = scroll;
     twice.push_back({});
     twice.insert(twice.end(), scroll.begin(), scroll.end());
-    EXPECT_THAT(words(twice), ElementsAre("scroll", "scroll"));
+    EXPECT_THAT(gestures(twice), ElementsAre(Gesture::scroll, Gesture::scroll));
 }
 
 } // namespace

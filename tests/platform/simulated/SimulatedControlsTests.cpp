@@ -118,7 +118,7 @@ TEST(SimulatedMac, batteryFiguresReachTheReading) {
 
 TEST(SimulatedMac, theEnrollmentToolAnswersIsMissingFloodsOrHangs) {
     Mac mac;
-    const auto read = [&](std::stop_token stop) {
+    const auto read = [&](const StopToken& stop) {
         return readEnrollmentStatus(mac.platform.systemTools(), stop);
     };
     mac.controls.setEnrolled(true);
@@ -130,11 +130,11 @@ TEST(SimulatedMac, theEnrollmentToolAnswersIsMissingFloodsOrHangs) {
     EXPECT_EQ(flood.value_or(ToolRun()).standardOutput.size(), SystemTools::largestOutput);
 
     mac.controls.hangEnrollmentTool();
-    std::stop_source stop;
-    auto stopped = std::async(std::launch::async, read, stop.get_token());
-    auto answered = std::async(std::launch::async, read, std::stop_token());
+    StopSource stop;
+    auto stopped = std::async(std::launch::async, read, stop.token());
+    auto answered = std::async(std::launch::async, read, StopToken());
     EXPECT_EQ(stopped.wait_for(20ms), std::future_status::timeout);
-    stop.request_stop();
+    stop.requestStop();
     EXPECT_FALSE(stopped.get());
     EXPECT_EQ(answered.wait_for(20ms), std::future_status::timeout);
     mac.controls.setEnrolled(false);

@@ -61,7 +61,8 @@ TEST(MachineFile, whatTheFileLeavesOutIsAReadingThatFails) {
         EXPECT_FALSE(mac.registry().matchingServices("AppleSmartBattery"));
         EXPECT_FALSE(mac.powerSources().descriptions());
         EXPECT_FALSE(mac.systemTools().run("/usr/bin/profiles", {}, {}));
-        EXPECT_FALSE(mac.audioObjects().propertyDataSize(AudioObjects::systemObject, 0x64657623, 0x676C6F62));
+        EXPECT_FALSE(
+            mac.audioObjects().propertyDataSize({AudioObjects::systemObject, 0x64657623, 0x676C6F62}));
         EXPECT_FALSE(mac.captureDevices().devices(MediaType::audio).devices);
         EXPECT_EQ(mac.captureDevices().authorizationStatus(MediaType::video),
                   AuthorizationStatus::notDetermined);

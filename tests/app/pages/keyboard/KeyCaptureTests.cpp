@@ -61,11 +61,5 @@ TEST(KeyCapture, aRunBeginsWithoutTheKeysOfTheLastAndMayEndFromItsHandler) {
     EXPECT_EQ(capture.flash(), std::nullopt);
 }
 
-TEST(KeyCapture, everyModifierOfTheDiagramsIsOne) {
-    for (const auto* layout : {&KeyboardLayout::ansi(), &KeyboardLayout::iso()})
-        for (const KeySpec& key : layout->testableKeys())
-            EXPECT_EQ(KeyCapture::isModifier(*key.code), key.kind == KeyKind::modifier) << key.id;
-}
-
 } // namespace
 } // namespace tessivo

@@ -74,15 +74,14 @@ TEST_F(TrackpadPageTest, oddPositionsLandInsideOrNowhere) {
 }
 
 TEST_F(TrackpadPageTest, everyGestureTicksItsOwnStep) {
-    const std::pair<const char*, const char*> cases[] = {{"click", "Click"},
-                                                         {"secondary", "Secondary click"},
-                                                         {"scroll", "Two-finger scroll"},
-                                                         {"force", "Force Click"},
-                                                         {"zoom", "Pinch"}};
-    for (const auto& [word, step] : cases) {
-        controls->gesture("tap");
+    const std::pair<Gesture, const char*> cases[] = {{Gesture::click, "Click"},
+                                                     {Gesture::secondary, "Secondary click"},
+                                                     {Gesture::scroll, "Two-finger scroll"},
+                                                     {Gesture::force, "Force Click"},
+                                                     {Gesture::zoom, "Pinch"}};
+    for (const auto& [gesture, step] : cases) {
         EXPECT_EQ(value(step), QStringLiteral("not yet"));
-        controls->gesture(word);
+        controls->gesture(gesture);
         EXPECT_EQ(value(step), QStringLiteral("seen")) << step;
     }
 }
@@ -158,8 +157,8 @@ TEST_F(TrackpadPageTest, aTouchCountsFromItsBeginningOverTheSurfaceToItsLift) {
     const QPoint over(200, 100), beside(-60, 100);
     pointAt(beside);
     controls->touch({finger(0, resting)});
-    for (const char* word : {"scroll", "zoom", "force"})
-        controls->gesture(word);
+    for (const Gesture gesture : {Gesture::scroll, Gesture::zoom, Gesture::force})
+        controls->gesture(gesture);
     pointAt(over);
     controls->touch({finger(1, resting)});
     EXPECT_EQ(trackpad(), TrackpadTest()) << "it began beside the surface";
@@ -177,7 +176,7 @@ TEST_F(TrackpadPageTest, aTouchCountsFromItsBeginningOverTheSurfaceToItsLift) {
     QWidget other;
     showAt(other, {100, 100});
     controls->touch({finger(5, working)});
-    controls->gesture("scroll");
+    controls->gesture(Gesture::scroll);
     view->activateWindow();
     QApplication::processEvents();
     controls->touch({finger(6, working)});
@@ -185,7 +184,7 @@ TEST_F(TrackpadPageTest, aTouchCountsFromItsBeginningOverTheSurfaceToItsLift) {
     EXPECT_FALSE(trackpad().scrolled);
     controls->touch({});
     controls->touch({finger(7, working)});
-    controls->gesture("scroll");
+    controls->gesture(Gesture::scroll);
     EXPECT_THAT(trackpad().touched, ElementsAre(2, 3, 7));
     EXPECT_TRUE(trackpad().scrolled);
 

@@ -1,25 +1,30 @@
-#include "app/pages/keyboard/KeyMonitor.h"
+#include "platform/qt/QtKeyEvents.h"
 
-#include "platform/Input.h"
+#include "platform/KeyCodeTable.h"
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QKeyEvent>
 
 namespace tessivo {
 
-KeyMonitor::KeyMonitor(const KeyCodes& keyCodes, KeyCapture& capture,
-                       std::function<KeyboardLayout::ID()> layout, QObject* parent)
-    : QObject(parent), m_keyCodes(keyCodes), m_capture(capture), m_layout(std::move(layout)) {
+void QtKeyEvents::start(Listener listener, std::function<KeyboardLayout::ID()> layout) {
+    m_listener = std::move(listener);
+    m_layout = std::move(layout);
     // On the application: it sees an event before the window, its menus and its shortcuts do.
     qApp->installEventFilter(this);
-    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        // Releases that happen elsewhere are never seen here.
-        if (state != Qt::ApplicationActive) m_down.clear();
-    });
+    // The answer for whatever has the focus is another one now.
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
 }
 
-bool KeyMonitor::eventFilter(QObject* watched, QEvent* event) {
+void QtKeyEvents::stop() {
+    if (!m_listener) return;
+    m_listener = nullptr;
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+}
+
+bool QtKeyEvents::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
@@ -35,23 +40,27 @@ bool KeyMonitor::eventFilter(QObject* watched, QEvent* event) {
         return true;
     case QEvent::ContextMenu:
         return takesKeys() && static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
+    case QEvent::ApplicationStateChange:
+        // Releases that happen elsewhere are never seen here.
+        if (QGuiApplication::applicationState() != Qt::ApplicationActive) m_down.clear();
+        return false;
     default:
         return QObject::eventFilter(watched, event);
     }
 }
 
-bool KeyMonitor::takesKeys() const {
-    return m_capture.running() && !QGuiApplication::modalWindow();
+bool QtKeyEvents::takesKeys() const {
+    return m_listener && !QGuiApplication::modalWindow();
 }
 
-bool KeyMonitor::isRepeat(const QKeyEvent& key) const {
+bool QtKeyEvents::isRepeat(const QKeyEvent& key) const {
     // An X server repeats a held key as a release and a press of one time. Qt sees the pair only where both
     // have arrived when it reads the first.
     return key.isAutoRepeat() || (key.type() == QEvent::KeyPress && m_releasedAt != 0 &&
                                   m_releasedAt == key.timestamp() && m_releasedKey == key.nativeScanCode());
 }
 
-bool KeyMonitor::handleKey(QEvent* event) {
+bool QtKeyEvents::handleKey(QEvent* event) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const std::uint32_t scanCode = key->nativeScanCode();
     const bool release = event->type() == QEvent::KeyRelease;
@@ -71,15 +80,22 @@ bool KeyMonitor::handleKey(QEvent* event) {
     } else {
         m_down.insert(scanCode);
     }
+    // Where a dialog is open, or nobody listens any more, the tail of a key is kept and not told.
+    const bool taken = !takesKeys() || tell(release, repeat, scanCode);
+    if (!taken) m_down.erase(scanCode);
+    return taken;
+}
 
-    if (const auto code = m_keyCodes.virtualKeyCode(scanCode, m_layout())) {
-        const KeyMark mark = repeat                          ? KeyMark::repeat
-                             : KeyCapture::isModifier(*code) ? KeyMark::modifierChange
-                             : release                       ? KeyMark::release
-                                                             : KeyMark::press;
-        m_capture.handle(mark, *code);
-    }
-    return true;
+bool QtKeyEvents::tell(bool release, bool repeat, std::uint32_t scanCode) {
+    const auto code = KeyCodeTable::virtualKeyCode(scanCode, m_layout());
+    if (!code) return true;
+    const KeyMark mark = repeat                            ? KeyMark::repeat
+                         : KeyCodeTable::isModifier(*code) ? KeyMark::modifierChange
+                         : release                         ? KeyMark::release
+                                                           : KeyMark::press;
+    // A copy: the listener may stop itself.
+    const Listener listener = m_listener;
+    return listener(mark, *code);
 }
 
 } // namespace tessivo

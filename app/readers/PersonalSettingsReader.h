@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/PersonalSettings.h"
+
+namespace tessivo {
+
+/// Sets up all texts for the person: once, in `main`, before the first of them and before the first thread.
+void usePersonalSettings(const PersonalSettings& settings);
+
+} // namespace tessivo
