@@ -4,6 +4,7 @@
 #include "app/look/Paint.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextBlock>
