@@ -4,7 +4,7 @@
 
 namespace tessivo {
 
-/// Sets up all texts for the person: once, in `main`, before the first of them and before the first thread.
+/// Sets up all texts for the person: once, in `main`, before the first of them.
 void usePersonalSettings(const PersonalSettings& settings);
 
 } // namespace tessivo

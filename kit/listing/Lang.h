@@ -17,7 +17,7 @@ std::string fromPreferred(const std::vector<std::string>& preferred);
 /// then the locale of LC_ALL, LC_MESSAGES or LANG. `variable` gives a variable's value, or null.
 std::vector<std::string> preferred(const std::function<const char*(const char*)>& variable);
 
-/// The application's language: English until it is set, once, before the first text and the first thread.
+/// The application's language: English until it is set, once, before the first text.
 const std::string& system();
 void setSystem(std::string code);
 

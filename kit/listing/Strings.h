@@ -18,8 +18,8 @@ std::map<std::string, std::string> parseTable(std::string_view json);
 /// The table of the first of these files that exists. Empty without one, or when it can't be read.
 std::map<std::string, std::string> loadTable(const std::vector<std::filesystem::path>& files);
 
-/// The folder in which the bundle with the Spanish table lies, set once, before the first text and the first
-/// thread. Without it, or without the table there, the source tree's serves.
+/// The folder in which the bundle with the Spanish table lies, set once, before the first text. Without it,
+/// or without the table there, the source tree's serves.
 void setResources(std::filesystem::path folder);
 /// Where the table stands in such a folder.
 std::filesystem::path tableFile(const std::filesystem::path& resources);

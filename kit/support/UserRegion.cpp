@@ -1,6 +1,5 @@
 #include "kit/support/UserRegion.h"
 
-#include <unicode/locid.h>
 #include <utility>
 
 namespace tessivo::UserRegion {
@@ -16,8 +15,6 @@ std::string& stored() {
 
 void set(std::string identifier) {
     stored() = std::move(identifier);
-    UErrorCode status = U_ZERO_ERROR; // what ICU can't take leaves its default as it was
-    if (!stored().empty()) icu::Locale::setDefault(icu::Locale::createCanonical(stored().c_str()), status);
 }
 
 const std::string& identifier() {

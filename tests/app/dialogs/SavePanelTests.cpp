@@ -1,4 +1,6 @@
 #include "app/dialogs/QtDialogs.h"
+#include "platform/simulated/ManualScheduler.h"
+#include "platform/simulated/SimulatedControls.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/PageTesting.h"
 
@@ -92,4 +94,20 @@ TEST(SavePanel, aNameEndsInItsExtensionAndTheQuestionIsForThatName) {
         EXPECT_EQ(person.questions.join('\n'), row.question);
     }
     EXPECT_EQ(bytesOf(folder / "kept.json"), "a report");
+}
+
+TEST(OpenPanel, isTheSystemsOwnWhereItHasOne) {
+    ManualScheduler clock;
+    SimulatedPlatform mac({}, clock);
+    SimulatedControls controls(mac);
+    QtDialogs dialogs(&mac.desktop());
+    const TemporaryFolder folder;
+    folder.write("report.json", "");
+    const Person person(folder, {}, true); // cancels Qt's panel
+    EXPECT_TRUE(dialogs.openReportFiles(nullptr, "Choose").empty());
+    const std::vector<std::filesystem::path> files{folder / "report.json", folder / "other.json"};
+    controls.chooseFiles(files);
+    EXPECT_EQ(dialogs.openReportFiles(nullptr, "Choose"), files);
+    controls.chooseFiles({{}});
+    EXPECT_TRUE(dialogs.openReportFiles(nullptr, "Choose").empty()) << "cancelled there";
 }

@@ -3,6 +3,7 @@
 #include "app/pages/display/DisplayTestView.h"
 #include "tests/app/pages/InputPages.h"
 
+#include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
 #include <QTest>
@@ -134,6 +135,24 @@ TEST_F(DisplayPageTest, aRunEndsWithItsScreenItsWindowOrItsPage) {
         settle();
         EXPECT_TRUE(window.isNull());
     }
+}
+
+TEST_F(DisplayPageTest, anotherWindowOfTheProgramKeepsItsKeys) {
+    show();
+    QLineEdit other;
+    showAt(other, {100, 100});
+    InputFixture::strike(Scan::space, &other);
+    EXPECT_EQ(other.text(), QStringLiteral("a"));
+    EXPECT_EQ(color(), QStringLiteral("Black"));
+    colors()->activateWindow();
+    settle();
+    InputFixture::strike(Scan::space, &other);
+    EXPECT_EQ(color(), QStringLiteral("White"));
+    InputFixture::send(QEvent::KeyPress, Scan::escape, colors());
+    EXPECT_FALSE(colors());
+    InputFixture::send(QEvent::KeyRelease, Scan::escape, &other);
+    InputFixture::strike(Scan::space, &other);
+    EXPECT_EQ(other.text(), QStringLiteral("aa")) << "with the run its keys are the program's again";
 }
 
 TEST_F(DisplayPageTest, severalScreensAreChosenByName) {

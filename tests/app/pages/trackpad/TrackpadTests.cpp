@@ -4,6 +4,8 @@
 
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 #include <limits>
@@ -203,6 +205,40 @@ TEST_F(TrackpadPageTest, thePlatformIsListenedToOnlyWhileThePageShows) {
     EXPECT_TRUE(controls->trackpadIsWatched());
     close();
     EXPECT_FALSE(controls->trackpadIsWatched());
+}
+
+TEST_F(TrackpadPageTest, thePlatformKnowsWhereTheVisiblePartOfTheSurfaceIs) {
+    auto* scroller = qobject_cast<QScrollArea*>(view.get());
+    ASSERT_TRUE(scroller);
+    const auto visible = [&] {
+        const QWidget& port = *scroller->viewport();
+        return QRect(surface->mapTo(view.get(), QPoint()), surface->size()) &
+               QRect(port.mapTo(view.get(), QPoint()), port.size());
+    };
+    EXPECT_EQ(controls->trackpadPlace(), visible());
+    view->resize(view->width(), 300);
+    settle();
+    const QRect cut = controls->trackpadPlace();
+    EXPECT_EQ(cut, visible());
+    EXPECT_LT(cut.height(), surface->height());
+    for (const int by : {60, 1'000'000}) {
+        scroller->verticalScrollBar()->setValue(by);
+        EXPECT_EQ(controls->trackpadPlace(), visible()) << "it moves with what it stands in";
+        EXPECT_NE(controls->trackpadPlace(), cut);
+    }
+    view->resize(view->width(), 80);
+    settle();
+    scroller->verticalScrollBar()->setValue(1'000'000);
+    EXPECT_TRUE(controls->trackpadPlace().isEmpty()) << "scrolled away";
+    view->resize(view->width(), 300);
+    scroller->verticalScrollBar()->setValue(0);
+    settle();
+    EXPECT_EQ(controls->trackpadPlace(), cut);
+    view->hide();
+    settle();
+    view->show();
+    settle();
+    EXPECT_EQ(controls->trackpadPlace(), cut);
 }
 
 TEST(TrackpadArea, rowZeroIsAtTheTopAndColumnZeroAtTheLeft) {
