@@ -28,7 +28,6 @@ void Button::setLabel(const QString& text, const QString& symbol) {
     setText(text);
     updateGeometry();
     update();
-    announceNameChange(this);
 }
 
 void Button::setWidthTexts(const QStringList& texts) {

@@ -29,11 +29,10 @@ void Picker::setChoices(const QStringList& choices) {
     for (QMenu* menu : findChildren<QMenu*>())
         menu->close();
     const int index = currentIndex();
-    const bool wasBlocked = blockSignals(true);
+    const QSignalBlocker blocker(this);
     clear();
     addItems(choices);
     setCurrentIndex(index >= 0 && index < count() ? index : 0);
-    blockSignals(wasBlocked);
     updateGeometry();
     update();
 }

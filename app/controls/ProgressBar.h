@@ -18,7 +18,8 @@ public:
 
     /// The total may be 0, which shows an empty bar.
     void setProgress(int value, int total) {
-        setRange(0, std::max(total, 1)); // without a range it would run to and fro
+        // Without a range it would run to and fro.
+        setRange(0, std::max(total, 1));
         setValue(value);
     }
     QSize sizeHint() const override { return {160, theme().scaled(Height::progress)}; }

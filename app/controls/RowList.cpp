@@ -43,7 +43,7 @@ void RowList::updateTabStops() {
 SidebarRow* RowList::reached(SidebarRow* from, int key) const {
     const auto isShown = [](const SidebarRow* row) { return !row->isHidden(); };
     if (key == Qt::Key_Home) return *std::ranges::find_if(m_rows, isShown);
-    if (key == Qt::Key_End) return *std::find_if(m_rows.rbegin(), m_rows.rend(), isShown);
+    if (key == Qt::Key_End) return *std::ranges::find_if(m_rows.rbegin(), m_rows.rend(), isShown);
     // They lead on from a chosen row alone.
     const bool arrow = key == Qt::Key_Up || key == Qt::Key_Down;
     return arrow && !m_current ? from : nullptr;

@@ -51,31 +51,26 @@ Stepper::Stepper(const QString& format, int minimum, int maximum, int labelWidth
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     m_label->setTabularDigits(true);
-    if (labelWidth > 0) m_label->setMinimumWidth(theme().scaled(labelWidth));
+    m_label->setMinimumWidth(theme().scaled(labelWidth));
     row->addWidget(m_label);
-    if (labelWidth <= 0) row->addSpacing(Space::l);
     row->addWidget(m_minus);
     row->addWidget(m_plus);
     connect(m_minus, &QAbstractButton::clicked, this, [this] { step(-1); });
     connect(m_plus, &QAbstractButton::clicked, this, [this] { step(1); });
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    m_value = minimum;
-    show(minimum);
+    setValue(minimum);
 }
 
 void Stepper::setValue(int value) {
-    if (value == m_value) return;
     m_value = value;
-    show(value);
-    announceNameChange(this);
-    announceValueChange(this);
-}
-
-void Stepper::show(int value) {
     QString text = m_format;
-    m_label->setText(text.replace(QStringLiteral("%lld"), QString::number(value)));
+    text.replace(QStringLiteral("%lld"), QString::number(value));
+    if (text == m_label->text()) return;
+    m_label->setText(text);
     m_minus->setEnabled(value > m_minimum);
     m_plus->setEnabled(value < m_maximum);
+    announceNameChange(this);
+    announceValueChange(this);
 }
 
 void Stepper::step(int by) {

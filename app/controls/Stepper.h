@@ -15,8 +15,8 @@ class TextLabel;
 class Stepper final : public QWidget, public AccessibleTraits, public FocusShape {
     Q_OBJECT
 public:
-    /// `format` holds "%lld" where the number stands; the label takes `labelWidth`, if given.
-    Stepper(const QString& format, int minimum, int maximum, int labelWidth = 0, QWidget* parent = nullptr);
+    /// `format` holds "%lld" where the number stands; the label takes `labelWidth`.
+    Stepper(const QString& format, int minimum, int maximum, int labelWidth, QWidget* parent = nullptr);
 
     int value() const { return m_value; }
     void setValue(int value);
@@ -40,7 +40,6 @@ protected:
 private:
     class Half;
     void step(int by);
-    void show(int value);
 
     QString m_format;
     int m_minimum, m_maximum;

@@ -127,7 +127,8 @@ private:
     std::optional<QFont> m_system;
     std::array<QFont, textRoleCount> m_fonts;
     mutable QCache<std::pair<TextRole, QString>, int> m_widths{mostWidths};
-    QPointer<QFocusFrame> m_ring; // lives in whatever it surrounds, and may go with it
+    /// Lives in whatever it surrounds, and may go with it.
+    QPointer<QFocusFrame> m_ring;
 };
 
 /// Short for `Theme::current()`.
