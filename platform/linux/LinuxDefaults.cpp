@@ -30,10 +30,12 @@ std::optional<QJsonObject> parsed(const std::string& bytes) {
     return document.isObject() ? std::optional(document.object()) : std::nullopt;
 }
 
-/// What earlier versions stored.
+/// What earlier versions stored. Throws std::system_error where that can't be read.
 QJsonObject earlierValues(std::filesystem::path file) {
     const QSettings settings(QString::fromStdString(file.replace_extension(".ini").string()),
                              QSettings::IniFormat);
+    if (settings.status() == QSettings::AccessError)
+        throw std::system_error(std::make_error_code(std::errc::permission_denied));
     QJsonObject values;
     for (const QString& key : settings.allKeys()) {
         const QVariant value = settings.value(key);

@@ -106,6 +106,13 @@ TEST(LinuxDefaults, theSettingsOfEarlierVersionsAreTakenOverOnceAndKept) {
     EXPECT_EQ(defaults.data("session"), everyByte());
     EXPECT_EQ(defaults.text("notes"), "new");
     EXPECT_EQ(defaults.data("hardwareKeys"), "{}");
+
+    std::filesystem::remove(folder / "Tessivo.json");
+    std::filesystem::remove(folder / "Tessivo.ini");
+    std::filesystem::create_directory(folder / "Tessivo.ini");
+    defaults.setText("notes", "lost");
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"Tessivo.ini"})
+        << "what can't be read isn't hidden";
 }
 
 TEST(LinuxDefaults, aSessionIsTheOldOneOrTheNewOneWhateverRoomIsLeftOnTheDisk) {
