@@ -39,7 +39,7 @@ bool isFiller(const std::string& value) {
     std::string plain = Text::lowercased(value);
     while (!plain.empty() && plain.back() == '.')
         plain.pop_back();
-    if (std::find(fillers.begin(), fillers.end(), plain) != fillers.end()) return true;
+    if (std::ranges::count(fillers, plain) > 0) return true;
     // "0", "00000000", "xxxxxxxx", "......", "--": one sign over and over tells nothing.
     return plain.find_first_not_of(plain.empty() ? ' ' : plain.front()) == std::string::npos;
 }

@@ -127,8 +127,7 @@ std::optional<std::int64_t> capacity(const SystemTree& tree) {
     if (!drives || drives->empty()) return std::nullopt;
     if (drives->size() == 1) return drives->front().bytes;
     std::vector<Drive> apples;
-    std::copy_if(drives->begin(), drives->end(), std::back_inserter(apples),
-                 [](const Drive& drive) { return drive.hasApplePartition; });
+    std::ranges::copy_if(*drives, std::back_inserter(apples), &Drive::hasApplePartition);
     if (apples.size() == 1) return apples.front().bytes;
     if (apples.size() != 2 || !isSoldWithFusion(tree)) return std::nullopt;
     const auto &first = apples[0].bytes, &second = apples[1].bytes;

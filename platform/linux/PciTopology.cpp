@@ -42,8 +42,7 @@ bool carriesController(const SystemTree& tree, const std::string& bridge) {
 bool isThunderboltPort(const SystemTree& tree, const std::string& bridge) {
     const auto device = tree.number(bridge + "/device", 16);
     return device && tree.number(bridge + "/vendor", 16) == intel &&
-           std::find(std::begin(thunderboltPorts), std::end(thunderboltPorts), *device) !=
-               std::end(thunderboltPorts);
+           std::ranges::count(thunderboltPorts, *device) > 0;
 }
 
 } // namespace

@@ -65,7 +65,7 @@ std::optional<std::string> trimmedText(std::optional<std::string> raw) {
     raw->erase(raw->find_last_not_of(ends) + 1);
     raw->erase(0, raw->find_first_not_of(ends));
     // Nearly all is plain, and a scan of many devices reads a thousand of them.
-    const bool isPlain = std::all_of(raw->begin(), raw->end(), [](char c) { return (c & 0x80) == 0; });
+    const bool isPlain = std::ranges::all_of(*raw, [](char c) { return (c & 0x80) == 0; });
     if (!isPlain) *raw = Text::trimmed(Text::repaired(*raw));
     if (raw->empty()) return std::nullopt;
     return raw;
@@ -144,7 +144,7 @@ std::optional<std::vector<std::string>> SystemTree::names(const std::string& fol
     for (; entries != std::filesystem::directory_iterator(); entries.increment(error))
         names.push_back(entries->path().filename().string());
     if (error) return std::nullopt;
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names);
     return names;
 }
 
