@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/session/CaptureReadings.h"
+#include "kit/hardware/CaptureDevice.h"
 #include "platform/SerialQueue.h"
 
 #include <QImage>

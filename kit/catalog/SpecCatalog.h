@@ -1,36 +1,11 @@
 #pragma once
 
-#include "kit/support/Describe.h"
+#include "kit/catalog/ModelSpec.h"
 
-#include <cstdint>
 #include <optional>
-#include <string>
 #include <unordered_map>
-#include <vector>
 
 namespace tessivo {
-
-enum class MacKind { laptop, allInOne, desktop };
-BOOST_DESCRIBE_ENUM(MacKind, laptop, allInOne, desktop)
-
-/// `intelT2` is an Intel Mac with the T2 security chip.
-enum class Processor { appleSilicon, intelT2, intel };
-BOOST_DESCRIBE_ENUM(Processor, appleSilicon, intelT2, intel)
-
-/// One row of the model table. Sizes are in table units: gigabytes below 1024; from 1024 upward 1024
-/// stands for one terabyte.
-struct ModelSpec {
-    std::vector<std::string> ids;
-    std::string name;
-    MacKind kind{};
-    std::vector<std::int64_t> storage;
-    Processor processor{};
-    std::vector<std::int64_t> fusion;
-    bool replaceableStorage = false;
-    std::vector<std::string> sources; ///< full links to the maker's pages about it, first one preferred
-
-    bool operator==(const ModelSpec&) const = default;
-};
 
 /// The program's one table of Mac models. Built once on first use; any thread. A model that isn't
 /// in it is a normal case.

@@ -23,8 +23,4 @@ struct EnrollmentStatus {
 };
 BOOST_DESCRIBE_STRUCT(EnrollmentStatus, (), (enrolledViaDEP, mdmEnrolled, mdmDetail))
 
-/// What the person read off in System Information; no program can read it.
-enum class ActivationLockAnswer { unanswered, disabled, enabled };
-BOOST_DESCRIBE_ENUM(ActivationLockAnswer, unanswered, disabled, enabled)
-
 } // namespace tessivo

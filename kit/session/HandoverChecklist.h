@@ -1,13 +1,10 @@
 #pragma once
 
-#include "kit/support/Describe.h"
+#include "kit/session/HandoverStep.h"
 
 #include <set>
 
 namespace tessivo {
-
-enum class HandoverStep { backup, music, findMy, appleAccount, bluetooth, erase, nvram };
-BOOST_DESCRIBE_ENUM(HandoverStep, backup, music, findMy, appleAccount, bluetooth, erase, nvram)
 
 /// What the seller ticked.
 struct HandoverChecklist {

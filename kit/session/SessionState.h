@@ -3,6 +3,7 @@
 #include "kit/hardware/BatteryReading.h"
 #include "kit/hardware/EnrollmentStatus.h"
 #include "kit/hardware/MachineInfo.h"
+#include "kit/session/ActivationLockAnswer.h"
 #include "kit/session/CaptureReadings.h"
 #include "kit/session/DisplayTest.h"
 #include "kit/session/EthernetTest.h"

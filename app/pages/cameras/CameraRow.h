@@ -2,6 +2,7 @@
 
 #include "app/layout/Column.h"
 #include "app/pages/cameras/CameraPreview.h"
+#include "kit/vocabulary/ManualAnswer.h"
 
 namespace tessivo {
 

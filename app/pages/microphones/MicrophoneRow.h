@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/look/Accessible.h"
-#include "kit/session/CaptureReadings.h"
+#include "kit/session/MicReading.h"
 
 #include <QWidget>
 #include <optional>

@@ -1,6 +1,7 @@
 #include "app/readers/CameraMonitor.h"
 #include "app/readers/CaptureAccess.h"
 #include "app/readers/MicMonitor.h"
+#include "kit/session/MicReading.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedControls.h"
 
