@@ -93,35 +93,45 @@ private:
         close(at);
     }
 
+    /// What a value is shows in its first letter; whether the rest is one too, when it is read.
     void add(ondemand::value value, std::string_view key, int depth) {
         const std::size_t at = m_values.size();
-        m_values.push_back({key});
-        switch (m_values[at].type = typeOf(value.type())) {
-        case Value::Type::object:
+        Value& added = m_values.emplace_back();
+        added.key = key;
+        const std::string_view token = value.raw_json_token();
+        switch (token.empty() ? '\0' : token.front()) {
+        case '{':
+            added.type = Value::Type::object;
             return addFields(valueOf<ondemand::object>(value.get_object()), at, checked(depth));
-        case Value::Type::list:
+        case '[':
+            added.type = Value::Type::list;
             return addEntries(valueOf<ondemand::array>(value.get_array()), at, checked(depth));
-        case Value::Type::text:
-            m_values[at].text = valueOf<std::string_view>(value.get_string());
+        case '"':
+            added.type = Value::Type::text;
+            added.text = valueOf<std::string_view>(value.get_string());
             break;
-        case Value::Type::number:
-            m_values[at].text = numberToken(value);
+        case 't':
+        case 'f':
+            added.type = Value::Type::boolean;
+            added.text = valueOf<bool>(value.get_bool()) ? "true" : "false";
             break;
-        case Value::Type::boolean:
-            m_values[at].text = valueOf<bool>(value.get_bool()) ? "true" : "false";
-            break;
-        case Value::Type::null:
+        case 'n':
             if (!valueOf<bool>(value.is_null())) fail(simdjson::N_ATOM_ERROR);
             break;
+        default:
+            if (token.empty() || (token.front() != '-' && (token.front() < '0' || token.front() > '9')))
+                fail(simdjson::TAPE_ERROR);
+            added.type = Value::Type::number;
+            added.text = numberToken(token);
         }
     }
 
-    /// Up to the next value or bracket, without the blanks before it.
-    static std::string_view numberToken(ondemand::value& value) {
-        std::string_view token = value.raw_json_token();
+    /// The token reaches up to the next value or bracket; the number, to the blanks before that.
+    static std::string_view numberToken(std::string_view token) {
         while (token.back() == ' ' || token.back() == '\n' || token.back() == '\r' || token.back() == '\t')
             token.remove_suffix(1);
-        if (!Number::isWellFormed(token)) throw DecodingError({}, "isn't JSON: a number is malformed");
+        if (!Number::plainWhole(token) && !Number::isWellFormed(token))
+            throw DecodingError({}, "isn't JSON: a number is malformed");
         return token;
     }
 
@@ -138,21 +148,8 @@ private:
 } // namespace
 
 const char* Value::nameOf(Type type) {
-    switch (type) {
-    case Type::null:
-        return "null";
-    case Type::boolean:
-        return "a boolean";
-    case Type::number:
-        return "a number";
-    case Type::text:
-        return "a text";
-    case Type::list:
-        return "a list";
-    case Type::object:
-        return "an object";
-    }
-    return "";
+    static constexpr const char* names[] = {"null", "a boolean", "a number", "a text", "a list", "an object"};
+    return names[std::size_t(type)];
 }
 
 struct Document::Parser {
@@ -176,7 +173,7 @@ Document::Document(std::string_view json)
 
     std::string& bytes = m_parser->bytes;
     bytes.assign(json).append(simdjson::SIMDJSON_PADDING, '\0');
-    m_values.assign(1, Value{.type = Value::Type::object});
+    m_values.assign(1, Value{{}, {}, 1, Value::Type::object});
     ondemand::document document;
     if (const auto error = m_parser->parser.iterate(bytes.data(), json.size(), bytes.size()).get(document))
         fail(error);

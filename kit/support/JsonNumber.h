@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +11,18 @@ namespace tessivo::Json::Number {
 
 /// Whether the token is a number by the grammar of JSON, whatever its size.
 bool isWellFormed(std::string_view token);
+
+/// The number of a token that is digits alone, as nearly all are; nothing for any other and for more digits
+/// than surely fit.
+inline std::optional<std::uint64_t> plainWhole(std::string_view token) {
+    if (token.size() > 18 || (token.size() > 1 && token.front() == '0')) return std::nullopt;
+    std::uint64_t number = 0;
+    for (const char letter : token) {
+        if (letter < '0' || letter > '9') return std::nullopt;
+        number = number * 10 + std::uint64_t(letter - '0');
+    }
+    return number;
+}
 
 /// The plain digits of a whole number, exact however it is written ("2000" of "2e3", "-5" of "-5.0"), at
 /// least up to 64 bits: of a larger one they only tell that it is. Nothing for one that isn't whole.

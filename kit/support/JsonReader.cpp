@@ -1,6 +1,5 @@
 #include "kit/support/JsonReader.h"
 
-#include "kit/support/JsonNumber.h"
 #include "kit/support/Text.h"
 
 namespace tessivo::Json {

@@ -4,6 +4,7 @@
 #include "kit/support/Describe.h"
 #include "kit/support/Json.h"
 #include "kit/support/JsonDocument.h"
+#include "kit/support/JsonNumber.h"
 #include "kit/support/Uuid.h"
 
 #include <charconv>
@@ -81,12 +82,11 @@ public:
 
 private:
     static T readWhole(const Value& value, const Path& path) {
-        T number{};
         if (value.type == Value::Type::number) {
-            const auto end = value.text.data() + value.text.size();
-            const auto read = std::from_chars(value.text.data(), end, number);
-            if (read.ec == std::errc() && read.ptr == end) return number; // as nearly all are written
+            const auto plain = Number::plainWhole(value.text);
+            if (plain && std::in_range<T>(*plain)) return T(*plain);
         }
+        T number{};
         const std::string digits = readDigits(value, path);
         if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ec != std::errc())
             path.fail("out of range");

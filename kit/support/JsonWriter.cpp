@@ -20,7 +20,22 @@ void append(std::string& out, Number number, Form... form) {
 }
 
 bool needsEscape(char letter) {
-    return std::uint8_t(letter) < 0x20 || letter == '"' || letter == '\\';
+    return (std::uint8_t(letter) < 0x20) | (letter == '"') | (letter == '\\');
+}
+
+/// The place of the first letter from `at` on that needs an escape, or the end.
+std::size_t nextEscape(std::string_view text, std::size_t at) {
+    constexpr std::size_t block =
+        16; // without a branch for each letter, so that the compiler takes all at once
+    for (; at + block <= text.size(); at += block) {
+        std::uint8_t found = 0;
+        for (std::size_t i = 0; i < block; ++i)
+            found |= std::uint8_t(needsEscape(text[at + i]));
+        if (found) break;
+    }
+    while (at < text.size() && !needsEscape(text[at]))
+        ++at;
+    return at;
 }
 
 void appendEscape(std::string& out, char letter) {
@@ -66,20 +81,11 @@ void Writer::writeFraction(double number) {
 }
 
 void Writer::write(std::string_view text) {
-    if (simdjson::validate_utf8(text.data(), text.size()))
-        writeValid(text);
-    else
-        writeValid(Text::repaired(text));
-}
-
-void Writer::writeValid(std::string_view text) {
     m_out += '"';
     std::size_t from = 0;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (!needsEscape(text[at])) continue;
+    for (std::size_t at; (at = nextEscape(text, from)) < text.size(); from = at + 1) {
         m_out.append(text, from, at - from);
         appendEscape(m_out, text[at]);
-        from = at + 1;
     }
     m_out.append(text, from);
     m_out += '"';
@@ -94,7 +100,7 @@ void Writer::write(Date date) {
 
 void Writer::open(char bracket) {
     m_out += bracket;
-    ++m_depth;
+    if (!m_line.empty()) m_line += "  ";
     m_isFirst = true;
 }
 
@@ -113,14 +119,20 @@ void Writer::writeName(std::string_view name) {
 void Writer::separate() {
     if (!m_isFirst) m_out += ',';
     m_isFirst = false;
-    breakLine();
+    m_out += m_line;
 }
 
 void Writer::close(char bracket) {
-    --m_depth;
-    if (!m_isFirst) breakLine();
+    if (!m_line.empty()) m_line.resize(m_line.size() - 2);
+    if (!m_isFirst) m_out += m_line;
     m_out += bracket;
     m_isFirst = false;
+}
+
+std::string Writer::take() {
+    // Texts stand between ASCII letters, so that none's broken end can join what follows.
+    if (!simdjson::validate_utf8(m_out)) m_out = Text::repaired(m_out);
+    return std::move(m_out);
 }
 
 void Writer::writeSigned(std::int64_t number) {
@@ -128,12 +140,6 @@ void Writer::writeSigned(std::int64_t number) {
 }
 void Writer::writeUnsigned(std::uint64_t number) {
     append(m_out, number);
-}
-
-void Writer::breakLine() {
-    if (m_layout == Layout::compact) return;
-    m_out += '\n';
-    m_out.append(std::size_t(m_depth) * 2, ' ');
 }
 
 } // namespace tessivo::Json

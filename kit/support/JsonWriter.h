@@ -18,7 +18,8 @@ namespace tessivo::Json {
 /// form can't hold, throws std::invalid_argument: there is no JSON for it.
 class Writer {
 public:
-    Writer(Layout layout, DateForm form) : m_layout(layout), m_form(form) {}
+    Writer(Layout layout, DateForm form)
+        : m_layout(layout), m_form(form), m_line(layout == Layout::compact ? "" : "\n") {}
 
     void write(bool flag) { m_out += flag ? "true" : "false"; }
     void write(std::signed_integral auto number) { writeSigned(number); }
@@ -96,7 +97,7 @@ public:
     void separate(); ///< before each element of a list
     void close(char bracket);
 
-    std::string take() { return std::move(m_out); }
+    std::string take();
 
 private:
     template <class A, class B>
@@ -129,14 +130,12 @@ private:
 
     void writeSigned(std::int64_t number);
     void writeUnsigned(std::uint64_t number);
-    void writeValid(std::string_view text);
     void writeName(std::string_view name); ///< of a member: nothing in it needs an escape
-    void breakLine();
 
     Layout m_layout;
     DateForm m_form;
+    std::string m_line; ///< a line feed and the blanks of this depth; empty where all is one line
     std::string m_out;
-    int m_depth = 0;
     bool m_isFirst = true;
 };
 
