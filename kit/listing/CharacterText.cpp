@@ -1,17 +1,13 @@
 #include "kit/listing/CharacterText.h"
 
+#include "kit/support/CodePoints.h"
 #include "kit/support/Text.h"
 
 #include <algorithm>
-#include <memory>
 #include <optional>
-#include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
-#include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
-#include <unicode/utext.h>
-#include <unicode/utf8.h>
 
 namespace tessivo {
 
@@ -49,76 +45,48 @@ std::string canonical(std::string_view text, Marks marks) {
 /// Without control characters, which have no width; those that are white space do, and stay.
 std::string withoutControls(std::string_view text) {
     std::string seen;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const auto byte = std::uint8_t(text[at]);
-        const auto behind = std::uint8_t(at + 1 < text.size() ? text[at + 1] : 0);
-        const bool isWhiteSpace = byte >= '\t' && byte <= '\r';
-        if ((byte < 0x20 && !isWhiteSpace) || byte == 0x7F) continue;
-        if (byte == 0xC2 && behind >= 0x80 && behind <= 0x9F && behind != 0x85)
-            ++at; // a control character of two bytes; U+0085 is white space
-        else
-            seen += text[at];
+    std::size_t from = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t here = at;
+        const UChar32 point = CodePoints::next(text, at);
+        if (point >= ' ' && point < 0x7F) continue;
+        if (u_charType(point) != U_CONTROL_CHAR || u_isUWhiteSpace(point)) continue;
+        seen.append(text, from, here - from);
+        from = at;
     }
-    return seen;
+    return seen.append(text, from);
 }
 
-/// Looks for a phrase whose letters may carry more marks in the text than its own, in whatever order marks
-/// come to stand. Both have each mark behind its letter.
-class Search {
-public:
-    struct Hit {
-        std::size_t begin, end;
-    };
+/// Goes behind the code point; U_SENTINEL, which is no mark, at the text's end.
+UChar32 pointAt(std::string_view text, std::size_t& at) {
+    return at < text.size() ? CodePoints::next(text, at) : U_SENTINEL;
+}
 
-    Search(std::string_view text, std::string_view phrase) : m_text(text), m_phrase(phrase) {}
-
-    /// The next hit behind the last one.
-    std::optional<Hit> next() {
-        while ((m_at = m_text.find(m_phrase.front(), m_at)) != std::string_view::npos) {
-            const std::size_t begin = m_at++;
-            if (const auto end = endFrom(begin)) return Hit{begin, m_at = *end};
-        }
-        m_at = m_text.size();
-        return std::nullopt;
+/// The place behind the phrase where it begins at `at`. Both have each mark behind its letter; the letters
+/// may carry more marks in the text than in the phrase, in whatever order marks come to stand.
+std::optional<std::size_t> behindPhrase(std::string_view text, std::size_t at, std::string_view phrase) {
+    for (std::size_t wanted = 0; wanted < phrase.size();) {
+        const UChar32 point = pointAt(phrase, wanted);
+        UChar32 found = pointAt(text, at);
+        while (found != point && (U_GET_GC_MASK(found) & U_GC_M_MASK))
+            found = pointAt(text, at);
+        if (found != point) return std::nullopt;
     }
+    return at;
+}
 
-private:
-    std::optional<std::size_t> endFrom(std::size_t at) const {
-        for (std::size_t wanted = 0; wanted < m_phrase.size();) {
-            const UChar32 point = pointAt(m_phrase, wanted);
-            UChar32 found = pointAt(m_text, at);
-            while (found != point && (U_GET_GC_MASK(found) & U_GC_M_MASK))
-                found = pointAt(m_text, at);
-            if (found != point) return std::nullopt;
-        }
-        return at;
-    }
-
-    /// Goes behind it; U_SENTINEL, which is no mark, at the text's end.
-    static UChar32 pointAt(std::string_view text, std::size_t& at) {
-        if (at >= text.size()) return U_SENTINEL;
-        UChar32 point = U_SENTINEL;
-        U8_NEXT(text.data(), at, text.size(), point);
-        return point;
-    }
-
-    std::string_view m_text, m_phrase;
-    std::size_t m_at = 0;
-};
-
-icu::BreakIterator* characterIterator() {
-    static thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        return std::unique_ptr<icu::BreakIterator>(
-            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    }();
-    return iterator.get();
+bool isPlainLetterOrDigit(char letter) {
+    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
+           (letter >= '0' && letter <= '9');
 }
 
 } // namespace
 
 CharacterText::CharacterText(std::string_view text)
-    : m_text(canonical(text, Marks::joined)), m_letters(canonical(text, Marks::apart)) {}
+    : m_text(canonical(text, Marks::joined)), m_letters(canonical(text, Marks::apart)) {
+    for (std::size_t at = 0; at < m_letters.size(); ++at)
+        if (at == 0 || !isPlainLetterOrDigit(m_letters[at - 1])) m_starts.push_back(at);
+}
 
 bool CharacterText::keeps(std::string_view phrase) const {
     const std::string wanted = canonical(phrase, Marks::joined);
@@ -128,17 +96,22 @@ bool CharacterText::keeps(std::string_view phrase) const {
 }
 
 bool CharacterText::says(std::string_view phrase) const {
-    return Search(m_letters, canonical(phrase, Marks::apart)).next().has_value();
+    const std::string unwanted = canonical(phrase, Marks::apart);
+    for (std::size_t at = 0; (at = m_letters.find(unwanted.front(), at)) != std::string::npos; ++at)
+        if (behindPhrase(m_letters, at, unwanted)) return true;
+    return false;
 }
 
 bool CharacterText::saysWord(std::string_view phrase) const {
     const std::string unwanted = canonical(phrase, Marks::apart);
     const std::string_view text = m_letters;
-    Search search(text, unwanted);
-    while (const auto hit = search.next())
-        if (!Text::endsWithLetterOrNumber(text.substr(0, hit->begin)) &&
-            !Text::beginsWithLetterOrNumber(text.substr(hit->end)))
+    for (const std::size_t at : m_starts) {
+        if (text[at] != unwanted.front()) continue;
+        const auto behind = behindPhrase(text, at, unwanted);
+        if (behind && !Text::endsWithLetterOrNumber(text.substr(0, at)) &&
+            !Text::beginsWithLetterOrNumber(text.substr(*behind)))
             return true;
+    }
     return false;
 }
 
@@ -152,20 +125,9 @@ std::string CharacterText::inPlainLetters(std::string_view text) {
 
 bool CharacterText::isBoundary(std::size_t at) const {
     if (at == 0 || at == m_text.size()) return true;
-    const char before = m_text[at - 1], after = m_text[at];
     // A blank bounds even a phrase that begins with a combining mark: the mark would else belong to the
     // blank, and the phrase couldn't be found in the very text it was taken from.
-    if (before == ' ' || after == ' ') return true;
-    if (isASCII(before) && isASCII(after)) return !(before == '\r' && after == '\n');
-    icu::BreakIterator* const iterator = characterIterator();
-    if (!iterator) return true;
-    UErrorCode status = U_ZERO_ERROR;
-    UText view = UTEXT_INITIALIZER;
-    utext_openUTF8(&view, m_text.data(), std::int64_t(m_text.size()), &status);
-    iterator->setText(&view, status);
-    const bool boundary = U_FAILURE(status) || iterator->isBoundary(std::int32_t(at));
-    utext_close(&view);
-    return boundary;
+    return m_text[at - 1] == ' ' || m_text[at] == ' ' || Text::isBoundary(m_text, at);
 }
 
 } // namespace tessivo

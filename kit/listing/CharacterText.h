@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tessivo {
 
@@ -30,8 +31,9 @@ public:
 private:
     bool isBoundary(std::size_t at) const;
 
-    std::string m_text;    ///< letters and their marks joined
-    std::string m_letters; ///< each mark behind its letter
+    std::string m_text;                ///< letters and their marks joined
+    std::string m_letters;             ///< each mark behind its letter
+    std::vector<std::size_t> m_starts; ///< places in it where a word may begin
 };
 
 } // namespace tessivo

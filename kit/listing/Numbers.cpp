@@ -1,27 +1,22 @@
 #include "kit/listing/Numbers.h"
 
-#include <algorithm>
-#include <cstdint>
+#include "kit/support/CodePoints.h"
+
 #include <set>
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
 
 namespace tessivo::Numbers {
 
 namespace {
 
+bool isDigit(UChar32 point) {
+    return point < 0x80 ? point >= '0' && point <= '9' : u_charType(point) == U_DECIMAL_DIGIT_NUMBER;
+}
+
 /// Behind the run of decimal digits, of any script, that begins at `at`; `at` itself where none does.
 std::size_t behindDigits(std::string_view text, std::size_t at) {
-    while (at < text.size()) {
-        // A code point is at most four bytes, so a short window serves texts of any length.
-        const auto* window = reinterpret_cast<const std::uint8_t*>(text.data()) + at;
-        const auto length = std::int32_t(std::min<std::size_t>(text.size() - at, 4));
-        std::int32_t used = 0;
-        UChar32 point;
-        U8_NEXT(window, used, length, point);
-        if (point < 0 || u_charType(point) != U_DECIMAL_DIGIT_NUMBER) break;
-        at += std::size_t(used);
-    }
+    for (std::size_t behind = at; at < text.size(); at = behind)
+        if (!isDigit(CodePoints::next(text, behind))) break;
     return at;
 }
 
@@ -32,9 +27,7 @@ std::vector<std::string> find(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         std::size_t end = behindDigits(text, at);
         if (end == at) {
-            do // on to the next code point
-                ++at;
-            while (at < text.size() && U8_IS_TRAIL(text[at]));
+            CodePoints::next(text, at);
             continue;
         }
         while (end < text.size() && (text[end] == '.' || text[end] == ',')) {

@@ -18,50 +18,48 @@ using Case = GuardIssue::Case;
 /// What a model says that repeats its own instructions.
 constexpr const char* promptPhrases[] = {"word for word", "palabra por palabra", "these phrases must appear"};
 
-constexpr const char* bannedClaims[] = {
-    "like new",
-    "brand new",
-    "mint",
-    "flawless",
-    "perfect",
-    "perfectly",
-    "pristine",
-    "excellent condition",
-    "great condition",
-    "certified",
-    "verified",
-    "guarantee",
-    "guaranteed",
-    "warranty",
-    "applecare",
-    "refurbished",
-    "fully functional",
-    "everything works",
-    "all tests passed",
-    "passed all",
-    "no scratches",
-    "100%",
-    "excellent",
-    "good condition",
-    "good shape",
-    "great shape",
-    "works great",
-    "como nuevo",
-    "nuevo",
-    "perfecto",
-    "perfecta",
-    "impecable",
-    "certificado",
-    "verificado",
-    "garantía",
-    "garantizado",
-    "reacondicionado",
-    "todo funciona",
-    "sin rayones",
-    "excelente",
-    "buen estado",
-    "pasó todas",
-};
+constexpr const char* bannedClaims[] = {"like new",
+                                        "brand new",
+                                        "mint",
+                                        "flawless",
+                                        "perfect",
+                                        "perfectly",
+                                        "pristine",
+                                        "excellent condition",
+                                        "great condition",
+                                        "certified",
+                                        "verified",
+                                        "guarantee",
+                                        "guaranteed",
+                                        "warranty",
+                                        "applecare",
+                                        "refurbished",
+                                        "fully functional",
+                                        "everything works",
+                                        "all tests passed",
+                                        "passed all",
+                                        "no scratches",
+                                        "100%",
+                                        "excellent",
+                                        "good condition",
+                                        "good shape",
+                                        "great shape",
+                                        "works great",
+                                        "como nuevo",
+                                        "nuevo",
+                                        "perfecto",
+                                        "perfecta",
+                                        "impecable",
+                                        "certificado",
+                                        "verificado",
+                                        "garantía",
+                                        "garantizado",
+                                        "reacondicionado",
+                                        "todo funciona",
+                                        "sin rayones",
+                                        "excelente",
+                                        "buen estado",
+                                        "pasó todas"};
 static_assert(std::size(bannedClaims) == 42);
 
 /// Claims only where the report has a problem.
@@ -133,7 +131,7 @@ std::string WordingGuard::normalized(const std::string& text) {
     std::string form = Text::lowercased(text);
     for (const auto& [what, with] : replacements)
         form = Text::replaced(form, what, with);
-    return Text::joined(Text::words(form), " ");
+    return Text::collapsed(form);
 }
 
 std::vector<GuardIssue> WordingGuard::check(const std::string& text, const ListingWriteUp& writeUp) {
@@ -141,7 +139,8 @@ std::vector<GuardIssue> WordingGuard::check(const std::string& text, const Listi
     if (norm.empty()) return {{Case::empty, {}}};
 
     std::vector<GuardIssue> issues;
-    if (Text::characterCount(text) > 2 * Text::characterCount(writeUp.text) + 200)
+    const std::size_t longest = 2 * Text::characterCount(writeUp.text) + 200;
+    if (text.size() > longest && Text::characterCount(text) > longest) // no character is less than a byte
         issues.push_back({Case::tooLong, {}});
 
     const Wording reworded(norm), original(normalized(writeUp.text));

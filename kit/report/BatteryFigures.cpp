@@ -1,40 +1,19 @@
 #include "kit/report/BatteryFigures.h"
 
+#include "kit/support/CodePoints.h"
+
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
 
 namespace tessivo {
 namespace {
 
 constexpr UChar32 none = 0;
 
-UChar32 next(std::string_view text, std::size_t& at) {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data()) + at;
-    const auto length = std::int32_t(std::min<std::size_t>(text.size() - at, 4));
-    std::int32_t used = 0;
-    UChar32 point;
-    U8_NEXT_OR_FFFD(bytes, used, length, point);
-    at += std::size_t(used);
-    return point;
-}
-
 /// What the languages of the world put between groups of digits.
 bool isSeparator(UChar32 point) {
-    switch (point) {
-    case ',':
-    case '.':
-    case '\'':
-    case ' ':
-    case 0x00A0: // no-break space
-    case 0x2009: // thin space
-    case 0x2019: // right single quotation mark
-    case 0x202F: // narrow no-break space
-    case 0x066C: // Arabic thousands separator
-    case 0xFF0C: // fullwidth comma
-        return true;
-    default:
-        return false;
-    }
+    // Also the no-break, thin and narrow blanks, the apostrophe of print, the Arabic mark and the wide comma.
+    constexpr std::u32string_view separators = U",.' \u00A0\u2009\u2019\u202F\u066C\uFF0C";
+    return separators.find(char32_t(point)) != separators.npos;
 }
 
 /// The text between two others, of which the first is searched from the front; nothing where one is missing.
@@ -76,7 +55,7 @@ std::optional<std::int64_t> BatteryFigures::wholeNumber(std::string_view text) {
     UChar32 zero = none; // of the digits in use
     int inGroup = 0, groups = 0;
     for (std::size_t at = 0; at < text.size();) {
-        const UChar32 point = next(text, at);
+        const UChar32 point = CodePoints::next(text, at);
         const std::int32_t digit = u_charDigitValue(point);
         if (digit < 0) {
             // Groups are of three digits; only the first is shorter, and in India all but the last have two.

@@ -1,7 +1,10 @@
 #include "kit/support/Text.h"
 
+#include "kit/support/CodePoints.h"
 #include "kit/support/UserLocale.h"
 
+#include <boost/algorithm/string/join.hpp>
+#include <boost/algorithm/string/replace.hpp>
 #include <charconv>
 #include <cmath>
 #include <memory>
@@ -12,48 +15,25 @@
 #include <unicode/numberformatter.h>
 #include <unicode/uchar.h>
 #include <unicode/utext.h>
-#include <unicode/utf8.h>
 
 namespace tessivo::Text {
 
 namespace {
 
+using CodePoints::next, CodePoints::previous;
+
 constexpr UChar32 replacement = 0xFFFD;
 
-bool isASCII(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char letter) { return (letter & 0x80) == 0; });
-}
-
-/// The code point at `at`, which moves behind it; U+FFFD for an invalid sequence.
-UChar32 next(std::string_view text, std::size_t& at) {
-    const auto byte = std::uint8_t(text[at]);
-    if (byte < 0x80) {
-        ++at;
-        return byte;
-    }
-    // A sequence is at most four bytes, so a short window serves texts of any length.
-    const auto* window = reinterpret_cast<const std::uint8_t*>(text.data()) + at;
-    const auto length = std::int32_t(std::min<std::size_t>(text.size() - at, 4));
-    std::int32_t used = 0;
-    UChar32 point;
-    U8_NEXT_OR_FFFD(window, used, length, point);
-    at += std::size_t(used);
-    return point;
-}
-
-/// The code point before `at`, which moves in front of it.
-UChar32 previous(std::string_view text, std::size_t& at) {
-    const std::size_t start = at > 4 ? at - 4 : 0;
-    const auto* window = reinterpret_cast<const std::uint8_t*>(text.data()) + start;
-    auto place = std::int32_t(at - start);
-    UChar32 point;
-    U8_PREV_OR_FFFD(window, 0, place, point);
-    at = start + std::size_t(place);
-    return point;
+bool isASCII(char letter) {
+    return (letter & 0x80) == 0;
 }
 
 bool isLineBreak(UChar32 point) {
     return (point >= 0x0A && point <= 0x0D) || point == 0x85 || point == 0x2028 || point == 0x2029;
+}
+
+bool isWhiteSpace(UChar32 point) {
+    return point < 0x80 ? point == ' ' || (point >= '\t' && point <= '\r') : bool(u_isUWhiteSpace(point));
 }
 
 bool isLetterOrNumber(UChar32 point) {
@@ -77,30 +57,28 @@ std::string trimmedWhere(std::string_view text, Drop drop) {
     return std::string(text.substr(begin, end - begin));
 }
 
-template <class Separates>
-std::vector<std::string> pieces(std::string_view text, Separates separates) {
-    std::vector<std::string> found;
+/// Uses each piece between the separators that isn't empty.
+template <class Separates, class Use>
+void forEachPiece(std::string_view text, Separates separates, Use use) {
     std::size_t begin = 0;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t here = at;
         if (!separates(next(text, at))) continue;
-        if (here > begin) found.emplace_back(text.substr(begin, here - begin));
+        if (here > begin) use(text.substr(begin, here - begin));
         begin = at;
     }
-    if (begin < text.size()) found.emplace_back(text.substr(begin));
-    return found;
+    if (begin < text.size()) use(text.substr(begin));
 }
 
 enum class CaseForm { lower, upper };
 
 std::string cased(std::string_view text, CaseForm form) {
     std::string result;
-    if (isASCII(text)) {
+    if (std::ranges::all_of(text, isASCII)) {
         result.assign(text);
-        for (char& letter : result) {
-            if (form == CaseForm::lower ? letter >= 'A' && letter <= 'Z' : letter >= 'a' && letter <= 'z')
-                letter ^= 0x20;
-        }
+        const char first = form == CaseForm::lower ? 'A' : 'a';
+        for (char& letter : result)
+            if (std::uint8_t(letter - first) < 26) letter ^= 0x20;
         return result;
     }
     if (!simdjson::validate_utf8(text)) return cased(repaired(text), form);
@@ -114,30 +92,36 @@ std::string cased(std::string_view text, CaseForm form) {
     return U_SUCCESS(status) ? result : std::string(text);
 }
 
-/// Walks user-perceived characters. Making the iterator is dear, so each thread keeps one.
+/// The boundaries between user-perceived characters. Making the iterator is dear, so each thread keeps one.
 class Characters {
 public:
     explicit Characters(std::string_view text) {
         UErrorCode status = U_ZERO_ERROR;
         utext_openUTF8(&m_text, text.data(), std::int64_t(text.size()), &status);
-        iterator().setText(&m_text, status);
+        iterator->setText(&m_text, status);
     }
     ~Characters() { utext_close(&m_text); }
     Characters(const Characters&) = delete;
     Characters& operator=(const Characters&) = delete;
 
-    static icu::BreakIterator& iterator() {
-        static thread_local const std::unique_ptr<icu::BreakIterator> shared = [] {
-            UErrorCode status = U_ZERO_ERROR;
-            return std::unique_ptr<icu::BreakIterator>(
-                icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-        }();
-        return *shared;
-    }
+    icu::BreakIterator* operator->() const { return iterator.get(); }
 
 private:
+    static thread_local const std::unique_ptr<icu::BreakIterator> iterator;
     UText m_text = UTEXT_INITIALIZER;
 };
+
+thread_local const std::unique_ptr<icu::BreakIterator> Characters::iterator = [] {
+    UErrorCode status = U_ZERO_ERROR;
+    return std::unique_ptr<icu::BreakIterator>(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+}();
+
+/// There is a boundary between any two ASCII letters, except in CRLF.
+bool isASCIIBoundary(std::string_view text, std::size_t at) {
+    const char before = text[at - 1], after = text[at];
+    return isASCII(before) && isASCII(after) && !(before == '\r' && after == '\n');
+}
 
 /// Marks and joiners belong to the character before them, or to that behind them.
 bool belongsToANeighbour(UChar32 point) {
@@ -177,7 +161,7 @@ std::string uppercased(std::string_view text) {
 }
 
 std::string trimmed(std::string_view text) {
-    return trimmedWhere(text, [](UChar32 point) { return bool(u_isUWhiteSpace(point)); });
+    return trimmedWhere(text, isWhiteSpace);
 }
 
 std::string trimmedBlanks(std::string_view text) {
@@ -200,36 +184,52 @@ std::string repaired(std::string_view bytes) {
 }
 
 std::vector<std::string> lines(std::string_view text) {
-    return pieces(text, isLineBreak);
+    std::vector<std::string> found;
+    forEachPiece(text, isLineBreak, [&](std::string_view line) { found.emplace_back(line); });
+    return found;
 }
 
-std::vector<std::string> words(std::string_view text) {
-    return pieces(text, [](UChar32 point) { return bool(u_isUWhiteSpace(point)); });
+std::string collapsed(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    forEachPiece(text, isWhiteSpace, [&](std::string_view word) {
+        if (!result.empty()) result += ' ';
+        result += word;
+    });
+    return result;
 }
 
 std::size_t characterCount(std::string_view text) {
     std::size_t count = 0;
-    if (isASCII(text)) {
-        for (std::size_t i = 0; i < text.size(); ++i)
-            count += !(text[i] == '\n' && i > 0 && text[i - 1] == '\r');
-        return count;
+    for (std::size_t at = 0, end; at < text.size(); at = end) {
+        for (end = at + 1; end < text.size() && !isASCIIBoundary(text, end);)
+            ++end;
+        // Only what isn't ASCII, with its neighbours, takes more than a look.
+        if (std::all_of(text.begin() + at, text.begin() + end, isASCII)) {
+            ++count;
+        } else {
+            const Characters characters(text.substr(at, end - at));
+            while (characters->next() != icu::BreakIterator::DONE)
+                ++count;
+        }
     }
-    const Characters characters(text);
-    for (auto& iterator = Characters::iterator(); iterator.next() != icu::BreakIterator::DONE;)
-        ++count;
     return count;
+}
+
+bool isBoundary(std::string_view text, std::size_t at) {
+    if (at == 0 || at >= text.size() || isASCIIBoundary(text, at)) return true;
+    return Characters(text)->isBoundary(std::int32_t(at));
 }
 
 bool endsWithLetterOrNumber(std::string_view before) {
     if (before.empty()) return false;
-    if (isASCII(before.substr(before.size() - 1))) return isLetterOrNumber(before.back());
+    if (isASCII(before.back())) return isLetterOrNumber(before.back());
     // A character of more than a few hundred bytes is nobody's letter; the window keeps this cheap.
     std::size_t start = before.size() > 1024 ? before.size() - 1024 : 0;
     while (start > 0 && U8_IS_TRAIL(before[start]))
         --start;
     const std::string_view window = before.substr(start);
-    const Characters characters(window);
-    const auto at = Characters::iterator().preceding(std::int32_t(window.size()));
+    const auto at = Characters(window)->preceding(std::int32_t(window.size()));
     return isLetterOrNumberAt(window, at == icu::BreakIterator::DONE ? 0 : std::size_t(at));
 }
 
@@ -238,24 +238,14 @@ bool beginsWithLetterOrNumber(std::string_view after) {
 }
 
 std::string replaced(std::string_view text, std::string_view what, std::string_view with) {
-    if (what.empty()) return std::string(text);
-    std::string result;
-    std::size_t from = 0;
-    for (std::size_t at; (at = text.find(what, from)) != std::string_view::npos; from = at + what.size()) {
-        result.append(text, from, at - from);
-        result.append(with);
-    }
-    result.append(text, from);
+    std::string result(text);
+    // Most texts don't hold it, and the library's search is a slow one.
+    if (result.find(what) != std::string::npos) boost::algorithm::replace_all(result, what, with);
     return result;
 }
 
 std::string joined(const std::vector<std::string>& pieces, std::string_view separator) {
-    std::string result;
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        if (i > 0) result.append(separator);
-        result.append(pieces[i]);
-    }
-    return result;
+    return boost::algorithm::join(pieces, separator);
 }
 
 std::string grouped(std::int64_t number) {

@@ -25,11 +25,14 @@ std::string repaired(std::string_view bytes);
 /// Lines split at U+000A, U+000B, U+000C, U+000D, U+0085, U+2028, U+2029; empty lines dropped.
 std::vector<std::string> lines(std::string_view text);
 
-/// The pieces between runs of Unicode white space, none of them empty.
-std::vector<std::string> words(std::string_view text);
+/// Each run of Unicode white space as a single blank, none at either end.
+std::string collapsed(std::string_view text);
 
 /// How many user-perceived characters the text has; CRLF and an emoji family count as one.
 std::size_t characterCount(std::string_view text);
+
+/// Whether no user-perceived character reaches over that place. Both ends are boundaries.
+bool isBoundary(std::string_view text, std::size_t at);
 
 /// Whether the last, or the first, user-perceived character of the text is a letter or a number in the
 /// Unicode sense, whatever marks it carries; marks that the text begins with are another character's. An
