@@ -2,6 +2,8 @@
 
 #include "kit/hardware/RegistryNames.h"
 
+#include <iterator>
+
 namespace tessivo {
 namespace {
 
@@ -38,23 +40,10 @@ bool USBDevice::isInternalHub() const {
 }
 
 std::optional<std::string> USBDevice::speedText() const {
-    if (!speed) return std::nullopt;
-    switch (*speed) {
-    case 0:
-        return "1.5 Mb/s (USB 1)";
-    case 1:
-        return "12 Mb/s (USB 1)";
-    case 2:
-        return "480 Mb/s (USB 2)";
-    case 3:
-        return "5 Gb/s (USB 3)";
-    case 4:
-        return "10 Gb/s (USB 3)";
-    case 5:
-        return "20 Gb/s (USB 3)";
-    default:
-        return std::nullopt;
-    }
+    static constexpr const char* texts[] = {"1.5 Mb/s (USB 1)", "12 Mb/s (USB 1)", "480 Mb/s (USB 2)",
+                                            "5 Gb/s (USB 3)",   "10 Gb/s (USB 3)", "20 Gb/s (USB 3)"};
+    if (!speed || *speed < 0 || *speed >= std::ssize(texts)) return std::nullopt;
+    return texts[*speed];
 }
 
 std::string USBDevice::summary() const {

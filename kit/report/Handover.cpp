@@ -8,25 +8,17 @@ struct StepContent {
     const char* symbol;
 };
 
-StepContent content(HandoverStep step) {
-    switch (step) {
-    case HandoverStep::backup:
-        return {"Back up your files", "externaldrive.badge.timemachine"};
-    case HandoverStep::music:
-        return {"Deauthorize this Mac for your purchases", "music.note"};
-    case HandoverStep::findMy:
-        return {"Turn off Find My Mac", "location.slash"};
-    case HandoverStep::appleAccount:
-        return {"Sign out of your Apple Account (iCloud)", "person.crop.circle.badge.minus"};
-    case HandoverStep::bluetooth:
-        return {"Unpair Bluetooth accessories you're keeping", "dot.radiowaves.left.and.right"};
-    case HandoverStep::erase:
-        return {"Erase the Mac", "trash"};
-    case HandoverStep::nvram:
-        return {"Reset NVRAM (Intel Macs)", "memorychip"};
-    }
-    return {"", ""};
-}
+/// In the order of the steps.
+constexpr StepContent contents[] = {
+    {"Back up your files", "externaldrive.badge.timemachine"},
+    {"Deauthorize this Mac for your purchases", "music.note"},
+    {"Turn off Find My Mac", "location.slash"},
+    {"Sign out of your Apple Account (iCloud)", "person.crop.circle.badge.minus"},
+    {"Unpair Bluetooth accessories you're keeping", "dot.radiowaves.left.and.right"},
+    {"Erase the Mac", "trash"},
+    {"Reset NVRAM (Intel Macs)", "memorychip"},
+};
+static_assert(std::size(contents) == allCases<HandoverStep>().size());
 
 const char* eraseText(EraseMethod method) {
     switch (method) {
@@ -83,11 +75,11 @@ std::vector<HelpLink> eraseLinks(EraseMethod method) {
 } // namespace
 
 const char* title(HandoverStep step) {
-    return content(step).title;
+    return contents[std::size_t(step)].title;
 }
 
 const char* symbol(HandoverStep step) {
-    return content(step).symbol;
+    return contents[std::size_t(step)].symbol;
 }
 
 std::vector<HandoverStep> Handover::steps(const MachineInfo& machine) {

@@ -79,20 +79,9 @@ std::string ReportText::dateText(Date date, const std::string& timeZone) {
 }
 
 const char* ReportText::mark(TestStatus status) {
-    switch (status) {
-    case TestStatus::notRun:
-    case TestStatus::unfinished:
-        return "[  ]";
-    case TestStatus::works:
-        return "[OK]";
-    case TestStatus::problem:
-        return "[!!]";
-    case TestStatus::checkByHand:
-        return "[??]";
-    case TestStatus::notIncluded:
-        return "[--]";
-    }
-    return "[  ]";
+    static constexpr const char* marks[] = {"[  ]", "[  ]", "[OK]", "[!!]", "[??]", "[--]"};
+    static_assert(std::size(marks) == allCases<TestStatus>().size());
+    return marks[std::size_t(status)];
 }
 
 } // namespace tessivo

@@ -23,27 +23,17 @@ std::array<Results, testCount> byTest(const ConditionReport& report) {
 }
 
 /// The worst first: what a test is taken for where it stands twice.
-int rank(TestStatus status) {
-    switch (status) {
-    case TestStatus::problem:
-        return 0;
-    case TestStatus::notIncluded:
-        return 1;
-    case TestStatus::checkByHand:
-        return 2;
-    case TestStatus::unfinished:
-        return 3;
-    case TestStatus::notRun:
-        return 4;
-    case TestStatus::works:
-        return 5;
-    }
-    return 0;
+constexpr TestStatus ranks[] = {TestStatus::problem,    TestStatus::notIncluded, TestStatus::checkByHand,
+                                TestStatus::unfinished, TestStatus::notRun,      TestStatus::works};
+static_assert(std::size(ranks) == allCases<TestStatus>().size());
+
+auto rank(TestStatus status) {
+    return std::ranges::find(ranks, status) - std::begin(ranks);
 }
 
 /// The results that count: those of the worst status.
 Results worst(const Results& results) {
-    int least = rank(TestStatus::works);
+    auto least = rank(TestStatus::works);
     for (const TestResult* result : results)
         least = std::min(least, rank(result->status));
     Results found;

@@ -10,22 +10,19 @@ struct Look {
     bool done;
 };
 
-constexpr Look look(TestStatus status) {
-    switch (status) {
-    case TestStatus::notRun:
-        return {"Not run", "circle", Tint::secondary, false};
-    case TestStatus::unfinished:
-        return {"Not finished", "circle.lefthalf.filled", Tint::blue, false};
-    case TestStatus::works:
-        return {"Works", "checkmark.circle.fill", Tint::green, true};
-    case TestStatus::problem:
-        return {"Problem", "xmark.octagon.fill", Tint::red, true};
-    case TestStatus::checkByHand:
-        return {"Check by hand", "hand.raised.circle.fill", Tint::orange, false};
-    case TestStatus::notIncluded:
-        return {"Not included", "minus.circle", Tint::secondary, true};
-    }
-    return {"", "", Tint::secondary, false};
+/// In the order of the cases.
+constexpr Look looks[] = {
+    {"Not run", "circle", Tint::secondary, false},
+    {"Not finished", "circle.lefthalf.filled", Tint::blue, false},
+    {"Works", "checkmark.circle.fill", Tint::green, true},
+    {"Problem", "xmark.octagon.fill", Tint::red, true},
+    {"Check by hand", "hand.raised.circle.fill", Tint::orange, false},
+    {"Not included", "minus.circle", Tint::secondary, true},
+};
+static_assert(std::size(looks) == allCases<TestStatus>().size());
+
+const Look& look(TestStatus status) {
+    return looks[std::size_t(status)];
 }
 
 } // namespace
