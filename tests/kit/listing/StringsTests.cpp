@@ -1,44 +1,17 @@
+#include "kit/Samples.h"
 #include "kit/listing/Lang.h"
 #include "kit/listing/Numbers.h"
 #include "kit/listing/Strings.h"
 #include "kit/listing/WordingGuard.h"
+#include "kit/listing/WordingPolish.h"
 #include "kit/support/Text.h"
-#include "kit/vocabulary/TestID.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <regex>
-#include <set>
 
 using namespace tessivo;
 
 namespace {
-
-using Keys = std::set<std::string>;
-
-Keys titles() {
-    Keys keys;
-    for (const TestID test : allCases<TestID>())
-        keys.insert(title(test));
-    return keys;
-}
-
-/// What the pattern's first group finds in the sources whose path begins so, once literals that run over
-/// several lines are joined.
-Keys literals(const std::string& beginning, const char* pattern) {
-    Keys found;
-    const std::filesystem::path start = TESSIVO_SOURCE + beginning;
-    const auto folder = std::filesystem::is_directory(start) ? start : start.parent_path();
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        const std::string path = entry.path();
-        if (!path.starts_with(start.native()) || !path.ends_with(".cpp")) continue;
-        const std::string text = std::regex_replace(bytesOf(path), std::regex("\"\\s*\\n\\s*\""), "");
-        const std::regex literal(pattern);
-        for (std::sregex_iterator match(text.begin(), text.end(), literal), end; match != end; ++match)
-            found.insert((*match)[1]);
-    }
-    return found;
-}
 
 std::map<std::string, std::string> shippedTable() {
     return Strings::loadTable({TESSIVO_SOURCE "/kit/resources/strings-es.json"});
@@ -55,22 +28,48 @@ std::string inEnglish(const std::string& key, const std::vector<std::string>& ar
     return Lang::with("en", [&] { return Strings::tr(key, arguments); });
 }
 
-/// The keys that the listing, the guard and the pages ask for, as they stand in their sources.
-Keys askedFor() {
-    Keys keys = titles();
-    keys.merge(literals("/kit", R"re(\btr\(\s*"([^"]*)")re"));
-    keys.merge(literals("/app/pages", R"re((?:\bwords|Strings::tr)\(\s*"([^"]*)")re"));
-    return keys;
+/// What the words are in English and in Spanish.
+template <class Words>
+std::pair<std::string, std::string> inBoth(Words words) {
+    return {Lang::with("en", words), Lang::with("es", words)};
 }
 
 } // namespace
 
-TEST(SpanishTable, holdsExactlyTheSixtyKeysThatAreAskedFor) {
-    Keys held;
-    for (const auto& [key, value] : shippedTable())
-        held.insert(key);
-    EXPECT_EQ(held, askedFor());
-    EXPECT_EQ(held.size(), 60u);
+TEST(SpanishTable, leavesNothingOfTheListingOrTheGuardInEnglish) {
+    ConditionReport report;
+    report.machine = Samples::machine();
+    report.machine.modelID = "X1";
+    report.notes = "ñ";
+    for (const TestStatus status : allCases<TestStatus>())
+        for (const TestID test : allCases<TestID>())
+            report.results.push_back({test, status, "ñ", {}, {}});
+    const auto listed = [&](const std::vector<TestResult>& results) {
+        report.results = results;
+        return inBoth([&] { return ListingTemplate::make(report, true).text; });
+    };
+    // Facts, and what is alike in both languages.
+    const auto isAlike = [](const std::string& line) {
+        return line == "ñ" || line.starts_with("- macOS: ") || line.starts_with("- Chip: ") ||
+               line.starts_with("- Trackpad");
+    };
+    for (const auto& [english, spanish] : {listed(report.results), listed({})}) {
+        const auto lines = Text::lines(english), words = Text::lines(spanish);
+        ASSERT_EQ(lines.size(), words.size());
+        for (std::size_t i = 0; i < lines.size(); ++i)
+            if (!isAlike(lines[i])) {
+                EXPECT_NE(lines[i], words[i]);
+            }
+    }
+    for (const auto kind : allCases<GuardIssue::Case>()) {
+        const auto [english, spanish] = inBoth([&] { return GuardIssue{kind, "7"}.message(); });
+        EXPECT_NE(english, spanish);
+    }
+    for (const auto availability :
+         {WordingAvailability::turnedOff, WordingAvailability::notReady, WordingAvailability::unsupported}) {
+        const auto [english, spanish] = inBoth([&] { return *availabilityMessage(availability); });
+        EXPECT_NE(english, spanish);
+    }
 }
 
 TEST(SpanishTable, keepsThePlaceholdersAndTheQuotesOfItsKeys) {
