@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <simdjson.h>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -84,6 +85,56 @@ void reportDecode(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * std::int64_t(text.size()));
 }
 BENCHMARK(reportDecode)->Unit(benchmark::kMicrosecond);
+
+/// The floors of decoding: the parser comes to every value and reads none; the value is copied.
+void pass(simdjson::ondemand::value value) {
+    switch (value.type()) {
+    case simdjson::ondemand::json_type::object:
+        for (auto field : value.get_object()) {
+            benchmark::DoNotOptimize(field.key().value());
+            pass(field.value());
+        }
+        break;
+    case simdjson::ondemand::json_type::array:
+        for (auto entry : value.get_array())
+            pass(entry.value());
+        break;
+    default:
+        benchmark::DoNotOptimize(value.raw_json_token());
+    }
+}
+
+void timePass(benchmark::State& state, const std::string& text) {
+    const simdjson::padded_string bytes(text);
+    simdjson::ondemand::parser parser;
+    for (auto _ : state) {
+        auto document = parser.iterate(bytes);
+        pass(document.get_value().value());
+    }
+}
+template <class Value>
+void timeCopy(benchmark::State& state, const Value& value) {
+    for (auto _ : state) {
+        Value copy = value;
+        benchmark::DoNotOptimize(copy);
+    }
+}
+void sessionPass(benchmark::State& state) {
+    timePass(state, Samples::session().encode());
+}
+BENCHMARK(sessionPass)->Unit(benchmark::kMicrosecond);
+void sessionCopy(benchmark::State& state) {
+    timeCopy(state, Samples::session());
+}
+BENCHMARK(sessionCopy)->Unit(benchmark::kMicrosecond);
+void reportPass(benchmark::State& state) {
+    timePass(state, HistoryStore::encode(reportOfSize(7'000)));
+}
+BENCHMARK(reportPass)->Unit(benchmark::kMicrosecond);
+void reportCopy(benchmark::State& state) {
+    timeCopy(state, reportOfSize(7'000));
+}
+BENCHMARK(reportCopy)->Unit(benchmark::kMicrosecond);
 
 /// The peer writes its own tree, without the records: less work than ours.
 void peerEncode(benchmark::State& state) {
