@@ -79,6 +79,7 @@ void AppModel::restoreOrBegin() {
             else
                 m_unreadShelf = std::move(bytes);
         }
+        readOldShelf();
         // One that was set aside comes back where more speaks for it.
         const auto shelved = m_shelf.find(current);
         const bool comesBack = shelved && shelved->match > match &&
@@ -96,6 +97,18 @@ void AppModel::restoreOrBegin() {
         return;
     }
     m_state = SessionState(machine, m_platform.scheduler().now());
+}
+
+void AppModel::readOldShelf() {
+    if (m_unreadShelf) return;
+    m_unreadShelf = m_platform.defaults().data(unreadShelfKey);
+    auto shelf = m_unreadShelf ? SessionShelf::decode(*m_unreadShelf) : std::nullopt;
+    if (!shelf) return;
+    // What another version couldn't read is older than what it set aside since.
+    std::swap(*shelf, m_shelf);
+    for (ShelvedSession& session : shelf->sessions)
+        m_shelf.put(std::move(session));
+    m_unreadShelf = "";
 }
 
 void AppModel::setState(SessionState state) {

@@ -99,6 +99,8 @@ private:
     void restoreOrBegin();
     /// Gives the session back with the notes, if it can be read.
     bool restore(const std::string& session, std::string notes, const MachineInfo& machine);
+    /// Takes in what stood aside unread, if it can be read now.
+    void readOldShelf();
     void scheduleSave();
     void setReading(bool reading);
     void tellWhetherStored(std::optional<SaveFault> fault);

@@ -116,6 +116,25 @@ TEST_F(SetAsideTests, whatIsStoredAndNoSessionIsNoHindrance) {
     EXPECT_EQ(shown(), "");
     model().persist();
     EXPECT_EQ(mac.defaults().data("sessionsSetAsideUnread"), "\xff");
+    moveTo("c");
+    model().persist();
+    EXPECT_EQ(mac.defaults().data("sessionsSetAsideUnread"), "\xff") << "kept for as long as it takes";
+}
+
+TEST_F(SetAsideTests, whatCouldNotBeReadOnceIsReadByAVersionThatCan) {
+    workOn("a");
+    workOn("b");
+    const std::string aside = mac.defaults().data("sessionsSetAside").value();
+    mac.defaults().setData("sessionsSetAside", "of a newer version");
+    workOn("c");
+    mac.defaults().setData("sessionsSetAsideUnread", aside);
+    moveTo("a");
+    EXPECT_EQ(shown(), "a");
+    model().persist();
+    moveTo("c");
+    EXPECT_EQ(model().notes(), "c") << "set aside since then";
+    model().persist();
+    EXPECT_EQ(mac.defaults().data("sessionsSetAsideUnread"), "") << "read once";
 }
 
 } // namespace
