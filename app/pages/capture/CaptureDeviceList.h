@@ -3,20 +3,13 @@
 #include "app/controls/Panel.h"
 #include "app/layout/Column.h"
 #include "app/model/AppModel.h"
+#include "app/pages/capture/CaptureWords.h"
 #include "platform/Capture.h"
 
 namespace tessivo {
 
 class Button;
 class TextLabel;
-
-/// What a page says of its kind of device.
-struct CaptureWords {
-    QString openSettings; ///< the button of a denial
-    QString noneFound;
-    QString noService; ///< why there is no list
-    QString noDriver;
-};
 
 /// What the pages of microphones and cameras share. When the page appears it asks for access; it tells of a
 /// denial and of the lack of devices, and lists the devices into the session. Once a second it looks again: a

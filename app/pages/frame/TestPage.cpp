@@ -9,34 +9,9 @@
 #include "app/model/AppModel.h"
 #include "app/model/QtText.h"
 #include "app/pages/frame/OverrideControls.h"
-
-#include <QHBoxLayout>
+#include "app/pages/frame/PageHeader.h"
 
 namespace tessivo {
-namespace {
-
-constexpr int symbolGap = 12;
-
-} // namespace
-
-PageHeader::PageHeader(const QString& title, const QString& symbol, QWidget* trailing, QWidget* parent)
-    : QWidget(parent) {
-    auto* lead = new QWidget;
-    auto* row = new QHBoxLayout(lead);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(symbolGap);
-    row->addWidget(new SymbolView(symbol, SymbolSize::pageHead, ColorRole::accent));
-    auto* heading = new TextLabel(title, TextRole::pageTitle);
-    heading->setHeading(true);
-    row->addWidget(heading, 1);
-    if (trailing) {
-        new SplitLayout(this, lead, trailing);
-    } else {
-        auto* column = new ColumnLayout(this);
-        column->add(lead);
-    }
-}
-
 TestPage::TestPage(AppModel& model, TestID test, const QString& how, QWidget* content, QWidget* parent)
     : ScrollColumn(parent),
       m_model(model),

@@ -10,14 +10,6 @@ class OverrideControls;
 class StatusBadge;
 class TextLabel;
 
-/// The symbol, title and, for a test, the badge at the head of a page.
-class PageHeader final : public QWidget {
-    Q_OBJECT
-public:
-    PageHeader(const QString& title, const QString& symbol, QWidget* trailing = nullptr,
-               QWidget* parent = nullptr);
-};
-
 /// The frame of every test's page: header with badge, summary, instructions, the page's own content, and the
 /// override controls. Follows the model while it is shown, and changes only what changed.
 class TestPage final : public ScrollColumn {

@@ -8,7 +8,7 @@
 #include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
 #include "app/model/QtText.h"
-#include "app/pages/frame/TestPage.h"
+#include "app/pages/frame/PageHeader.h"
 #include "app/pages/shared/ActivationLockPanel.h"
 #include "app/pages/shared/ReportActions.h"
 

@@ -4,7 +4,7 @@
 #include "app/controls/TextLabel.h"
 #include "app/look/Metrics.h"
 #include "app/model/QtText.h"
-#include "app/pages/hardware/PortRow.h"
+#include "app/pages/hardware/HardwareRow.h"
 #include "app/readers/Readers.h"
 #include "kit/rules/RuleTexts.h"
 

@@ -5,7 +5,7 @@
 #include "app/controls/Panel.h"
 #include "app/controls/TextLabel.h"
 #include "app/model/QtText.h"
-#include "app/pages/frame/TestPage.h"
+#include "app/pages/frame/PageHeader.h"
 #include "app/pages/report/PickupRow.h"
 #include "kit/report/ReportAssembler.h"
 
