@@ -10,7 +10,7 @@ Poll::Poll(Scheduler& scheduler, std::chrono::milliseconds interval, std::functi
 void Poll::round() {
     // The next round is asked for first, so that an action may end its own poll.
     m_next = m_scheduler.after(m_interval, [this] { round(); });
-    const auto action = m_action; // which would else go with the poll, in the midst of its run
+    const auto action = m_action; // a copy: the action may end its own poll
     action();
 }
 

@@ -16,7 +16,7 @@ std::optional<int> httpStatus(const QNetworkReply& reply) {
 }
 
 bool isRedirect(int status) {
-    return status >= 300 && status < 400 && status != 304;
+    return status >= 300 && status < 400;
 }
 
 } // namespace
@@ -69,8 +69,7 @@ void Updater::finish(Feed feed) {
     m_checking = false;
     m_timeout.reset();
     if (m_reply) {
-        // It goes on the next turn of the event loop, and its connection with it: in the midst of telling
-        // what it received it can't be aborted.
+        // On the next turn of the event loop: a reply can't be aborted from within its own signal.
         m_reply->disconnect(this);
         m_reply->deleteLater();
         m_reply.clear();

@@ -15,7 +15,7 @@ AppDelegate::AppDelegate(Platform& platform, Dialogs& dialogs, QObject* parent)
       m_window(std::make_unique<RootView>(PageContext{m_model, dialogs}, m_updater)) {
     connect(&m_updater, &Updater::alert, this, &AppDelegate::tell);
     connect(qApp, &QCoreApplication::aboutToQuit, &m_model, &AppModel::persist);
-    // `exit`, not `quit`: what is open in front of the window, a dialog for one, doesn't keep it.
+    // `exit`, not `quit`: an open dialog can't keep the program from ending.
     connect(m_window.get(), &RootView::closed, this, [] { QCoreApplication::exit(0); });
 }
 

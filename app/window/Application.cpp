@@ -15,8 +15,8 @@ namespace tessivo {
 
 namespace {
 
-/// Qt ends a process without a display by a crash that speaks of installing anew. Of a locale that isn't
-/// UTF-8 it says in four lines that it goes on with one that is, which concerns nobody.
+/// Without a display Qt crashes and advises to install it again; one plain line says it better. What it says
+/// about a locale that isn't UTF-8 is left out.
 void tellWhileStarting(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type == QtFatalMsg) {
         std::fputs("Tessivo can't start: there is no display to open its window on\n", stderr);

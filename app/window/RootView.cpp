@@ -83,7 +83,7 @@ void RootView::showPage() {
     const Page page = m_context.model.page().value_or(Page::overview);
     if (m_view && page == m_shown) return;
     if (m_view) {
-        // The focus would else wander to wherever comes next.
+        // Otherwise Qt would give the focus to some other control.
         if (m_view->isAncestorOf(focusWidget())) m_sidebar->takeFocus();
         m_view->hide();
         m_view->deleteLater();

@@ -21,8 +21,8 @@ QString nameIn(const std::filesystem::path& folder, const char* name) {
 
 SingleInstance::SingleInstance(const std::filesystem::path& folder, QObject* parent)
     : QObject(parent), m_name(nameIn(folder, ".running")), m_lock(nameIn(folder, ".lock")) {
-    // However long it runs it keeps the lock; that of a process that is no more counts for nothing, whatever
-    // name this computer bore then. Removing fails while a process holds it.
+    // A process keeps the lock for as long as it runs. The lock of one that has ended is stale, even if the
+    // computer had another name then; removing fails while a process holds it.
     m_lock.setStaleLockTime(0);
     m_first = m_lock.tryLock(0) || m_lock.error() != QLockFile::LockFailedError ||
               (m_lock.removeStaleLockFile() && m_lock.tryLock(0));

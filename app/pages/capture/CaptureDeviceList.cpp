@@ -14,14 +14,14 @@ namespace {
 
 constexpr auto lookInterval = std::chrono::seconds(1);
 
-/// What the rule says of access that is off, whatever the session holds besides.
+/// What the rule says where access is off.
 std::vector<std::string> denial(MediaType type) {
     const auto result = type == MediaType::video ? Rules::cameras({}, false, true, std::nullopt)
                                                  : Rules::microphones({}, false, true, std::nullopt);
     return result.details;
 }
 
-/// The readings with those of new devices behind them; of devices that have gone too.
+/// All readings so far, also those of devices that have gone, and behind them one for each new device.
 template <class Reading>
 std::vector<Reading> extended(const std::vector<Reading>& old, const std::vector<CaptureDevice>& devices) {
     std::vector<Reading> readings = old;
@@ -76,7 +76,7 @@ void CaptureDeviceList::clearRows() {
 
 void CaptureDeviceList::addRow(QWidget* row) {
     m_rows->addRow(row, Space::block);
-    // What is made late would else come last, after the controls below the rows.
+    // Rows are made late: without this Tab would reach them after the controls below.
     for (QWidget* child : row->findChildren<QWidget*>())
         if (child->focusPolicy() & Qt::TabFocus) {
             QWidget::setTabOrder(m_lastStop, child);
@@ -179,8 +179,8 @@ void CaptureDeviceList::lookAgain() {
     lookAgainSoon();
     auto& platform = m_model.platform().captureDevices();
     const AuthorizationStatus status = platform.authorizationStatus(m_type);
-    // Only what is known already: a look by itself never brings up the system's question. Access that was
-    // given once has been answered; the platform then only has to find its devices.
+    // A look on its own never brings up the system's question. Where access was given before, asking again
+    // only lets the platform find its devices.
     if (status == AuthorizationStatus::notDetermined && m_allowed)
         return requestCaptureAccess(platform, m_type, this, [](bool) {});
     if (status != AuthorizationStatus::authorized) return;

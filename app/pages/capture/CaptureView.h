@@ -98,7 +98,7 @@ private:
     }
 
     void couldntOpen(const CaptureDevice& device, OpenFault fault) {
-        // What can't even be listed any more is no fault of the device.
+        // If the list is gone as well, the device isn't to blame.
         if (!m_list->canList()) return;
         const QString name = device.localizedName.empty() ? "the device" : qt(device.localizedName);
         switch (fault) {

@@ -109,7 +109,7 @@ CompareSheet::CompareSheet(const PageContext& context, const ConditionReport& re
         m_nowStarted = m_context.model.state().started;
         if (!m_others[std::size_t(m_other->currentIndex())]) compare();
     });
-    // The places are those of the list as it was.
+    // Its places belong to the list as it was.
     connect(&model, &AppModel::historyChanged, this, [this] {
         m_isWaiting = false;
         dismiss();

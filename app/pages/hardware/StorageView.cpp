@@ -106,7 +106,7 @@ void StorageView::show() {
     m_choices = {std::nullopt};
     for (std::int64_t standard : StorageCheck::standardSizes())
         if (standard >= smallestListed) m_choices.push_back(standard);
-    // A size that an older session or another hand wrote is kept, and shown as what it is.
+    // A size that isn't offered, as an older session may hold, is kept and shown.
     if (std::ranges::count(m_choices, listed) == 0) m_choices.push_back(listed);
     QStringList labels;
     for (const auto& choice : m_choices)

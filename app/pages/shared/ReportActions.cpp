@@ -8,7 +8,7 @@ namespace tessivo {
 
 namespace {
 
-// As narrow as three of them stand in a bar of 560 with its padding, and two in one of 380.
+// So narrow that three fit into a bar of 560 with its padding, and two into one of 380.
 constexpr int gridButton = 166;
 constexpr int columnButton = 160;
 

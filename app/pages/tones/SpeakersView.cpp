@@ -36,7 +36,7 @@ SpeakersView::SpeakersView(const PageContext& context, QWidget* parent)
     add(m_output);
     for (Side& side : m_sides)
         add(side);
-    // Below what it speaks of, which would else move under the pointer that just asked for a tone.
+    // Under the questions: above them it would push the button away that was just clicked.
     m_elsewhere->setMaximumLines(1);
     add(m_elsewhere, Space::l);
     add(m_oneChannel, Space::l);

@@ -4,8 +4,8 @@
 
 namespace tessivo {
 
-/// One line about what came of a rewording. The desktop's bridge passes on no alert event, but that a
-/// notification has come into sight, which a screen reader then speaks.
+/// One line about what came of a rewording. The way to screen readers drops alerts, but it tells that a
+/// notification has appeared, and they speak it.
 class OutcomeLine final : public TextLabel {
     Q_OBJECT
 

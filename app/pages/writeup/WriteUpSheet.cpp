@@ -25,8 +25,7 @@ namespace tessivo {
 namespace {
 
 constexpr int sheetPadding = 22;
-// What a model or a long note brings in never pushes the buttons out of the sheet; the rest is in the tool
-// tip.
+// However long a text of the model or of a note is, the buttons stay in the sheet; the tool tip has the rest.
 constexpr int outcomeLines = 3;
 constexpr int issueLines = 1;
 enum Version { templateVersion, polishedVersion };
@@ -208,7 +207,7 @@ void WriteUpSheet::conclude(const PolishResult& result) {
         m_outcome = Strings::tr("Couldn't polish the wording: %@",
                                 {std::get<PolishResult::Failed>(result.outcome).description});
     }
-    // It comes into sight anew, and is so told, also where an earlier outcome stood.
+    // Hidden first: so it appears anew, and a screen reader tells it.
     m_outcomeLine->hide();
     refresh();
 }
