@@ -1,8 +1,9 @@
 #include "app/pages/hardware/HardwareRow.h"
 
 #include "app/controls/Button.h"
-#include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
+#include "app/layout/SplitLayout.h"
 #include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
 
