@@ -10,7 +10,7 @@ Divider::Divider(int left, int right, QWidget* parent) : QWidget(parent), m_left
 
 void Divider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintHairline(painter, mirrored(*this, QRect(m_left, 0, width() - m_left - m_right, 1)));
+    paintHairline(painter, mirrored(*this, rect().adjusted(m_left, 0, -m_right, 0)));
 }
 
 } // namespace tessivo

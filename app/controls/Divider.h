@@ -4,7 +4,7 @@
 
 namespace tessivo {
 
-/// A hairline across the width it is given, but for `left` and `right` at its ends, in logical pixels.
+/// A hairline across the room it is given, but for `left` and `right` at its ends, in logical pixels.
 class Divider final : public QWidget {
     Q_OBJECT
 public:

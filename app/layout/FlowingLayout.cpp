@@ -17,9 +17,9 @@ FlowingLayout::FlowingLayout(QWidget* parent, int gap) : QLayout(parent) {
     setSpacing(gap);
 }
 
-void FlowingLayout::add(QWidget* widget, int gapBefore, Qt::Alignment alignment) {
+void FlowingLayout::add(QWidget* widget, std::optional<int> gapBefore, Qt::Alignment alignment) {
     addWidget(widget);
-    if (gapBefore >= 0) m_items.back().gap = gapBefore;
+    if (gapBefore) m_items.back().gap = *gapBefore;
     m_items.back().item->setAlignment(alignment);
 }
 

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <ranges>
 #include <vector>
 
@@ -17,9 +18,9 @@ public:
     /// `gap` is the usual distance between two widgets.
     explicit FlowingLayout(QWidget* parent, int gap = 0);
 
-    /// `gapBefore` is the distance from the widget before it; -1 is the usual one. What an alignment does is
-    /// told by each layout.
-    void add(QWidget* widget, int gapBefore = -1, Qt::Alignment alignment = {});
+    /// `gapBefore` is the distance from the widget before it, unless it is the usual one. What an alignment
+    /// does is told by each layout.
+    void add(QWidget* widget, std::optional<int> gapBefore = {}, Qt::Alignment alignment = {});
 
     void addItem(QLayoutItem* item) final;
     int count() const final { return int(m_items.size()); }

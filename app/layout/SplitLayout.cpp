@@ -23,6 +23,7 @@ int SplitLayout::naturalWidth() const {
 
 FlowingLayout::Arrangement SplitLayout::arrange(int width) const {
     Arrangement result;
+    if (items().size() < 2) return result; // one of them is being deleted
     const Item &leading = items()[0], &trailing = items()[1];
     // A row of hidden buttons takes no gap either.
     const int natural = trailing.item->isEmpty() ? 0 : trailing.item->sizeHint().width();

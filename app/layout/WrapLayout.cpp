@@ -9,9 +9,10 @@ FlowingLayout::Arrangement WrapLayout::arrange(int width) const {
     std::size_t first = 0; // of the line
     int x = 0, y = 0;
     const auto finishLine = [&] {
-        const int left = alignment() & Qt::AlignHCenter ? std::max(0, (width - x) / 2) : 0;
+        int left = alignment() & Qt::AlignHCenter ? std::max(0, (width - x) / 2) : 0;
         for (; first < result.places.size(); ++first) {
             auto& [item, place] = result.places[first];
+            if (item->alignment() & Qt::AlignRight && place.x() > 0) left = std::max(0, width - x);
             const int room = result.height - y - place.height();
             place.translate(left, item->alignment() & Qt::AlignTop ? 0 : room / 2);
         }

@@ -10,8 +10,7 @@ class WrapRow : public QWidget {
 public:
     explicit WrapRow(QWidget* parent = nullptr, int gap = 8, int lineGap = 8)
         : QWidget(parent), m_layout(new WrapLayout(this, gap, lineGap)) {}
-    /// `gapBefore` of -1 is the row's own gap.
-    void add(QWidget* widget, int gapBefore = -1, Qt::Alignment alignment = {}) {
+    void add(QWidget* widget, std::optional<int> gapBefore = {}, Qt::Alignment alignment = {}) {
         m_layout->add(widget, gapBefore, alignment);
     }
     /// Every line in the middle of the row.

@@ -65,8 +65,8 @@ void CameraRow::setOpen(bool open, bool sending) {
                        open ? QStringLiteral("video.slash") : QStringLiteral("video"));
     if (open && !m_picture) {
         m_picture = new WrapRow(nullptr, Space::xxl, Space::m);
-        m_picture->add(new CameraPreview(m_monitor, m_scheduler), -1, Qt::AlignTop);
-        m_picture->add(makeNote(), -1, Qt::AlignTop);
+        m_picture->add(new CameraPreview(m_monitor, m_scheduler), {}, Qt::AlignTop);
+        m_picture->add(makeNote(), {}, Qt::AlignTop);
         m_stage->add(m_picture);
     } else if (!open) {
         delete std::exchange(m_picture, nullptr);

@@ -2,6 +2,7 @@
 
 #include "app/controls/Button.h"
 #include "app/controls/TextLabel.h"
+#include "app/look/Metrics.h"
 #include "app/model/QtText.h"
 #include "app/readers/CaptureAccess.h"
 #include "kit/rules/Rules.h"

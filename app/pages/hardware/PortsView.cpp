@@ -6,7 +6,7 @@
 #include "app/controls/SectionHeading.h"
 #include "app/controls/Stepper.h"
 #include "app/controls/TextLabel.h"
-#include "app/layout/SplitRow.h"
+#include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
 #include "app/model/QtText.h"
 #include "app/pages/hardware/PortRow.h"
@@ -41,7 +41,10 @@ PortsView::PortsView(const PageContext& context, QWidget* parent)
       m_devices(new Panel(Panel::Kind::list)),
       m_noDevices(new TextLabel("No USB devices connected.", TextRole::body, ColorRole::text2)),
       m_showHubs(new Checkbox("Show hubs (including the Mac's own)")) {
-    add(new SplitRow(m_count, m_clear));
+    auto* controls = new WrapRow;
+    controls->add(m_count);
+    controls->add(m_clear, {}, Qt::AlignRight);
+    add(controls);
     add(m_slots, Space::block);
     add(new SectionHeading("Connected now"), sectionGap);
     add(m_devices, Space::heading);

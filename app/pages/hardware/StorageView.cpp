@@ -6,7 +6,6 @@
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
 #include "app/controls/TextLabel.h"
-#include "app/layout/SplitRow.h"
 #include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
 #include "app/model/QtText.h"
@@ -67,7 +66,8 @@ StorageView::StorageView(const PageContext& context, QWidget* parent)
     listingLabel->setMaximumLines(1);
     row->add(listingLabel);
     row->add(m_listing);
-    add(new SplitRow(row, readAgain), Space::block);
+    row->add(readAgain, {}, Qt::AlignRight);
+    add(row, Space::block);
 
     connect(m_source, &LinkLabel::clicked, this, [this] {
         if (const ModelSpec* spec = m_model.state().machine.spec(); spec && !spec->sources.empty())

@@ -94,7 +94,8 @@ QWidget* KeyboardTestView::makeControls() {
             state.keyboard = fresh;
         });
     });
-    return new SplitRow(row, m_clear);
+    row->add(m_clear, {}, Qt::AlignRight);
+    return row;
 }
 
 QWidget* KeyboardTestView::makeRunningLine() {

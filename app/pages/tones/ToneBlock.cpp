@@ -2,7 +2,6 @@
 
 #include "app/controls/Button.h"
 #include "app/controls/TextLabel.h"
-#include "app/layout/SplitRow.h"
 #include "app/layout/WrapRow.h"
 #include "app/look/Metrics.h"
 #include "app/pages/frame/AnswerButtons.h"
@@ -24,7 +23,8 @@ ToneBlock::ToneBlock(const QString& title, const QString& works, const QString& 
     controls->add(m_answer);
     auto* clear = new Button("Clear");
     clear->setAccessibleDescription(title);
-    add(new SplitRow(controls, clear), Space::heading);
+    controls->add(clear, {}, Qt::AlignRight);
+    add(controls, Space::heading);
 
     connect(m_play, &Button::clicked, this, &ToneBlock::play);
     connect(m_answer, &AnswerButtons::answered, this, &ToneBlock::answered);
