@@ -1,6 +1,7 @@
 #include "app/readers/MachineCapture.h"
 #include "app/readers/Readers.h"
 #include "kit/support/PropertyJson.h"
+#include "platform/CapturedFacts.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedPlatform.h"
@@ -111,8 +112,8 @@ TEST(MachineCapture, whatIsReadIsWrittenAgainToTheLetter) {
         if (entry.path().extension() != ".tree") continue;
         const CapturedTree tree(entry.path().stem());
         const auto record = std::make_shared<SourceRecord>();
-        LinuxPlatform computer(tree.path(), record);
-        MachineFile captured = captureMachine(computer);
+        const auto facts = CapturedFacts::read(tree.path(), record);
+        MachineFile captured = captureFacts(*facts.machineFacts, *facts.registry, *facts.powerSources);
         captured.sources = record->sources();
         captured.sourcesLeftOut = record->leftOut();
         files.emplace_back(entry.path().filename(), captured.encode());
@@ -153,7 +154,7 @@ TEST(MachineCapture, whatIsReadIsWrittenAgainToTheLetter) {
             {}
           ],
           "whole": -9223372036854775808,
-          "wide": 1.8446744073709552e19
+          "wide": 1.8446744073709552e+19
         }
       }
     ]
