@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <simdjson.h>
 
 namespace tessivo::Json::Number {
 
@@ -89,9 +90,13 @@ std::optional<std::string> wholeDigits(std::string_view token) {
 }
 
 std::optional<double> toDouble(std::string_view token) {
+    // Some systems' libraries can't read a double. Without an exponent a whole number would have to fit in 64
+    // bits.
+    std::string text(token);
+    if (text.find_first_of(".eE") == text.npos) text += "e0";
+    static thread_local simdjson::dom::parser parser;
     double number = 0;
-    const auto read = std::from_chars(token.data(), token.data() + token.size(), number);
-    if (read.ec == std::errc()) return number;
+    if (parser.parse(text).get(number) == simdjson::SUCCESS) return number;
     const Decimal decimal(token);
     if (std::int64_t(decimal.digits.size()) + decimal.power > 0) return std::nullopt;
     return decimal.isNegative ? -0.0 : 0.0;
