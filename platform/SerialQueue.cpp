@@ -14,6 +14,8 @@ constexpr std::chrono::seconds patience{2}; ///< for pieces that still run when 
 } // namespace
 
 struct SerialQueue::State {
+    class Thread;
+
     std::mutex mutex;
     std::condition_variable changed;
     std::deque<std::function<void()>> work;
@@ -21,21 +23,32 @@ struct SerialQueue::State {
     bool ending = false;
     bool ended = false;
 
-    static void run(const std::shared_ptr<State>& state) {
-        std::unique_lock lock(state->mutex);
+    void run() {
+        std::unique_lock lock(mutex);
         for (;;) {
-            state->changed.wait(lock, [&] { return state->ending || !state->work.empty(); });
-            if (state->work.empty()) break;
-            std::function<void()> piece = std::move(state->work.front());
-            state->work.pop_front();
+            changed.wait(lock, [this] { return ending || !work.empty(); });
+            if (work.empty()) break;
+            std::function<void()> piece = std::move(work.front());
+            work.pop_front();
             lock.unlock();
             piece();
             piece = nullptr; // what it owned goes here, outside the lock
             lock.lock();
         }
-        state->ended = true;
-        state->changed.notify_all();
+        ended = true;
+        changed.notify_all();
     }
+};
+
+class SerialQueue::State::Thread final : public QThread {
+public:
+    explicit Thread(std::shared_ptr<State> state) : m_state(std::move(state)) {}
+
+protected:
+    void run() override { m_state->run(); }
+
+private:
+    std::shared_ptr<State> m_state;
 };
 
 SerialQueue::SerialQueue(std::string label) : m_label(std::move(label)), m_state(std::make_shared<State>()) {}
@@ -57,7 +70,7 @@ void SerialQueue::async(std::function<void()> work) {
     const std::lock_guard lock(m_state->mutex);
     m_state->work.push_back(std::move(work));
     if (!m_state->thread) {
-        m_state->thread = QThread::create(&State::run, m_state);
+        m_state->thread = new State::Thread(m_state);
         m_state->thread->setObjectName(QString::fromStdString(m_label)); // the thread's name too
         m_state->thread->start();
     }
