@@ -111,6 +111,8 @@ TEST(SegmentedPicker, isChosenByMouseAndArrows) {
     picker.setCurrent(0);
     EXPECT_TRUE(isChecked(segment("Not checked yet")));
     EXPECT_FALSE(isChecked(segment("Disabled")));
+    EXPECT_EQ(segment("Not checked yet")->focusPolicy(), Qt::TabFocus) << "without its ever having the focus";
+    EXPECT_EQ(segment("Disabled")->focusPolicy(), Qt::NoFocus);
     EXPECT_EQ(chosen.size(), 3u) << "only a person's choice is told";
     EXPECT_GT(picker.heightForWidth(picker.sizeHint().width() - 1), picker.sizeHint().height());
 }
