@@ -16,27 +16,13 @@ namespace tessivo {
 /// A filled rounded rectangle with an optional border inside its edge; an invalid colour draws none.
 inline void paintRounded(QPainter& painter, const QRectF& rect, double corner, const QColor& fill,
                          const QColor& border = {}, double width = 1) {
-    constexpr double tall = 64, strip = 16;
-    const bool inStrips = border.isValid() && rect.height() > tall &&
-                          std::fmod(strip * painter.device()->devicePixelRatioF(), 1) == 0;
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
     const double half = border.isValid() ? width / 2 : 0;
     const QRectF inner = rect.adjusted(half, half, -half, -half);
-    const auto draw = [&] { painter.drawRoundedRect(inner, corner - half, corner - half); };
     painter.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
-    painter.setPen(border.isValid() && !inStrips ? QPen(border, width) : QPen(Qt::NoPen));
-    if (fill.isValid() || !inStrips) draw();
-    if (!inStrips) return;
-    // Qt would hand the hundreds of spans of a tall line to other threads, and waiting for them takes longer
-    // than drawing it, strip by strip of whole pixels.
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(border, width));
-    for (double top = std::floor(rect.top()); top < rect.bottom(); top += strip) {
-        painter.save();
-        painter.setClipRect(QRectF(rect.left() - 1, top, rect.width() + 2, strip), Qt::IntersectClip);
-        draw();
-        painter.restore();
-    }
+    if (border.isValid()) painter.setPen(QPen(border, width));
+    painter.drawRoundedRect(inner, corner - half, corner - half);
 }
 
 /// A bar with round ends and its filled part, 0 to 1; a small part is as long as it is high, so that it is
@@ -72,8 +58,17 @@ inline void paintCard(QPainter& painter, const QWidget& card, const QRect& chang
         return;
     }
     paintRounded(painter, card.rect(), corner, fill);
-    paintRounded(painter, card.rect(), corner, {}, theme().color(ColorRole::text1, 8),
-                 card.devicePixelRatioF() >= 2 ? 0.5 : 1);
+    // In strips of whole pixels: the hundreds of spans of a tall line Qt would hand to other threads, and
+    // waiting for them takes longer than drawing it.
+    const double ratio = card.devicePixelRatioF();
+    const int strip = std::fmod(16 * ratio, 1) == 0 ? 16 : changed.height();
+    for (int top = changed.top(); top <= changed.bottom(); top += strip) {
+        painter.save();
+        painter.setClipRect(QRect(changed.left(), top, changed.width(), strip), Qt::IntersectClip);
+        paintRounded(painter, card.rect(), corner, {}, theme().color(ColorRole::text1, 8),
+                     ratio >= 2 ? 0.5 : 1);
+        painter.restore();
+    }
 }
 
 /// One line of text from `x` on, in the middle of `height`: placed by its baseline on a whole pixel, so that
