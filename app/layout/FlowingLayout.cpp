@@ -107,7 +107,8 @@ void FlowingLayout::Arrangement::put(QLayoutItem* item, const QRect& place) {
 }
 
 int FlowingLayout::itemHeight(const Item& each, int width) {
-    return each.item->hasHeightForWidth() ? each.item->heightForWidth(width) : each.item->sizeHint().height();
+    if (!each.item->hasHeightForWidth()) return each.item->sizeHint().height();
+    return std::max(each.item->minimumSize().height(), each.item->heightForWidth(width));
 }
 
 } // namespace tessivo
