@@ -24,6 +24,8 @@ public:
 
     Ref get() const { return m_ref; }
     explicit operator bool() const { return m_ref != nullptr; }
+    /// Gives the reference away.
+    Ref release() { return std::exchange(m_ref, nullptr); }
     /// Where a function that answers through a pointer puts its object. For an empty owner alone.
     Ref* out() { return &m_ref; }
 

@@ -13,29 +13,29 @@ CFRef<CFStringRef> string(const std::string& text) {
                                                       CFIndex(text.size()), kCFStringEncodingUTF8, false));
 }
 
-CFRef<CFPropertyListRef> stored(const std::string& application, const std::string& key) {
-    const auto id = string(application);
-    const auto name = string(key);
-    if (!id || !name) return {};
+CFRef<CFPropertyListRef> stored(CFStringRef application, CFStringRef key) {
+    if (!application || !key) return {};
     return CFRef<CFPropertyListRef>(
-        CFPreferencesCopyValue(name.get(), id.get(), kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
+        CFPreferencesCopyValue(key, application, kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
 }
 
-std::error_code store(const std::string& application, const std::string& key, CFPropertyListRef value) {
-    const auto id = string(application);
-    const auto name = string(key);
-    const auto failed = std::make_error_code(std::errc::io_error);
-    if (!id || !name || !value) return failed;
-    const auto before = stored(application, key);
-    const auto set = [&](CFPropertyListRef property) {
-        CFPreferencesSetValue(name.get(), property, id.get(), kCFPreferencesCurrentUser,
-                              kCFPreferencesAnyHost);
-        return CFPreferencesSynchronize(id.get(), kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
-    };
-    if (set(value)) return {};
-    set(before.get());
-    return failed;
+CFRef<CFPropertyListRef> stored(const std::string& application, const std::string& key) {
+    return stored(string(application).get(), string(key).get());
 }
+
+CFRef<CFPropertyListRef> object(const DefaultsEntry& entry) {
+    if (entry.kind == DefaultsEntry::Kind::text)
+        return CFRef<CFPropertyListRef>(string(entry.value).release());
+    const auto* bytes = reinterpret_cast<const UInt8*>(entry.value.data());
+    return CFRef<CFPropertyListRef>(CFDataCreate(kCFAllocatorDefault, bytes, CFIndex(entry.value.size())));
+}
+
+/// One value on its way: what it is to be, and what it was.
+struct Change {
+    CFRef<CFStringRef> key;
+    CFRef<CFPropertyListRef> value;
+    CFRef<CFPropertyListRef> before;
+};
 
 } // namespace
 
@@ -54,14 +54,32 @@ std::optional<std::string> MacDefaults::text(const std::string& key) const {
 }
 
 std::error_code MacDefaults::setData(const std::string& key, const std::string& bytes) {
-    const CFRef<CFDataRef> value(CFDataCreate(
-        kCFAllocatorDefault, reinterpret_cast<const UInt8*>(bytes.data()), CFIndex(bytes.size())));
-    return store(m_applicationID, key, value.get());
+    return set({{key, DefaultsEntry::Kind::data, bytes}});
 }
 
 std::error_code MacDefaults::setText(const std::string& key, const std::string& text) {
-    const auto value = string(text);
-    return store(m_applicationID, key, value.get());
+    return set({{key, DefaultsEntry::Kind::text, text}});
+}
+
+std::error_code MacDefaults::set(const std::vector<DefaultsEntry>& entries) {
+    const auto id = string(m_applicationID);
+    std::vector<Change> changes;
+    for (const DefaultsEntry& entry : entries) {
+        auto key = string(entry.key);
+        auto value = object(entry);
+        if (!id || !key || !value) return std::make_error_code(std::errc::invalid_argument); // all or none
+        auto before = stored(id.get(), key.get());
+        changes.push_back({std::move(key), std::move(value), std::move(before)});
+    }
+    const auto store = [&](CFRef<CFPropertyListRef> Change::* what) {
+        for (const Change& change : changes)
+            CFPreferencesSetValue(change.key.get(), (change.*what).get(), id.get(), kCFPreferencesCurrentUser,
+                                  kCFPreferencesAnyHost);
+        return CFPreferencesSynchronize(id.get(), kCFPreferencesCurrentUser, kCFPreferencesAnyHost);
+    };
+    if (changes.empty() || store(&Change::value)) return {};
+    store(&Change::before);
+    return std::make_error_code(std::errc::io_error);
 }
 
 } // namespace tessivo

@@ -44,9 +44,31 @@ TEST_F(MacDefaultsTest, aWriteThatFailsLeavesWhatWasThere) {
     EXPECT_TRUE(defaults.setData("session", "new"));
     EXPECT_EQ(defaults.data("session"), "old");
     EXPECT_EQ(stored("session")->bytes, "old");
+    // Several at once: all or none.
+    const auto write = [&](const std::string& value) {
+        defaults.set(
+            {{"session", DefaultsEntry::Kind::data, value}, {"notes", DefaultsEntry::Kind::text, value}});
+    };
+    const int before = system.calls();
+    write("a");
+    EXPECT_EQ(stored("session")->bytes, "a");
+    EXPECT_EQ(stored("notes")->text, u"a");
+    const int calls = system.calls() - before;
+    for (int call = 0; call < calls; ++call) {
+        write("old");
+        system.failCall(system.calls() + call);
+        write("new");
+        system.failCall(-1);
+        EXPECT_EQ(defaults.data("session"), defaults.text("notes")) << call;
+        EXPECT_EQ(stored("session")->bytes, defaults.data("session")) << call;
+    }
+    write("n");
+    defaults.set(
+        {{"notes", DefaultsEntry::Kind::text, "kept"}, {"other", DefaultsEntry::Kind::text, "\xff"}});
+    EXPECT_EQ(defaults.text("notes"), "n");
     // No text at all: nothing is written.
     EXPECT_TRUE(defaults.setText("notes", "\xff"));
-    EXPECT_EQ(stored("notes"), nullptr);
+    EXPECT_EQ(defaults.text("notes"), "n");
 }
 
 } // namespace

@@ -18,7 +18,7 @@ class StandIn final {
 public:
     /// One object of the system. `owned` counts the program's references, `kept` those of the system itself.
     struct Object {
-        enum class Kind { null, string, number, boolean, data, date, array, dictionary, url };
+        enum class Kind { null, string, number, boolean, data, date, array, dictionary, url, locale, bundle };
 
         Kind kind = Kind::null;
         std::string made; ///< by which call, for messages
@@ -76,6 +76,9 @@ public:
     std::optional<std::vector<Object*>> powerSources;
     MachineFile::Audio audio;
     std::vector<std::unique_ptr<Unit>> units;
+    std::vector<std::string> languages = {"en"};  ///< the person's, the dearest first
+    std::optional<std::string> locale;            ///< the person's region, as an identifier
+    std::map<std::string, std::string> resources; ///< of the program's bundle: name and path
     std::map<std::pair<std::string, std::string>, Object*> preferences; ///< by application and key
     std::map<std::pair<std::string, std::string>, Object*> storedPreferences;
 

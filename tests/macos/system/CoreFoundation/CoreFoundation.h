@@ -29,6 +29,8 @@ using CFDictionaryRef = const struct __CFDictionary*;
 using CFMutableDictionaryRef = struct __CFDictionary*;
 using CFURLRef = const struct __CFURL*;
 using CFErrorRef = struct __CFError*;
+using CFBundleRef = struct __CFBundle*;
+using CFLocaleRef = const struct __CFLocale*;
 
 struct CFRange {
     CFIndex location;
@@ -73,7 +75,10 @@ CFDataRef CFDataCreate(CFAllocatorRef, const UInt8* bytes, CFIndex count);
 CFIndex CFDataGetLength(CFDataRef data);
 const UInt8* CFDataGetBytePtr(CFDataRef data);
 
+struct CFArrayCallBacks {};
+inline constexpr CFArrayCallBacks kCFTypeArrayCallBacks;
 CFTypeID CFArrayGetTypeID();
+CFArrayRef CFArrayCreate(CFAllocatorRef, const void** values, CFIndex count, const CFArrayCallBacks*);
 CFIndex CFArrayGetCount(CFArrayRef array);
 const void* CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index);
 
@@ -84,6 +89,13 @@ void CFDictionaryApplyFunction(CFDictionaryRef dictionary, CFDictionaryApplierFu
 
 CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef path, CFURLPathStyle, Boolean isDirectory);
 Boolean CFURLCopyResourcePropertyForKey(CFURLRef url, CFStringRef key, void* value, CFErrorRef* error);
+Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean isWhole, UInt8* buffer, CFIndex room);
+
+CFBundleRef CFBundleGetMainBundle();
+CFURLRef CFBundleCopyResourceURL(CFBundleRef bundle, CFStringRef name, CFStringRef type, CFStringRef folder);
+CFArrayRef CFBundleCopyLocalizationsForPreferences(CFArrayRef offered, CFArrayRef preferred);
+CFLocaleRef CFLocaleCopyCurrent();
+CFStringRef CFLocaleGetIdentifier(CFLocaleRef locale);
 
 CFPropertyListRef CFPreferencesCopyValue(CFStringRef key, CFStringRef application, CFStringRef user,
                                          CFStringRef host);
