@@ -2,6 +2,7 @@
 
 #include "platform/Capture.h"
 #include "platform/qt/QtCameras.h"
+#include "platform/qt/QtMicrophones.h"
 
 namespace tessivo {
 
@@ -11,7 +12,6 @@ namespace tessivo {
 class MacCaptureDevices final : public CaptureDevices {
 public:
     MacCaptureDevices();
-    ~MacCaptureDevices() override;
 
     CaptureList devices(MediaType type) const override;
     AuthorizationStatus authorizationStatus(MediaType type) const override;
@@ -23,8 +23,8 @@ public:
     static AuthorizationStatus status(std::int64_t number);
 
 private:
+    QtMicrophones m_microphones;
     std::unique_ptr<QtCameras> m_cameras;
-    std::shared_ptr<QtThread> m_microphoneThread;
     std::shared_ptr<QObject> m_mainThread; ///< where answers are given; kept by questions under way
 };
 
