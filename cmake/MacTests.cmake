@@ -5,6 +5,10 @@ target_link_libraries(macos_platform PUBLIC platform)
 target_include_directories(macos_platform BEFORE PUBLIC ${CMAKE_SOURCE_DIR}/tests/macos/system)
 tessivo_test(macos)
 target_link_libraries(macos_tests PRIVATE macos_platform)
+# The support tool's commands, which the tests run on the stand-in.
+tessivo_sources(macos_probe probe)
+list(FILTER macos_probe EXCLUDE REGEX "/TessivoProbe\\.cpp$")
+target_sources(macos_tests PRIVATE ${macos_probe})
 
 # A fault put into one file of the platform, which the tests must catch. It takes the place of the right file when
 # the test program is linked.
@@ -45,6 +49,11 @@ else()
     tessivo_mac_fault(wrong_scope MacAudioObjects.cpp ".mScope = address.scope" ".mScope = address.scope ? UInt32(0x676c6f62) : 0")
     tessivo_mac_fault(boolean_as_number PropertyValue.cpp "return bool(CFBooleanGetValue" "return std::int64_t(CFBooleanGetValue")
     tessivo_mac_fault(fixed_buffer PropertyValue.cpp "std::size_t(convert(nullptr, 0))" "256")
+    tessivo_mac_fault(half_put_back MacDefaults.cpp "!store(&Change::value)) store(&Change::before)" "!store(&Change::value)) return")
+    tessivo_mac_fault(group_left MacSystemTools.cpp "    ::kill(-child, SIGKILL);\n" "")
+    tessivo_mac_fault(descriptors_inherited MacSystemTools.cpp " | POSIX_SPAWN_CLOEXEC_DEFAULT" "")
+    tessivo_mac_fault(end_unseen MacSystemTools.cpp "!watched && errno == ESRCH" "!watched")
+    tessivo_mac_fault(release_let_through MacKeyEvents.cpp "    m_kept.insert(event.code);\n    return true;" "    return true;")
     tessivo_mac_fault(locking_callback ToneSource.cpp
         "    const Tone* tone = m_published" "    static pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;\n    pthread_mutex_lock(&mutex);\n    pthread_mutex_unlock(&mutex);\n    const Tone* tone = m_published")
 endif()

@@ -20,6 +20,8 @@ constexpr std::string_view straySuffix = ".saving";
 constexpr std::size_t strayDigits = 16;
 constexpr auto strayAge = std::chrono::hours(1);
 
+int (*currentSync)(int file) = ::fsync;
+
 [[noreturn]] void fail(int error, const std::string& doing, const path& file) {
     throw std::system_error(error, std::generic_category(), doing + " “" + file.string() + "”");
 }
@@ -162,7 +164,7 @@ std::ptrdiff_t Calls::write(int file, const char* bytes, std::size_t count) {
     return ::write(file, bytes, count);
 }
 int Calls::sync(int file) {
-    return ::fsync(file);
+    return currentSync(file);
 }
 int Calls::close(int file) {
     return ::close(file);
@@ -175,6 +177,10 @@ int Calls::remove(const char* path) {
 }
 int Calls::makeFolder(const char* path, unsigned mode) {
     return ::mkdir(path, mode_t(mode));
+}
+
+void setSync(int (*sync)(int file)) {
+    currentSync = sync;
 }
 
 std::string read(const path& file, std::uintmax_t largest) {

@@ -1,9 +1,13 @@
+#include "app/readers/MachineCapture.h"
 #include "kit/report/HistoryStore.h"
 #include "kit/report/ReportAssembler.h"
 #include "kit/report/ReportText.h"
+#include "kit/support/PropertyJson.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedPlatform.h"
+#include "probe/ProbeCommands.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/macos/Cocoa.h"
 #include "tests/macos/MacFixture.h"
 
 namespace tessivo {
@@ -46,6 +50,28 @@ TEST_P(MachineFiles, readThroughTheSystemLikeTheSimulation) {
     EXPECT_EQ(mac, expected);
     EXPECT_EQ(ReportText::text(report(mac), "UTC"), ReportText::text(report(expected), "UTC"));
     EXPECT_EQ(HistoryStore::encode(report(mac)), HistoryStore::encode(report(expected)));
+}
+
+/// What the support tool writes on a Mac replays as that Mac. Microphones and cameras are listed by Qt, which
+/// the stand-in doesn't reach.
+TEST_P(MachineFiles, areWrittenByTheSupportToolAsTheyAre) {
+    load(GetParam());
+    ManualScheduler clock;
+    SimulatedPlatform simulated(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / GetParam()), clock);
+    PropertyMap expected = captureMachine(simulated);
+    for (const MediaType type : {MediaType::audio, MediaType::video})
+        StandInCocoa::shared().access[type] =
+            std::int64_t(simulated.captureDevices().authorizationStatus(type));
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(ProbeCommands::run({"machine"}), 0);
+    PropertyMap written = parsePropertyMap(testing::internal::GetCapturedStdout());
+    EXPECT_TRUE(std::get<PropertyMap>(written.at("sources").value).empty());
+    written.erase("sources");
+    for (const char* qts : {"microphones", "cameras"}) {
+        written.erase(qts);
+        expected.erase(qts);
+    }
+    EXPECT_EQ(written, expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, MachineFiles, testing::ValuesIn(namesIn(TESSIVO_MACHINES)),

@@ -1,4 +1,9 @@
+#include "platform/simulated/ManualScheduler.h"
+#include "platform/simulated/SimulatedPlatform.h"
 #include "tests/macos/MacFixture.h"
+
+#include <chrono>
+#include <limits>
 
 namespace tessivo {
 namespace {
@@ -65,6 +70,40 @@ TEST_F(MacRegistryTest, takesOddObjectsAsTheyCome) {
     EXPECT_EQ(map.size(), 4u);
 }
 
+/// What every reading asks for, with nothing in it as it should be.
+TEST_F(MacRegistryTest, aForeignClassUnderAKnownNameIsReadAsWhatItIs) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinite = std::numeric_limits<double>::infinity();
+    const Property odd[] = {nan,
+                            infinite,
+                            -1e300,
+                            std::numeric_limits<std::int64_t>::min(),
+                            -1,
+                            "text",
+                            true,
+                            PropertyList{1},
+                            PropertyMap{{"a", nan}},
+                            Property()};
+    const char* const keys[] = {"idVendor",       "idProduct",    "locationID",    "USB Product Name",
+                                "BSD Name",       "IOLinkStatus", "CycleCount",    "MaxCapacity",
+                                "DesignCapacity", "BatteryData",  "serial-number", "IOPlatformSerialNumber",
+                                "model",          "Temperature",  "Voltage"};
+    for (const Property& value : odd) {
+        system.reset();
+        PropertyMap properties;
+        for (const char* key : keys)
+            properties[key] = value;
+        for (const char* name : {usb, "IONetworkInterface", "AppleSmartBattery", "IOPlatformExpertDevice"})
+            addService(name, "AppleARMIODevice", properties);
+        EXPECT_EQ(MacRegistry().matchingServices(usb)->front().className, "AppleARMIODevice");
+        readUSBDevices(MacRegistry());
+        readWiredInterfaces(MacRegistry());
+        readBattery(MacRegistry(), MacPowerSources());
+        readMachineInfo(MacMachineFacts(), MacRegistry());
+        EXPECT_EQ(system.held(), "");
+    }
+}
+
 TEST_F(MacRegistryTest, tellsNothingFoundFromAFailedSearch) {
     EXPECT_TRUE(MacRegistry().matchingServices(usb)->empty()); // success without an iterator
     system.services[usb];
@@ -117,6 +156,53 @@ TEST_F(MacRegistryTest, readsAParentWhenItIsAskedFor) {
     EXPECT_EQ(system.calls() - calls, 3); // the parent's handle, class and properties; nothing further up
     port.gone = true;
     EXPECT_EQ(entries->front().parent(), nullptr);
+}
+
+/// A scan asks for class and properties once each and for no parent: pages scan once a second.
+TEST_F(MacRegistryTest, aScanOfManyDevicesAsksForNothingTwice) {
+    constexpr int devices = 200, interfaces = 50, scans = 10;
+    PropertyList usbList, networkList;
+    for (int i = 0; i < devices; ++i) {
+        const PropertyMap map{{"idVendor", 1452},
+                              {"idProduct", i},
+                              {"locationID", i << 20},
+                              {"Device Speed", 3},
+                              {"USB Product Name", "Device " + std::to_string(i)},
+                              {"sessionID", i},
+                              {"USB Vendor Name", "Maker"}};
+        addService(usb, usb, map);
+        usbList.push_back(PropertyMap{{"class", usb}, {"properties", map}});
+    }
+    for (int i = 0; i < interfaces; ++i) {
+        const PropertyMap map{{"BSD Name", "en" + std::to_string(i)}, {"IOBuiltin", true}};
+        const PropertyMap above{{"IOLinkStatus", 3}, {"IOLinkSpeed", 1'000'000'000}};
+        auto& service = addService("IONetworkInterface", "IOEthernetInterface", map);
+        service.parent = std::make_shared<StandIn::Service>();
+        service.parent->className = "Controller";
+        service.parent->properties = system.keep(above);
+        networkList.push_back(
+            PropertyMap{{"class", "IOEthernetInterface"},
+                        {"properties", map},
+                        {"parent", PropertyMap{{"class", "Controller"}, {"properties", above}}}});
+    }
+    const int before = system.calls();
+    EXPECT_EQ(MacRegistry().matchingServices(usb)->size(), devices);
+    EXPECT_LE(system.calls() - before, 3 * devices + 5);
+
+    ManualScheduler clock;
+    SimulatedPlatform simulated(
+        PropertyMap{{"registry", PropertyMap{{usb, usbList}, {"IONetworkInterface", networkList}}}}, clock);
+    const auto time = [&](const Registry& registry) {
+        const auto start = std::chrono::steady_clock::now();
+        for (int scan = 0; scan < scans; ++scan) {
+            EXPECT_EQ(readUSBDevices(registry).size(), std::size_t(devices));
+            EXPECT_EQ(readWiredInterfaces(registry).size(), std::size_t(interfaces));
+        }
+        const std::chrono::duration<double, std::micro> taken = std::chrono::steady_clock::now() - start;
+        return int(taken.count() / scans);
+    };
+    std::printf("one scan of %d devices and %d interfaces: stand-in %d us, simulation %d us\n", devices,
+                interfaces, time(MacRegistry()), time(simulated.registry()));
 }
 
 TEST_F(MacRegistryTest, listsPowerSourcesAsTheyAre) {

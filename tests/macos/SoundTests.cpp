@@ -156,6 +156,24 @@ TEST_F(Playing, playsEachSideToTheLastSampleThenSilence) {
     EXPECT_THAT(system.render(1).first, ElementsAre(0.0f)); // nothing of an earlier tone
 }
 
+/// The same of the unit's whole callback, from the system's side.
+TEST_F(Playing, rendersWithoutAllocatingOrLocking) {
+    const auto engine = MacToneOutput().makeEngine();
+    ASSERT_TRUE(engine->start());
+    float left[256], right[256];
+    forbidden = 0;
+    for (int tone = 0; tone < 20; ++tone) {
+        engine->schedule(std::vector(1000, 0.5f), std::vector(1000, 0.5f), engine->outputFormat().sampleRate);
+        for (int call = 0; call < 5; ++call) {
+            isRendering = true;
+            const bool rendered = system.units.front()->render(left, right, 256);
+            isRendering = false;
+            EXPECT_TRUE(rendered);
+        }
+    }
+    EXPECT_EQ(forbidden, 0);
+}
+
 TEST_F(MacToneTest, aCallbackNeverAllocatesNorLocks) {
     ToneSource source;
     std::atomic<bool> done = false;

@@ -70,24 +70,16 @@ CFTypeID CFGetTypeID(CFTypeRef object) {
     return CFTypeID(mac().alive(object, "CFGetTypeID")->kind);
 }
 
-CFTypeID CFStringGetTypeID() {
-    return CFTypeID(Kind::string);
-}
-CFTypeID CFNumberGetTypeID() {
-    return CFTypeID(Kind::number);
-}
-CFTypeID CFBooleanGetTypeID() {
-    return CFTypeID(Kind::boolean);
-}
-CFTypeID CFDataGetTypeID() {
-    return CFTypeID(Kind::data);
-}
-CFTypeID CFArrayGetTypeID() {
-    return CFTypeID(Kind::array);
-}
-CFTypeID CFDictionaryGetTypeID() {
-    return CFTypeID(Kind::dictionary);
-}
+#define TYPE_ID(type, kind)                                                                                  \
+    CFTypeID CF##type##GetTypeID() {                                                                         \
+        return CFTypeID(Kind::kind);                                                                         \
+    }
+TYPE_ID(String, string)
+TYPE_ID(Number, number)
+TYPE_ID(Boolean, boolean)
+TYPE_ID(Data, data)
+TYPE_ID(Array, array)
+TYPE_ID(Dictionary, dictionary)
 
 CFIndex CFStringGetLength(CFStringRef string) {
     return CFIndex(typed(string, Kind::string, "CFStringGetLength")->text.size());

@@ -30,8 +30,9 @@ kern_return_t IOServiceGetMatchingServices(mach_port_t, CFDictionaryRef matching
         name += char(unit);
     // Taken over, whatever comes.
     CFRelease(matching);
-    if (!mac().enters("IOServiceGetMatchingServices")) return notFound;
-    *existing = mac().services.contains(name) ? mac().iterator(name) : IO_OBJECT_NULL;
+    const bool isKnown = mac().services.contains(name);
+    if (!mac().enters("IOServiceGetMatchingServices") || (!isKnown && !mac().findsOthers)) return notFound;
+    *existing = isKnown ? mac().iterator(name) : IO_OBJECT_NULL;
     return KERN_SUCCESS;
 }
 

@@ -1,6 +1,6 @@
 #include "tests/macos/system/StandIn.h"
 
-#include <CoreFoundation/CoreFoundation.h>
+#include <ApplicationServices/ApplicationServices.h>
 #include <QString>
 #include <algorithm>
 #include <cstring>
@@ -82,4 +82,35 @@ Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean, UInt8* buffer, C
     if (!mac().enters("CFURLGetFileSystemRepresentation") || CFIndex(path.size()) >= room) return false;
     std::memcpy(buffer, path.c_str(), path.size() + 1);
     return true;
+}
+
+OSStatus PMCreateSession(PMPrintSession* session) {
+    if (!mac().enters("PMCreateSession")) return -1;
+    *session = reinterpret_cast<PMPrintSession>(mac().own(mac().make(Kind::null, "the print session")));
+    return noErr;
+}
+
+OSStatus PMCreatePageFormat(PMPageFormat* format) {
+    if (!mac().enters("PMCreatePageFormat")) return -1;
+    *format = reinterpret_cast<PMPageFormat>(mac().own(mac().make(Kind::null, "the page format")));
+    return noErr;
+}
+
+OSStatus PMSessionDefaultPageFormat(PMPrintSession session, PMPageFormat format) {
+    mac().alive(session, "PMSessionDefaultPageFormat");
+    mac().alive(format, "PMSessionDefaultPageFormat");
+    return mac().enters("PMSessionDefaultPageFormat") && mac().paper ? noErr : -1;
+}
+
+OSStatus PMGetUnadjustedPaperRect(PMPageFormat format, PMRect* sheet) {
+    mac().alive(format, "PMGetUnadjustedPaperRect");
+    if (!mac().enters("PMGetUnadjustedPaperRect") || !mac().paper) return -1;
+    // The sheet's own corner lies outside what can be printed on.
+    *sheet = {.top = -18, .left = -18, .bottom = mac().paper->second - 18, .right = mac().paper->first - 18};
+    return noErr;
+}
+
+OSStatus PMRelease(void* object) {
+    CFRelease(object);
+    return noErr;
 }

@@ -40,13 +40,16 @@ void StandIn::load(const MachineFile& machine) {
         };
     if (machine.registry)
         for (const auto& [name, entries] : *machine.registry)
-            for (const RegistryEntry& entry : entries)
-                services[name].push_back(service(entry));
+            for (std::vector<std::shared_ptr<Service>>& list = services[name];
+                 const RegistryEntry& entry : entries)
+                list.push_back(service(entry));
     if (machine.powerSources) {
         powerSources.emplace();
         for (const Property& source : *machine.powerSources)
             powerSources->push_back(keep(source));
     }
+    findsOthers = false;
+    tools = machine.tools;
     audio = machine.audio.value_or(MachineFile::Audio());
 }
 

@@ -71,14 +71,19 @@ public:
     // The machine. A change of services makes iterators under way invalid.
     std::map<std::string, std::string> sysctl;
     std::map<std::string, std::vector<std::shared_ptr<Service>>> services;
+    bool findsOthers = true; ///< a class without services is found empty; else it can't be searched
     void servicesChanged();
     Object* capacity = nullptr; ///< of "/"; null: the volume doesn't tell
     std::optional<std::vector<Object*>> powerSources;
     MachineFile::Audio audio;
     std::vector<std::unique_ptr<Unit>> units;
-    std::vector<std::string> languages = {"en"};  ///< the person's, the dearest first
-    std::optional<std::string> locale;            ///< the person's region, as an identifier
-    std::map<std::string, std::string> resources; ///< of the program's bundle: name and path
+    std::vector<std::string> languages = {"en"};    ///< the person's, the dearest first
+    std::optional<std::string> locale;              ///< the person's region, as an identifier
+    std::optional<std::pair<double, double>> paper; ///< of a new page: width and height in points
+    std::map<std::string, ToolRun> tools;           ///< by path; other paths are this computer's
+    int fullSyncs = 0;                              ///< so often the drive was told to write
+    int fullSyncFault = 0;                          ///< `errno` of a volume whose drive can't be told
+    std::map<std::string, std::string> resources;   ///< of the program's bundle: name and path
     std::map<std::pair<std::string, std::string>, Object*> preferences; ///< by application and key
     std::map<std::pair<std::string, std::string>, Object*> storedPreferences;
 

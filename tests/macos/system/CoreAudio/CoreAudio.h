@@ -21,7 +21,6 @@ enum : UInt32 {
     kAudioObjectPropertyName = 0x6c6e616d,                        // "lnam"
     kAudioDevicePropertyDataSourceNameForIDCFString = 0x6c73636e, // "lscn"
 };
-constexpr OSStatus noErr = 0;
 
 Boolean AudioObjectHasProperty(AudioObjectID object, const AudioObjectPropertyAddress* address);
 OSStatus AudioObjectGetPropertyDataSize(AudioObjectID object, const AudioObjectPropertyAddress* address,

@@ -14,6 +14,7 @@ using Boolean = unsigned char;
 using OSStatus = SInt32;
 using OSType = UInt32;
 using UniChar = UInt16;
+constexpr OSStatus noErr = 0;
 
 using CFIndex = long;
 using CFTypeID = unsigned long;

@@ -1,0 +1,92 @@
+#include "tests/contract/PlatformContract.h"
+
+#include "platform/linux/LinuxAudioObjects.h"
+#include "platform/linux/LinuxDefaults.h"
+#include "platform/linux/LinuxMachineFacts.h"
+#include "platform/linux/LinuxRegistry.h"
+#include "platform/linux/LinuxSystemTools.h"
+#include "platform/linux/LinuxToneOutput.h"
+#include "platform/simulated/SimulatedTools.h"
+#include "tests/contract/ScriptedTools.h"
+#include "tests/platform/linux/CapturedTree.h"
+
+namespace tessivo {
+namespace {
+
+/// A captured tree under Linux; sound and tools are this computer's.
+struct TreeWorld final : ScriptedTools {
+    explicit TreeWorld(const std::string& name) : tree(name) {}
+
+    MachineFacts* facts() override { return &machineFacts; }
+    Registry* registry() override { return &linuxRegistry; }
+    PowerSources* powerSources() override { return &linuxPowerSources; }
+    AudioObjects* audio() override { return &audioObjects; }
+    ToneOutput* tones() override { return &toneOutput; }
+    std::unique_ptr<Defaults> defaults() override {
+        return std::make_unique<LinuxDefaults>(folder / "defaults");
+    }
+    const SystemTools* tools() override { return &systemTools; }
+
+    CapturedTree tree;
+    LinuxMachineFacts machineFacts{tree.tree()};
+    LinuxRegistry linuxRegistry{tree.tree()};
+    LinuxPowerSources linuxPowerSources{tree.tree()};
+    std::shared_ptr<PulseServer> server = std::make_shared<PulseServer>();
+    LinuxAudioObjects audioObjects{server};
+    LinuxToneOutput toneOutput{server};
+    LinuxSystemTools systemTools;
+};
+
+struct SimulatedWorld final : ContractWorld {
+    explicit SimulatedWorld(const std::string& machine)
+        : platform(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / machine), clock) {}
+
+    MachineFacts* facts() override { return &platform.machineFacts(); }
+    Registry* registry() override { return &platform.registry(); }
+    PowerSources* powerSources() override { return &platform.powerSources(); }
+    AudioObjects* audio() override { return &platform.audioObjects(); }
+    ToneOutput* tones() override { return &platform.toneOutput(); }
+    std::unique_ptr<Defaults> defaults() override { return std::make_unique<Same>(platform.defaults()); }
+    const SystemTools* tools() override { return &platform.systemTools(); }
+    std::string toolThatAnswers(const ToolRun& run) override {
+        scripted().answer("/tool", run);
+        return "/tool";
+    }
+    std::string toolThatNeverEnds() override {
+        scripted().hang("/endless");
+        return "/endless";
+    }
+
+    SimulatedTools& scripted() { return static_cast<SimulatedTools&>(platform.systemTools()); }
+
+    /// The one store of this simulation.
+    struct Same final : Defaults {
+        explicit Same(Defaults& store) : store(store) {}
+        std::optional<std::string> data(const std::string& key) const override { return store.data(key); }
+        std::optional<std::string> text(const std::string& key) const override { return store.text(key); }
+        void setData(const std::string& key, const std::string& bytes) override { store.setData(key, bytes); }
+        void setText(const std::string& key, const std::string& text) override { store.setText(key, text); }
+        void set(const std::vector<DefaultsEntry>& entries) override { store.set(entries); }
+        Defaults& store;
+    };
+
+    ManualScheduler clock;
+    SimulatedPlatform platform;
+};
+
+std::vector<ContractParameter> worlds() {
+    std::vector<ContractParameter> all;
+    for (const std::string& name : namesIn(std::filesystem::path(TESSIVO_TEST_DATA) / "trees"))
+        if (name.ends_with(".tree"))
+            all.push_back({name, [tree = name.substr(0, name.rfind('.'))] {
+                               return std::make_unique<TreeWorld>(tree);
+                           }});
+    for (const std::string& name : namesIn(TESSIVO_MACHINES))
+        all.push_back({name, [name] { return std::make_unique<SimulatedWorld>(name); }});
+    return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PlatformContract, testing::ValuesIn(worlds()), contractName);
+
+} // namespace
+} // namespace tessivo
