@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kit/hardware/RegistryNames.h"
 #include "platform/simulated/SimulatedPlatform.h"
 
 namespace tessivo {
