@@ -15,26 +15,43 @@ namespace {
 
 /// A captured tree under Linux; sound and tools are this computer's.
 struct TreeWorld final : ScriptedTools {
-    explicit TreeWorld(const std::string& name) : tree(name) {}
+    explicit TreeWorld(const std::string& name) : tree(unpacked(name)) {}
 
     MachineFacts* facts() override { return &machineFacts; }
     Registry* registry() override { return &linuxRegistry; }
     PowerSources* powerSources() override { return &linuxPowerSources; }
-    AudioObjects* audio() override { return &audioObjects; }
-    ToneOutput* tones() override { return &toneOutput; }
+    AudioObjects* audio() override { return &sound().audioObjects; }
+    ToneOutput* tones() override { return &sound().toneOutput; }
     std::unique_ptr<Defaults> defaults() override {
         return std::make_unique<LinuxDefaults>(folder / "defaults");
     }
     const SystemTools* tools() override { return &systemTools; }
 
-    CapturedTree tree;
-    LinuxMachineFacts machineFacts{tree.tree()};
-    LinuxRegistry linuxRegistry{tree.tree()};
-    LinuxPowerSources linuxPowerSources{tree.tree()};
-    std::shared_ptr<PulseServer> server = std::make_shared<PulseServer>();
-    LinuxAudioObjects audioObjects{server};
-    LinuxToneOutput toneOutput{server};
+    SystemTree tree;
+    LinuxMachineFacts machineFacts{tree};
+    LinuxRegistry linuxRegistry{tree};
+    LinuxPowerSources linuxPowerSources{tree};
     LinuxSystemTools systemTools;
+
+private:
+    /// Once for all tests: nothing writes into it.
+    static SystemTree unpacked(const std::string& name) {
+        static std::map<std::string, CapturedTree> trees;
+        return trees.try_emplace(name, name).first->second.tree();
+    }
+
+    struct Sound {
+        std::shared_ptr<PulseServer> server = std::make_shared<PulseServer>();
+        LinuxAudioObjects audioObjects{server};
+        LinuxToneOutput toneOutput{server};
+    };
+    /// Only where it is asked for: it looks for a server.
+    Sound& sound() {
+        if (!m_sound) m_sound = std::make_unique<Sound>();
+        return *m_sound;
+    }
+
+    std::unique_ptr<Sound> m_sound;
 };
 
 struct SimulatedWorld final : ContractWorld {
