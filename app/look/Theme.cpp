@@ -225,11 +225,16 @@ void Theme::readFont(const QFont& system) {
 }
 
 void Theme::makeFonts() {
+    // No family is named that isn't installed: some systems look for it a tenth of a second and more.
+    const auto before = [](const char* preferred, QStringList families) {
+        if (QFontDatabase::hasFamily(preferred)) families.prepend(preferred);
+        return families;
+    };
     QStringList families{QFontDatabase::systemFont(QFontDatabase::GeneralFont).family()};
     // A platform hides its own interface font behind a name that starts with a dot; nothing suits it better.
-    if (!families.first().startsWith(QLatin1Char('.'))) families.prepend(QStringLiteral("Inter"));
-    const QStringList monospaced{QStringLiteral("JetBrains Mono"),
-                                 QFontDatabase::systemFont(QFontDatabase::FixedFont).family()};
+    if (!families.first().startsWith(QLatin1Char('.'))) families = before("Inter", families);
+    const QStringList monospaced =
+        before("JetBrains Mono", {QFontDatabase::systemFont(QFontDatabase::FixedFont).family()});
     for (size_t i = 0; i < m_fonts.size(); ++i) {
         const Type& look = types[i];
         QFont font(look.role == TextRole::monospaced ? monospaced : families);

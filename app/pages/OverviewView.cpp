@@ -124,8 +124,7 @@ void OverviewView::addActivationLock() {
     });
     m_lockWarning = new TextLabel({}, TextRole::callout, ColorRole::red);
 
-    auto* how = new TextLabel(QStringLiteral("Apps can't read this, so check it by hand: ") +
-                                  text(Rules::activationLockHowTo),
+    auto* how = new TextLabel("Apps can't read this, so check it by hand: " + qt(Rules::activationLockHowTo),
                               TextRole::callout);
     auto* answer = new WrapRow(nullptr, Space::l);
     answer->add(new TextLabel(shows, TextRole::body, ColorRole::text2));

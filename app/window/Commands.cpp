@@ -13,7 +13,11 @@ Commands::Commands(RootView& window, const PageContext& context, Updater& update
     : QObject(&window), m_window(window), m_context(context) {
     addApplicationMenu(updater);
     addFileMenu();
+    // A system with a bar of its own looks there for what every program has: its panels take "Paste" from it.
+    const bool underSystemBar = m_window.menuBar()->isNativeMenuBar();
+    if (underSystemBar) addEditMenu();
     addGoMenu();
+    if (underSystemBar) addWindowMenu();
     addHelpMenu();
 }
 
@@ -55,6 +59,27 @@ void Commands::addFileMenu() {
     add(menu, "&Print Report…", &Commands::printReport, QKeySequence(Qt::CTRL | Qt::Key_P));
 }
 
+void Commands::addEditMenu() {
+    QMenu& menu = addMenu("&Edit");
+    const auto addEditing = [&](const char* text, QKeySequence::StandardKey key, const char* slot) {
+        QAction* item = menu.addAction(text);
+        item->setMenuRole(QAction::NoRole);
+        item->setShortcut(key);
+        connect(item, &QAction::triggered, this, [slot] {
+            QWidget* field = QApplication::focusWidget();
+            if (field && field->metaObject()->indexOfSlot(QByteArray(slot) + "()") >= 0)
+                QMetaObject::invokeMethod(field, slot);
+        });
+    };
+    addEditing("&Undo", QKeySequence::Undo, "undo");
+    addEditing("&Redo", QKeySequence::Redo, "redo");
+    menu.addSeparator();
+    addEditing("Cu&t", QKeySequence::Cut, "cut");
+    addEditing("&Copy", QKeySequence::Copy, "copy");
+    addEditing("&Paste", QKeySequence::Paste, "paste");
+    addEditing("Select &All", QKeySequence::SelectAll, "selectAll");
+}
+
 void Commands::addGoMenu() {
     QMenu& menu = addMenu("&Go");
     int place = 1;
@@ -65,6 +90,14 @@ void Commands::addGoMenu() {
         connect(item, &QAction::triggered, this, [this, page] { m_context.model.setPage(page); });
         ++place;
     }
+}
+
+void Commands::addWindowMenu() {
+    QMenu& menu = addMenu("&Window");
+    add(menu, "&Minimize", &Commands::minimize, QKeySequence(Qt::CTRL | Qt::Key_M));
+    add(menu, "&Zoom", &Commands::zoom);
+    menu.addSeparator();
+    add(menu, "&Bring All to Front", &Commands::bringToFront);
 }
 
 void Commands::addHelpMenu() {
@@ -87,6 +120,18 @@ void Commands::startOver() {
 void Commands::closeKeyWindow() {
     QWidget* key = QApplication::activeWindow();
     (key ? key : &m_window)->close();
+}
+
+void Commands::minimize() {
+    m_window.showMinimized();
+}
+
+void Commands::zoom() {
+    m_window.isMaximized() ? m_window.showNormal() : m_window.showMaximized();
+}
+
+void Commands::bringToFront() {
+    m_window.raise();
 }
 
 void Commands::saveReport() {

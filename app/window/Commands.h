@@ -23,7 +23,9 @@ private:
 
     void addApplicationMenu(Updater& updater);
     void addFileMenu();
+    void addEditMenu();
     void addGoMenu();
+    void addWindowMenu();
     void addHelpMenu();
     QMenu& addMenu(const QString& title);
     void add(QMenu& menu, const QString& text, Action action, const QKeySequence& shortcut = {});
@@ -31,6 +33,9 @@ private:
     void about();
     void startOver();
     void closeKeyWindow();
+    void minimize();
+    void zoom();
+    void bringToFront();
     void saveReport();
     void copyReport();
     void printReport();

@@ -2,7 +2,6 @@
 #include "kit/report/HistoryStore.h"
 #include "kit/report/ReportAssembler.h"
 #include "kit/report/ReportText.h"
-#include "kit/support/PropertyJson.h"
 #include "platform/simulated/ManualScheduler.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "probe/ProbeCommands.h"
@@ -58,20 +57,18 @@ TEST_P(MachineFiles, areWrittenByTheSupportToolAsTheyAre) {
     load(GetParam());
     ManualScheduler clock;
     SimulatedPlatform simulated(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / GetParam()), clock);
-    PropertyMap expected = captureMachine(simulated);
+    MachineFile expected = captureMachine(simulated);
     for (const MediaType type : {MediaType::audio, MediaType::video})
         StandInCocoa::shared().access[type] =
             std::int64_t(simulated.captureDevices().authorizationStatus(type));
     testing::internal::CaptureStdout();
     EXPECT_EQ(ProbeCommands::run({"machine"}), 0);
-    PropertyMap written = parsePropertyMap(testing::internal::GetCapturedStdout());
-    EXPECT_TRUE(std::get<PropertyMap>(written.at("sources").value).empty());
-    written.erase("sources");
-    for (const char* qts : {"microphones", "cameras"}) {
-        written.erase(qts);
-        expected.erase(qts);
-    }
-    EXPECT_EQ(written, expected);
+    MachineFile written = MachineFile::decode(testing::internal::GetCapturedStdout());
+    EXPECT_TRUE(written.sources.value().empty());
+    written.sources.reset();
+    for (MachineFile* file : {&written, &expected})
+        file->microphones = file->cameras = std::nullopt;
+    EXPECT_EQ(written.encode(), expected.encode());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, MachineFiles, testing::ValuesIn(namesIn(TESSIVO_MACHINES)),

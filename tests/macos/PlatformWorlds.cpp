@@ -10,8 +10,7 @@ namespace {
 struct MacWorld final : ScriptedTools {
     explicit MacWorld(const std::string& machine) {
         StandIn::shared().reset();
-        StandIn::shared().load(
-            MachineFile::decode(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / machine)));
+        StandIn::shared().load(loadMachineFile(std::filesystem::path(TESSIVO_MACHINES) / machine));
     }
     ~MacWorld() override { EXPECT_EQ(StandIn::shared().held(), ""); }
 

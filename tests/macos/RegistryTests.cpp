@@ -161,7 +161,7 @@ TEST_F(MacRegistryTest, readsAParentWhenItIsAskedFor) {
 /// A scan asks for class and properties once each and for no parent: pages scan once a second.
 TEST_F(MacRegistryTest, aScanOfManyDevicesAsksForNothingTwice) {
     constexpr int devices = 200, interfaces = 50, scans = 10;
-    PropertyList usbList, networkList;
+    std::map<std::string, std::vector<RegistryEntry>> machine;
     for (int i = 0; i < devices; ++i) {
         const PropertyMap map{{"idVendor", 1452},
                               {"idProduct", i},
@@ -171,7 +171,7 @@ TEST_F(MacRegistryTest, aScanOfManyDevicesAsksForNothingTwice) {
                               {"sessionID", i},
                               {"USB Vendor Name", "Maker"}};
         addService(usb, usb, map);
-        usbList.push_back(PropertyMap{{"class", usb}, {"properties", map}});
+        machine[usb].push_back({usb, map, nullptr});
     }
     for (int i = 0; i < interfaces; ++i) {
         const PropertyMap map{{"BSD Name", "en" + std::to_string(i)}, {"IOBuiltin", true}};
@@ -180,18 +180,18 @@ TEST_F(MacRegistryTest, aScanOfManyDevicesAsksForNothingTwice) {
         service.parent = std::make_shared<StandIn::Service>();
         service.parent->className = "Controller";
         service.parent->properties = system.keep(above);
-        networkList.push_back(
-            PropertyMap{{"class", "IOEthernetInterface"},
-                        {"properties", map},
-                        {"parent", PropertyMap{{"class", "Controller"}, {"properties", above}}}});
+        RegistryEntry entry{"IOEthernetInterface", map, nullptr};
+        entry.setParent({"Controller", above, nullptr});
+        machine["IONetworkInterface"].push_back(entry);
     }
     const int before = system.calls();
     EXPECT_EQ(MacRegistry().matchingServices(usb)->size(), devices);
     EXPECT_LE(system.calls() - before, 3 * devices + 5);
 
     ManualScheduler clock;
-    SimulatedPlatform simulated(
-        PropertyMap{{"registry", PropertyMap{{usb, usbList}, {"IONetworkInterface", networkList}}}}, clock);
+    MachineFile file;
+    file.registry = machine;
+    SimulatedPlatform simulated(file, clock);
     const auto time = [&](const Registry& registry) {
         const auto start = std::chrono::steady_clock::now();
         for (int scan = 0; scan < scans; ++scan) {

@@ -81,9 +81,13 @@ struct SimulatedWorld final : ContractWorld {
         explicit Same(Defaults& store) : store(store) {}
         std::optional<std::string> data(const std::string& key) const override { return store.data(key); }
         std::optional<std::string> text(const std::string& key) const override { return store.text(key); }
-        void setData(const std::string& key, const std::string& bytes) override { store.setData(key, bytes); }
-        void setText(const std::string& key, const std::string& text) override { store.setText(key, text); }
-        void set(const std::vector<DefaultsEntry>& entries) override { store.set(entries); }
+        std::error_code setData(const std::string& key, const std::string& bytes) override {
+            return store.setData(key, bytes);
+        }
+        std::error_code setText(const std::string& key, const std::string& text) override {
+            return store.setText(key, text);
+        }
+        std::error_code set(const std::vector<DefaultsEntry>& entries) override { return store.set(entries); }
         Defaults& store;
     };
 

@@ -3,6 +3,7 @@
 #include "app/readers/MicMonitor.h"
 #include "app/readers/Readers.h"
 #include "app/readers/TonePlayer.h"
+#include "kit/session/MicReading.h"
 #include "platform/linux/LinuxAudioObjects.h"
 #include "platform/linux/LinuxCaptureDevices.h"
 #include "platform/linux/LinuxToneOutput.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/layout/WrapRow.h"
+#include "app/layout/Column.h"
 
 #include <QHideEvent>
 #include <QShowEvent>

@@ -1,8 +1,9 @@
 #include "app/pages/frame/PageHeader.h"
 
-#include "app/controls/StatusBadge.h"
+#include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
-#include "app/layout/Layouts.h"
+#include "app/layout/ColumnLayout.h"
+#include "app/layout/SplitLayout.h"
 #include "app/look/Metrics.h"
 
 #include <QHBoxLayout>

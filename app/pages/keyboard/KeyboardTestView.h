@@ -1,10 +1,8 @@
 #pragma once
 
-#include "app/layout/Column.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/frame/LiveContent.h"
 #include "app/pages/keyboard/KeyCapture.h"
-#include "app/pages/keyboard/KeyMonitor.h"
 
 #include <map>
 

@@ -102,7 +102,7 @@ int standInSpawn(pid_t* child, const char* path, const posix_spawn_file_actions_
     const auto tool = mac().tools.find(path);
     if (tool == mac().tools.end())
         return ::posix_spawn(child, path, files, attributes, arguments, environment);
-    std::string output = tool->second.standardOutput;
+    std::string output = tool->second.output.value_or("");
     std::string status = std::to_string(tool->second.exitStatus);
     char sh[] = "sh", c[] = "-c", script[] = "printf %s \"$0\"; exit $1";
     char* const scripted[] = {sh, c, script, output.data(), status.data(), nullptr};

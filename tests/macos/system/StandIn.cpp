@@ -49,7 +49,7 @@ void StandIn::load(const MachineFile& machine) {
             powerSources->push_back(keep(source));
     }
     findsOthers = false;
-    tools = machine.tools;
+    tools = machine.tools.value_or(std::map<std::string, MachineFile::Tool>());
     audio = machine.audio.value_or(MachineFile::Audio());
 }
 

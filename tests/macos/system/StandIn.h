@@ -80,7 +80,7 @@ public:
     std::vector<std::string> languages = {"en"};    ///< the person's, the dearest first
     std::optional<std::string> locale;              ///< the person's region, as an identifier
     std::optional<std::pair<double, double>> paper; ///< of a new page: width and height in points
-    std::map<std::string, ToolRun> tools;           ///< by path; other paths are this computer's
+    std::map<std::string, MachineFile::Tool> tools; ///< by path; other paths are this computer's
     int fullSyncs = 0;                              ///< so often the drive was told to write
     int fullSyncFault = 0;                          ///< `errno` of a volume whose drive can't be told
     std::map<std::string, std::string> resources;   ///< of the program's bundle: name and path
