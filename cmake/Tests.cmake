@@ -1,6 +1,9 @@
 # One test program for each folder of tests/; its files are found, never listed.
 find_package(GTest REQUIRED)
-find_package(Qt6 REQUIRED COMPONENTS Test DBus)
+find_package(Qt6 REQUIRED COMPONENTS Test)
+if(TESSIVO_PLATFORM STREQUAL "linux")
+    find_package(Qt6 REQUIRED COMPONENTS DBus)
+endif()
 include(GoogleTest)
 
 set(test_environment
@@ -11,6 +14,15 @@ function(tessivo_test folder)
     tessivo_sources(sources tests/${folder})
     list(FILTER sources INCLUDE REGEX "\\.cpp$")
     list(FILTER sources EXCLUDE REGEX "/tests/sound/StandInCard") # loaded by other programs
+    if(NOT TESSIVO_PLATFORM STREQUAL "linux")
+        # What is of Linux alone, wherever it stands.
+        foreach(source ${sources})
+            file(STRINGS ${source} linux REGEX "^#include \"(platform/linux/|tests/platform/linux/|tests/SmallDisk)" LIMIT_COUNT 1)
+            if(linux)
+                list(REMOVE_ITEM sources ${source})
+            endif()
+        endforeach()
+    endif()
     add_executable(${folder}_tests ${sources})
     target_compile_definitions(${folder}_tests PRIVATE
         TESSIVO_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
@@ -54,6 +66,11 @@ if(NOT TESSIVO_WINDOWLESS)
     tessivo_test(kit KIT_ONLY SHARDS 4)
     tessivo_test(faults KIT_ONLY TIMEOUT 600)
     tessivo_test(app LABEL pages SHARDS 4)
+endif()
+if(TESSIVO_PLATFORM STREQUAL "macos")
+    tessivo_test(mac)
+    add_dependencies(mac_tests tessivo-demo)
+elseif(NOT TESSIVO_WINDOWLESS)
     tessivo_test(window TIMEOUT 600)
     target_link_libraries(window_tests PRIVATE Qt6::DBus)
     tessivo_test(whole TIMEOUT 600)
