@@ -100,15 +100,17 @@ void AppModel::restoreOrBegin() {
 }
 
 void AppModel::readOldShelf() {
-    if (m_unreadShelf) return;
-    m_unreadShelf = m_platform.defaults().data(unreadShelfKey);
-    auto shelf = m_unreadShelf ? SessionShelf::decode(*m_unreadShelf) : std::nullopt;
-    if (!shelf) return;
+    auto old = m_platform.defaults().data(unreadShelfKey);
+    auto shelf = old ? SessionShelf::decode(*old) : std::nullopt;
+    if (!shelf) {
+        if (!m_unreadShelf) m_unreadShelf = std::move(old);
+        return;
+    }
     // What another version couldn't read is older than what it set aside since.
     std::swap(*shelf, m_shelf);
     for (ShelvedSession& session : shelf->sessions)
         m_shelf.put(std::move(session));
-    m_unreadShelf = "";
+    if (!m_unreadShelf) m_unreadShelf = "";
 }
 
 void AppModel::setState(SessionState state) {
@@ -338,6 +340,8 @@ void AppModel::tellWhetherStored(std::optional<SaveFault> fault) {
         return std::string("Couldn't save your answers: ") + cause(why) +
                ". Tessivo tries again at the next change.";
     };
+    // What a person just asked for and didn't get comes first; this is told at the next save.
+    if (fault && message() && message()->starts_with("Couldn't save to History")) return;
     if (fault)
         setMessage(words(*fault));
     else if (message() == words(*m_saveFault))

@@ -4,6 +4,7 @@
 
 #include <QJsonDocument>
 #include <QSettings>
+#include <algorithm>
 #include <system_error>
 
 namespace tessivo {
@@ -45,6 +46,33 @@ QJsonObject earlierValues(std::filesystem::path file) {
     return values;
 }
 
+/// Nothing for what isn't whole data.
+std::optional<std::string> decoded(const QJsonValue& stored) {
+    const QJsonValue text = stored.toObject().value(dataKey);
+    if (!text.isString()) return std::nullopt;
+    const auto bytes =
+        QByteArray::fromBase64Encoding(text.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    return bytes ? std::optional((*bytes).toStdString()) : std::nullopt;
+}
+
+/// Whether the entry would take the place of a value that nobody could read.
+bool replacesUnreadable(const QJsonObject& values, const DefaultsEntry& entry) {
+    const QJsonValue old = values.value(QString::fromStdString(entry.key));
+    if (old.isUndefined()) return false;
+    return entry.kind == DefaultsEntry::Kind::data ? !decoded(old) : !old.isString();
+}
+
+/// Keeps a copy beside the file, and every earlier one that differs.
+void keepAside(const std::filesystem::path& file, const std::string& bytes) {
+    for (int number = 1;; ++number) {
+        const std::filesystem::path aside =
+            file.string() + ".damaged" + (number > 1 ? std::to_string(number) : "");
+        const auto kept = bytesOf(aside);
+        if (!kept) return Files::writeAtomically(aside, bytes);
+        if (*kept == bytes) return;
+    }
+}
+
 } // namespace
 
 QJsonValue LinuxDefaults::value(const std::string& key) const {
@@ -53,6 +81,7 @@ QJsonValue LinuxDefaults::value(const std::string& key) const {
         const auto values = bytes ? parsed(*bytes).value_or(QJsonObject()) : earlierValues(m_file);
         return values.value(QString::fromStdString(key));
     } catch (const std::exception&) {
+        m_unread = true;
         return QJsonValue::Undefined;
     }
 }
@@ -62,7 +91,12 @@ std::error_code LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
         const auto bytes = bytesOf(m_file);
         const auto file = bytes ? std::filesystem::canonical(m_file) : m_file; // a link stays one
         auto values = bytes ? parsed(*bytes) : earlierValues(m_file);
-        if (!values) Files::writeAtomically(file.string() + ".damaged", *bytes);
+        // Nothing that a person made goes away unread.
+        const auto unreadable = [&](const DefaultsEntry& entry) {
+            return replacesUnreadable(*values, entry);
+        };
+        if (bytes && (!values || m_unread || std::ranges::any_of(entries, unreadable)))
+            keepAside(file, *bytes);
         if (!values) values.emplace();
         for (const DefaultsEntry& entry : entries)
             (*values)[QString::fromStdString(entry.key)] =
@@ -74,6 +108,8 @@ std::error_code LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
         Files::Calls calls;
         Files::createFolders(file.parent_path(), calls);
         Files::writeAtomically(file, whole.toStdString());
+        Files::removeStrays(file.parent_path());
+        m_unread = false;
         return {};
     } catch (const std::system_error& fault) { // the file stands as it was
         return fault.code();
@@ -83,11 +119,7 @@ std::error_code LinuxDefaults::set(const std::vector<DefaultsEntry>& entries) {
 }
 
 std::optional<std::string> LinuxDefaults::data(const std::string& key) const {
-    const QJsonValue stored = value(key).toObject().value(dataKey);
-    if (!stored.isString()) return std::nullopt;
-    const auto bytes =
-        QByteArray::fromBase64Encoding(stored.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
-    return bytes ? std::optional((*bytes).toStdString()) : std::nullopt;
+    return decoded(value(key));
 }
 
 std::optional<std::string> LinuxDefaults::text(const std::string& key) const {

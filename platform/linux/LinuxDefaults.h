@@ -17,14 +17,16 @@ public:
     std::optional<std::string> text(const std::string& key) const override;
     std::error_code setData(const std::string& key, const std::string& bytes) override;
     std::error_code setText(const std::string& key, const std::string& text) override;
-    /// A file that makes no sense is kept beside the new one as ".damaged"; one that can't be read is left
-    /// alone.
+    /// A file that makes no sense, that couldn't be read at first, or that holds a damaged value under one of
+    /// these keys is kept beside the new one as ".damaged" (".damaged2" and so on); one that can't be read
+    /// now is left alone.
     std::error_code set(const std::vector<DefaultsEntry>& entries) override;
 
 private:
     QJsonValue value(const std::string& key) const;
 
     std::filesystem::path m_file;
+    mutable bool m_unread = false; ///< a value was asked for while the file couldn't be read
 };
 
 } // namespace tessivo

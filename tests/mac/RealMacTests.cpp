@@ -34,9 +34,10 @@ struct ThisMac final : ScriptedTools {
     MacSystemTools systemTools;
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    ThisMac, PlatformContract,
-    testing::Values(ContractParameter{"this", [] { return std::make_unique<ThisMac>(); }}), contractName);
+INSTANTIATE_TEST_SUITE_P(ThisMac, PlatformContract,
+                         testing::Values(ContractParameter{"this",
+                                                           [] { return std::make_unique<ThisMac>(); }}),
+                         contractName);
 
 TEST(ThisMac, tellsWhatEveryMacTells) {
     ThisMac mac;

@@ -47,6 +47,9 @@ std::optional<QString> printed(const ConditionReport& report, QPrinter& printer)
     if (!file.isEmpty()) {
         const auto fault = ReportPrinting::savePDF(report, printer.pageLayout(), printer.pageRanges(),
                                                    QFile::encodeName(file).toStdString());
+        if (fault == SaveFault::other)
+            return "Check the paper, that there is room on the disk and that the folder can be written, then "
+                   "print it again.";
         return fault ? std::optional(advice(*fault, "print it again")) : std::nullopt;
     }
     if (ReportPrinting::print(report, printer) && printer.printerState() != QPrinter::Error)

@@ -84,6 +84,30 @@ TEST(LinuxDefaults, aValueOfAnotherTypeIsAbsentAndStays) {
     EXPECT_NE(stored.find("e3!"), std::string::npos);
 }
 
+TEST(LinuxDefaults, nothingIsReplacedUnread) {
+    using Kind = DefaultsEntry::Kind;
+    const TemporaryFolder folder;
+    const auto file = folder.write("Tessivo.json", R"({"notes": "mine", "session": {"data": "e30="}})");
+    LinuxDefaults defaults(file);
+    // In the way when it was asked for, there again when something is stored.
+    std::filesystem::rename(file, folder / "aside");
+    std::filesystem::create_directory(file);
+    EXPECT_EQ(defaults.text("notes"), std::nullopt);
+    std::filesystem::remove(file);
+    std::filesystem::rename(folder / "aside", file);
+    const std::string before = bytesOf(file);
+    EXPECT_FALSE(defaults.set({{"session", Kind::data, "new"}, {"notes", Kind::text, ""}}));
+    EXPECT_EQ(bytesOf(folder / "Tessivo.json.damaged"), before);
+    // One torn value, and a second copy beside the first.
+    const std::string torn = R"({"session": {"data": "e3!"}})";
+    folder.write("Tessivo.json", torn);
+    EXPECT_FALSE(defaults.setData("session", "newer"));
+    EXPECT_EQ(bytesOf(folder / "Tessivo.json.damaged2"), torn);
+    EXPECT_EQ(bytesOf(folder / "Tessivo.json.damaged"), before);
+    EXPECT_FALSE(defaults.setData("session", "newest"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "Tessivo.json.damaged3"));
+}
+
 TEST(LinuxDefaults, theSettingsOfEarlierVersionsAreTakenOverOnceAndKept) {
     const TemporaryFolder folder;
     const QString earlier = QString::fromStdString((folder / "Tessivo.ini").string());
