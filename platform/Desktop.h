@@ -32,6 +32,8 @@ public:
     virtual void openURL(const std::string& url) = 0;
     /// False where a link is known to lead nowhere: to a pane of settings that this desktop hasn't got.
     virtual bool canOpenURL(const std::string& url) const = 0;
+    /// Whether windows bring the program's icon; elsewhere it stands in the program's bundle.
+    virtual bool windowsHaveIcons() const { return true; }
     /// Clears the general pasteboard and puts plain text on it.
     virtual void setPasteboardText(const std::string& text) = 0;
     /// The system's paper setting; nothing where it has none.

@@ -19,7 +19,8 @@ void RowList::addRow(SidebarRow* row, int gapAbove) {
 }
 
 void RowList::setCurrent(SidebarRow* row) {
-    const bool hadFocus = m_current && m_current->hasFocus();
+    // Also while a question has the keyboard.
+    const bool hadFocus = m_rows.contains(window()->focusWidget());
     m_current = row;
     for (SidebarRow* each : std::as_const(m_rows)) {
         // An exclusive button can't be unchecked.
@@ -46,7 +47,7 @@ SidebarRow* RowList::reached(SidebarRow* from, int key) const {
     if (key == Qt::Key_End) return *std::ranges::find_if(m_rows.rbegin(), m_rows.rend(), isShown);
     // They lead on from a chosen row alone.
     const bool arrow = key == Qt::Key_Up || key == Qt::Key_Down;
-    return arrow && !m_current ? from : nullptr;
+    return arrow && !from->isChecked() ? from : nullptr;
 }
 
 bool RowList::eventFilter(QObject* watched, QEvent* event) {

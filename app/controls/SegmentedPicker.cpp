@@ -22,9 +22,13 @@ public:
         setCheckable(true);
         setAutoExclusive(true);
         setFocusPolicy(Qt::NoFocus);
-        // The chosen one is the picker's one stop also before the focus has been there.
-        connect(this, &QAbstractButton::toggled, this,
-                [this](bool chosen) { setFocusPolicy(chosen ? Qt::TabFocus : Qt::NoFocus); });
+        // The chosen one is the picker's one stop also before the focus has been there, and takes it along.
+        connect(this, &QAbstractButton::toggled, this, [this](bool chosen) {
+            setFocusPolicy(chosen ? Qt::TabFocus : Qt::NoFocus);
+            const QWidget* focused = window()->focusWidget();
+            if (chosen && focused && focused != this && focused->parentWidget() == parentWidget())
+                setFocus(Qt::OtherFocusReason);
+        });
     }
 
     QSize sizeHint() const override {

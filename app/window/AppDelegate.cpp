@@ -4,6 +4,7 @@
 #include "app/window/RootView.h"
 
 #include <QApplication>
+#include <QIcon>
 
 namespace tessivo {
 
@@ -13,6 +14,7 @@ AppDelegate::AppDelegate(Platform& platform, Dialogs& dialogs, QObject* parent)
       m_model(platform),
       m_updater(platform.updateFramework(), platform.scheduler(), "Tessivo", qt(AppModel::appVersion())),
       m_window(std::make_unique<RootView>(PageContext{m_model, dialogs}, m_updater)) {
+    if (platform.desktop().windowsHaveIcons()) QApplication::setWindowIcon(QIcon(":/tessivo.svg"));
     connect(&m_updater, &Updater::alert, this, &AppDelegate::tell);
     connect(qApp, &QCoreApplication::aboutToQuit, &m_model, &AppModel::persist);
     // `exit`, not `quit`: an open dialog can't keep the program from ending.

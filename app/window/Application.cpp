@@ -1,7 +1,5 @@
 #include "app/window/Application.h"
 
-#include <QIcon>
-
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -38,7 +36,6 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv, const QStr
     QApplication::setApplicationName(name);
     QApplication::setApplicationVersion(QStringLiteral(TESSIVO_VERSION));
     QApplication::setDesktopFileName(name.toLower().replace(u' ', u'-'));
-    QApplication::setWindowIcon(QIcon(":/tessivo.svg"));
     return application;
 }
 

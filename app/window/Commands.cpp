@@ -63,7 +63,7 @@ void Commands::addEditMenu() {
     QMenu& menu = addMenu("&Edit");
     const auto addEditing = [&](const char* text, QKeySequence::StandardKey key, const char* slot) {
         QAction* item = menu.addAction(text);
-        item->setMenuRole(QAction::NoRole);
+        // Left to Qt, which hands them to the system's own panels by their texts.
         item->setShortcut(key);
         connect(item, &QAction::triggered, this, [slot] {
             QWidget* field = QApplication::focusWidget();
@@ -74,10 +74,10 @@ void Commands::addEditMenu() {
     addEditing("&Undo", QKeySequence::Undo, "undo");
     addEditing("&Redo", QKeySequence::Redo, "redo");
     menu.addSeparator();
-    addEditing("Cu&t", QKeySequence::Cut, "cut");
-    addEditing("&Copy", QKeySequence::Copy, "copy");
-    addEditing("&Paste", QKeySequence::Paste, "paste");
-    addEditing("Select &All", QKeySequence::SelectAll, "selectAll");
+    addEditing("Cut", QKeySequence::Cut, "cut");
+    addEditing("Copy", QKeySequence::Copy, "copy");
+    addEditing("Paste", QKeySequence::Paste, "paste");
+    addEditing("Select All", QKeySequence::SelectAll, "selectAll");
 }
 
 void Commands::addGoMenu() {

@@ -9,6 +9,7 @@ namespace tessivo {
 /// The desktop of this Mac.
 class MacDesktop final : public QtDesktop {
 public:
+    bool windowsHaveIcons() const override { return false; }
     /// The paper of a new page; where nobody chose one, the system takes that of the person's region.
     std::optional<Paper> paper() const override;
     void coverScreen(QWindow& window, QScreen& screen) override;

@@ -3,7 +3,7 @@
 #include "platform/Capture.h"
 #include "platform/qt/QtThread.h"
 
-#include <utility>
+#include <QPointer>
 
 namespace tessivo {
 
@@ -24,15 +24,15 @@ protected:
     virtual QObject* open(QObject& owner) = 0;
     /// Lets go of the device and tells the delegate, unless the device has delivered something already.
     void fail(OpenFault fault);
-    bool isOpen() const { return m_open; }
-    void close() { delete std::exchange(m_open, nullptr); }
+    bool isOpen() const { return !m_open.isNull(); }
+    void close() { delete m_open.data(); }
     /// Calls with the delegate, as long as there is one. Any thread.
     void deliver(const std::function<void(CaptureDelegate&)>& give);
 
 private:
     class Session;
 
-    QObject* m_open = nullptr; ///< the devices' thread alone
+    QPointer<QObject> m_open; ///< the devices' thread alone; its owner may go first
 
     std::mutex m_mutex; ///< over the fields below
     std::shared_ptr<CaptureDelegate> m_delegate;

@@ -20,6 +20,8 @@ QVideoFrame packed(QVideoFrame planar) {
     }
     planar.unmap();
     out.unmap();
+    out.setMirrored(planar.mirrored());
+    out.setRotationAngle(planar.rotationAngle());
     return out;
 }
 

@@ -16,6 +16,8 @@ namespace tessivo {
 struct ContractWorld {
     virtual ~ContractWorld() = default;
 
+    /// Whether figures change by themselves between two readings, as those of a real battery do.
+    virtual bool isLive() const { return false; }
     virtual MachineFacts* facts() { return nullptr; }
     virtual Registry* registry() { return nullptr; }
     virtual PowerSources* powerSources() { return nullptr; }
@@ -95,7 +97,9 @@ TEST_P(PlatformContract, aSearchNeverFailsLoudlyAndTellsTheSameTwice) {
         for (std::size_t i = 0; i < first->size(); ++i) {
             EXPECT_NE(first->at(i).className, "");
             EXPECT_EQ(first->at(i).className, second->at(i).className);
-            EXPECT_EQ(first->at(i).properties, second->at(i).properties);
+            if (!world->isLive()) {
+                EXPECT_EQ(first->at(i).properties, second->at(i).properties);
+            }
         }
     }
 }

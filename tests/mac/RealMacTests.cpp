@@ -9,6 +9,7 @@
 #include "tests/contract/PlatformContract.h"
 #include "tests/contract/ScriptedTools.h"
 
+#include <CoreFoundation/CoreFoundation.h>
 #include <QProcess>
 #include <csignal>
 
@@ -16,6 +17,10 @@ namespace tessivo {
 namespace {
 
 struct ThisMac final : ScriptedTools {
+    ThisMac() { forget(); }
+    ~ThisMac() override { forget(); }
+
+    bool isLive() const override { return true; }
     MachineFacts* facts() override { return &machineFacts; }
     Registry* registry() override { return &macRegistry; }
     PowerSources* powerSources() override { return &macPowerSources; }
@@ -25,6 +30,15 @@ struct ThisMac final : ScriptedTools {
         return std::make_unique<MacDefaults>("example.tessivo.tests");
     }
     const SystemTools* tools() override { return &systemTools; }
+
+    /// What an earlier run stored.
+    static void forget() {
+        for (const CFStringRef key : {CFSTR("session"), CFSTR("notes")})
+            CFPreferencesSetValue(key, nullptr, CFSTR("example.tessivo.tests"), kCFPreferencesCurrentUser,
+                                  kCFPreferencesAnyHost);
+        CFPreferencesSynchronize(CFSTR("example.tessivo.tests"), kCFPreferencesCurrentUser,
+                                 kCFPreferencesAnyHost);
+    }
 
     MacMachineFacts machineFacts;
     MacRegistry macRegistry;

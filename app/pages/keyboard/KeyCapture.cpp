@@ -1,7 +1,7 @@
 #include "app/pages/keyboard/KeyCapture.h"
 
-#include <algorithm>
 #include <utility>
+
 namespace tessivo {
 
 void KeyCapture::start(std::function<void(KeyCode)> onKey) {

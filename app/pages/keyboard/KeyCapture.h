@@ -7,8 +7,7 @@
 namespace tessivo {
 
 /// The keyboard test while it runs: which key events count as a key seen, which key was the last, and when
-/// two Esc end it. Knows no window; the
-/// platform's key events feed it. Main thread.
+/// two Esc end it. Knows no window; the platform's key events feed it. Main thread.
 class KeyCapture final {
 public:
     static constexpr KeyCode esc = 53;

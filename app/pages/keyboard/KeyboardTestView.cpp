@@ -5,7 +5,6 @@
 #include "app/controls/Panel.h"
 #include "app/controls/Picker.h"
 #include "app/controls/SectionHeading.h"
-#include "app/controls/StatusBadge.h"
 #include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
 #include "app/layout/SplitRow.h"
@@ -17,7 +16,6 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QHideEvent>
 
 namespace tessivo {
 namespace {

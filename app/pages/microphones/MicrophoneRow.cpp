@@ -2,7 +2,6 @@
 
 #include "app/controls/Button.h"
 #include "app/controls/LevelBar.h"
-#include "app/controls/StatusBadge.h"
 #include "app/controls/SymbolView.h"
 #include "app/controls/TextLabel.h"
 #include "app/layout/Column.h"

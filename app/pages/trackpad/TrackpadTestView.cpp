@@ -10,6 +10,7 @@
 #include "app/pages/trackpad/TrackpadSurface.h"
 
 #include <cmath>
+#include <utility>
 
 namespace tessivo {
 
@@ -47,7 +48,7 @@ TrackpadTestView::TrackpadTestView(const PageContext& context, QWidget* parent)
 }
 
 TrackpadTestView::~TrackpadTestView() {
-    m_model.platform().fingerTouches().stop();
+    stopListening();
 }
 
 QWidget* TrackpadTestView::makeChips() {
@@ -86,12 +87,17 @@ void TrackpadTestView::showEvent(QShowEvent* event) {
                                                  if (isMeant()) noteGesture(gesture);
                                              }});
     touches.place(m_surface->visiblePart());
+    m_listens = true;
     Column::showEvent(event);
 }
 
 void TrackpadTestView::hideEvent(QHideEvent* event) {
-    m_model.platform().fingerTouches().stop();
+    stopListening();
     Column::hideEvent(event);
+}
+
+void TrackpadTestView::stopListening() {
+    if (std::exchange(m_listens, false)) m_model.platform().fingerTouches().stop();
 }
 
 void TrackpadTestView::noteTouches(const std::vector<FingerPosition>& fingers) {

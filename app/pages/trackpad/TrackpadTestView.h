@@ -30,6 +30,7 @@ protected:
 private:
     QWidget* makeChips();
     QWidget* makeFoot();
+    void stopListening();
     void noteTouches(const std::vector<FingerPosition>& fingers);
     void noteGesture(Gesture gesture);
     void write(const TrackpadTest& test);
@@ -37,7 +38,8 @@ private:
 
     AppModel& m_model;
     TrackpadSurface* m_surface = nullptr;
-    TouchGate m_gate; ///< for what the platform tells
+    TouchGate m_gate;       ///< for what the platform tells
+    bool m_listens = false; ///< a page that comes after this one may listen before this one has gone
     TrackpadArea* m_area = nullptr;
     std::vector<Chip*> m_steps; // in the order of TrackpadTest::steps
     Chip* m_force = nullptr;
