@@ -83,7 +83,7 @@ bool isStrayName(std::string_view name) {
 Descriptor openFolder(const path& folder, Calls& calls) {
     const int file =
         retried([&] { return calls.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
-    if (file < 0 && errno != EACCES && errno != EPERM) fail(errno, "can't open the folder", folder);
+    if (file < 0 && errno != EACCES) fail(errno, "can't open the folder", folder);
     return {file, calls};
 }
 
