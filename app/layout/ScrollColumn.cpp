@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QScrollBar>
 
 namespace tessivo {
 namespace {

@@ -2,6 +2,8 @@
 
 #include "app/look/MenuStyle.h"
 
+class QStyleOptionSlider;
+
 namespace tessivo {
 
 /// The theme on the controls that Qt draws: menus, scroll bars, tool tips, combo boxes, progress, line edits,
