@@ -117,11 +117,15 @@ struct Form<RegistryEntry> {
     static RegistryEntry read(const Value& value, const Path& path) {
         RegistryEntry entry;
         for (const Value& field : readObject(value, path)) {
-            if (field.type == Value::Type::null) continue;
             const Path here(path, field.key);
-            if (field.key == "class") entry.className = readText(field, here);
-            if (field.key == "parent") entry.setParent(read(field, here));
-            if (field.key == "properties") entry.properties = Reader<PropertyMap>::read(field, here, {});
+            const bool isNull = field.type == Value::Type::null;
+            if (field.key == "class")
+                entry.className = isNull ? std::string() : std::string(readText(field, here));
+            if (field.key == "parent")
+                isNull ? void(entry.readParent = nullptr) : entry.setParent(read(field, here));
+            if (field.key != "properties") continue;
+            entry.properties.reset();
+            if (!isNull) entry.properties = Reader<PropertyMap>::read(field, here, {});
         }
         return entry;
     }

@@ -2,6 +2,7 @@
 
 #include "app/pages/shared/ReportFlow.h"
 
+#include <QLayout>
 #include <QWidget>
 
 namespace tessivo {
