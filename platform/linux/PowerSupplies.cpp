@@ -40,8 +40,8 @@ std::optional<std::vector<std::string>> supplies(const SystemTree& tree, std::st
     });
     for (std::string& name : *names)
         name = folder + name;
-    std::ranges::stable_partition(*names,
-                                  [&](const std::string& supply) { return installed(tree, supply) == true; });
+    std::stable_partition(names->begin(), names->end(),
+                          [&](const std::string& supply) { return installed(tree, supply) == true; });
     return names;
 }
 
