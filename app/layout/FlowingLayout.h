@@ -3,9 +3,10 @@
 #include <QLayout>
 #include <QWidget>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <optional>
-#include <ranges>
 #include <vector>
 
 namespace tessivo {
@@ -55,8 +56,11 @@ protected:
 
     const std::vector<Item>& items() const { return m_items; }
     /// The items that take room.
-    auto shown() const {
-        return m_items | std::views::filter([](const Item& each) { return !each.item->isEmpty(); });
+    std::vector<Item> shown() const {
+        std::vector<Item> found;
+        std::ranges::copy_if(m_items, std::back_inserter(found),
+                             [](const Item& each) { return !each.item->isEmpty(); });
+        return found;
     }
     static int itemHeight(const Item& each, int width);
 
