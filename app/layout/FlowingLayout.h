@@ -3,8 +3,7 @@
 #include <QLayout>
 #include <QWidget>
 
-#include <algorithm>
-#include <iterator>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -56,10 +55,10 @@ protected:
 
     const std::vector<Item>& items() const { return m_items; }
     /// The items that take room.
-    std::vector<Item> shown() const {
-        std::vector<Item> found;
-        std::ranges::copy_if(m_items, std::back_inserter(found),
-                             [](const Item& each) { return !each.item->isEmpty(); });
+    std::vector<std::reference_wrapper<const Item>> shown() const {
+        std::vector<std::reference_wrapper<const Item>> found;
+        for (const Item& each : m_items)
+            if (!each.item->isEmpty()) found.emplace_back(each);
         return found;
     }
     static int itemHeight(const Item& each, int width);
